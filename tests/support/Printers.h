@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <ostream>
+
+// How failures show the types of the system. Found by the test library through the namespaces of the types.
+QT_BEGIN_NAMESPACE
+void PrintTo(const QString &text, std::ostream *out);
+void PrintTo(const QByteArray &bytes, std::ostream *out);
+QT_END_NAMESPACE
