@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QStringList>
+
+#include <functional>
+
+namespace Foundation
+{
+
+// A question or message to the user: what it says, never how it looks. The buttons stand in the order given,
+// and the answer is the code of the button's place.
+struct Alert
+{
+    enum class Style { Warning = 0, Informational = 1 };
+
+    static constexpr int FirstButtonReturn = 1000;
+    static constexpr int SecondButtonReturn = 1001;
+    static constexpr int ThirdButtonReturn = 1002;
+
+    QString message;
+    QString informativeText;
+    QStringList buttons;
+    Style style = Style::Warning;
+};
+
+using AlertAnswer = std::function<void(int returnCode)>;
+
+} // namespace Foundation

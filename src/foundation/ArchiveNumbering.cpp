@@ -1,0 +1,134 @@
+#include "foundation/ArchiveNumbering.h"
+
+#include <algorithm>
+
+namespace Foundation
+{
+
+namespace
+{
+
+qsizetype contentSizeOf(const Value &value)
+{
+    constexpr qsizetype Head = 10;
+    if (value.type() == Value::Type::Data)
+        return Head + value.dataValue().size();
+    const TextView text = value.text();
+    return Head + (text.units ? 2 * text.size : text.size);
+}
+
+} // namespace
+
+ArchiveNumbering::ArchiveNumbering(const Value &root) : m_objects(1, nullptr)
+{
+    m_rootUid = uidOf(root);
+    // The list of objects is the queue of those whose children are still to be numbered.
+    for (std::size_t i = 1; i < m_objects.size(); ++i) {
+        const Value &value = *m_objects[i];
+        switch (value.type()) {
+        case Value::Type::Dictionary:
+            numberChildren(*value.dictionary());
+            break;
+        case Value::Type::Array:
+            numberChildren(*value.array());
+            break;
+        case Value::Type::Date:
+            useClass(ArchivedClass::Date);
+            break;
+        case Value::Type::ArchivedNull:
+            useClass(ArchivedClass::Null);
+            break;
+        default:
+            break;
+        }
+    }
+    numberClasses();
+}
+
+ArchiveNumbering::Uid ArchiveNumbering::uidOf(const Value &value)
+{
+    if (const RefCounted *object = value.sharedObject()) {
+        // The mark may be left from another walk: it holds only if the object stands where it says.
+        const quint32 mark = object->visitMark;
+        if (mark > 0 && mark < m_objects.size() && m_objects[mark]->sharedObject() == object)
+            return mark;
+        object->visitMark = quint32(m_objects.size());
+        return append(value);
+    }
+    switch (value.type()) {
+    case Value::Type::Null:
+        return 0;
+    case Value::Type::ArchivedNull:
+        return once(m_nullObject, value);
+    case Value::Type::Bool:
+        return once(m_booleans[value.boolValue() ? 1 : 0], value);
+    case Value::Type::Int32:
+    case Value::Type::Int64:
+        if (const qint64 number = value.longValue(); number >= 0 && number < SmallNumbers)
+            return once(m_smallNumbers[std::size_t(number)], value);
+        return append(value);
+    case Value::Type::String:
+        return value.text().size == 0 ? once(m_emptyText, value) : append(value);
+    default:
+        return append(value);
+    }
+}
+
+ArchiveNumbering::Uid ArchiveNumbering::uidOf(const Key &key)
+{
+    const auto known = m_keyUids.find(key);
+    if (known != m_keyUids.end())
+        return known->second;
+    m_keyTexts.emplace_back(key.name());
+    return m_keyUids.emplace(key, uidOf(m_keyTexts.back())).first->second;
+}
+
+ArchiveNumbering::Uid ArchiveNumbering::once(Uid &uid, const Value &value)
+{
+    if (uid == 0)
+        uid = append(value);
+    return uid;
+}
+
+ArchiveNumbering::Uid ArchiveNumbering::append(const Value &value)
+{
+    m_objects.push_back(&value);
+    m_contentSize += contentSizeOf(value);
+    return Uid(m_objects.size() - 1);
+}
+
+void ArchiveNumbering::numberChildren(const Dictionary &dictionary)
+{
+    useClass(ArchivedClass::MutableDictionary);
+    const auto &entries = dictionary.entries();
+    // Records mostly have the keys of the record before them.
+    const bool sameKeys = std::equal(entries.begin(), entries.end(), m_lastKeys.begin(), m_lastKeys.end(),
+                                     [](const auto &entry, const auto &last) { return entry.key == last.first; });
+    if (!sameKeys) {
+        m_lastKeys.clear();
+        for (const auto &entry : entries)
+            m_lastKeys.emplace_back(entry.key, uidOf(entry.key));
+    }
+    for (const auto &last : m_lastKeys)
+        m_children.push_back(last.second);
+    for (const auto &entry : entries)
+        m_children.push_back(uidOf(entry.value));
+}
+
+void ArchiveNumbering::numberChildren(const Array &array)
+{
+    useClass(ArchivedClass::MutableArray);
+    for (const Value &value : array.values)
+        m_children.push_back(uidOf(value));
+}
+
+void ArchiveNumbering::numberClasses()
+{
+    m_uidCount = Uid(m_objects.size());
+    for (Uid &uid : m_classUids) {
+        if (uid != 0)
+            uid = m_uidCount++;
+    }
+}
+
+} // namespace Foundation

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "foundation/Array.h"
+#include "foundation/Dictionary.h"
+
+#include <array>
+#include <deque>
+#include <unordered_map>
+#include <vector>
+
+namespace Foundation
+{
+
+// The classes that an archive describes, in the order of ArchiveNumbering::classUids.
+enum class ArchivedClass { MutableDictionary, MutableArray, Date, Null };
+constexpr std::size_t ArchivedClassCount = 4;
+
+// The first pass over a graph that becomes a keyed archive: gives every object its UID, breadth first and
+// without recursion. An object that is shared gets one UID; so do the empty text, the null object, booleans and
+// small numbers. UID 0 is the archive's own null object.
+//
+// The graph must stay as it is while the numbering lives, since it points into it.
+class ArchiveNumbering
+{
+public:
+    using Uid = quint32;
+
+    explicit ArchiveNumbering(const Value &root);
+
+    Uid rootUid() const noexcept { return m_rootUid; }
+    // Objects by UID; the place of UID 0 is null. The class descriptions have the UIDs behind.
+    const std::vector<const Value *> &objects() const noexcept { return m_objects; }
+    // The UIDs that each container refers to, container after container in the order of their own UIDs: of a
+    // dictionary all keys and then all values.
+    const std::vector<Uid> &children() const noexcept { return m_children; }
+    // 0 for a class that the archive does not need.
+    const std::array<Uid, ArchivedClassCount> &classUids() const noexcept { return m_classUids; }
+    Uid uidCount() const noexcept { return m_uidCount; }
+    // Bytes of all texts and data, about.
+    qsizetype contentSize() const noexcept { return m_contentSize; }
+
+private:
+    static constexpr qint64 SmallNumbers = 256;
+
+    Uid uidOf(const Value &value);
+    Uid uidOf(const Key &key);
+    Uid once(Uid &uid, const Value &value);
+    Uid append(const Value &value);
+    void numberChildren(const Dictionary &dictionary);
+    void numberChildren(const Array &array);
+    void useClass(ArchivedClass archivedClass) { m_classUids[std::size_t(archivedClass)] = 1; }
+    void numberClasses();
+
+    std::vector<const Value *> m_objects;
+    std::vector<Uid> m_children;
+    std::array<Uid, ArchivedClassCount> m_classUids = {};
+    Uid m_rootUid = 0;
+    Uid m_uidCount = 0;
+    qsizetype m_contentSize = 0;
+
+    Uid m_nullObject = 0;
+    Uid m_emptyText = 0;
+    std::array<Uid, 2> m_booleans = {};
+    std::array<Uid, SmallNumbers> m_smallNumbers = {};
+    std::deque<Value> m_keyTexts; // stays where it is while it grows
+    std::unordered_map<Key, Uid> m_keyUids;
+    std::vector<std::pair<Key, Uid>> m_lastKeys; // of the dictionary numbered last
+};
+
+} // namespace Foundation

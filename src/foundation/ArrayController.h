@@ -1,0 +1,103 @@
+#pragma once
+
+#include "foundation/Array.h"
+#include "foundation/Dictionary.h"
+
+#include <QObject>
+
+#include <vector>
+
+namespace Foundation
+{
+
+// One rule of an order: the values under a key path, texts as the user's language sorts them with numbers in
+// them by size, dates and numbers by value, absent ones first.
+struct SortDescriptor
+{
+    QString keyPath;
+    bool isAscending = true;
+};
+
+// List of dictionaries as a window shows it: the content, which the controller shares with its owner,
+// arranged (filtered and sorted), and the selection in it.
+//
+// What is added gets selected; the selection stays with its objects over a rearrangement; as long as there
+// are objects, it is not left empty. Edits of a shown value go through setValue here, so that every view
+// hears of them. Subclasses narrow the list in arrangeObjects. Main thread only.
+class ArrayController : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool canRemove READ canRemove NOTIFY selectionChanged)
+    Q_PROPERTY(bool hasSelection READ canRemove NOTIFY selectionChanged)
+
+public:
+    using Object = Ref<Dictionary>;
+    using Objects = std::vector<Object>;
+
+    explicit ArrayController(QObject *parent = nullptr);
+
+    // Shares the array. Entries that are no dictionaries are passed over in showing and never touched.
+    void setContent(const Ref<Array> &content);
+    const Ref<Array> &content() const { return m_content; }
+
+    const Objects &arrangedObjects() const { return m_arranged; }
+    // Positions in arrangedObjects, ascending.
+    const std::vector<std::size_t> &selectionIndexes() const { return m_selection; }
+    // The first selected position, -1 without a selection.
+    qsizetype selectionIndex() const;
+    Objects selectedObjects() const;
+    // True while something is selected.
+    bool canRemove() const { return !m_selection.empty(); }
+    // -1 if the object is not shown.
+    qsizetype arrangedIndexOf(const Object &object) const;
+
+    void setSelectionIndex(qsizetype index);
+    // Positions beyond the end are left out.
+    void setSelectionIndexes(std::vector<std::size_t> indexes);
+
+    const std::vector<SortDescriptor> &sortDescriptors() const { return m_sortDescriptors; }
+    void setSortDescriptors(std::vector<SortDescriptor> descriptors);
+
+    // The objects to show out of `objects`: here all of them, in the order of the sort descriptors.
+    virtual Objects arrangeObjects(const Objects &objects);
+    void rearrangeObjects();
+
+    // A new object, not yet in the content. Null if none can be made.
+    virtual Object newObject();
+    // Appends to the content, rearranges and selects.
+    void addObject(const Object &object);
+    // Inserts into the content in front of the object that is shown at `index`, or at the end, and selects.
+    void insertObject(const Object &object, qsizetype arrangedIndex);
+    // Removes the object from content and list, whether it is shown or not.
+    virtual void removeObject(const Object &object);
+    // Removes the selected objects.
+    void removeSelectedObjects();
+
+    // The value under a key path of the selected objects: of all of them if they agree, otherwise nothing
+    // with *isMixed set. Null without a selection.
+    Value valueForSelection(QStringView keyPath, bool *isMixed = nullptr) const;
+    // Sets a value of every selected object and tells the views.
+    void setValueForSelection(const Key &key, const Value &value);
+    // Tells the views that something in the object has changed.
+    void noteChange(const Object &object);
+
+Q_SIGNALS:
+    // The arranged list is another one; the selection may be.
+    void arrangedObjectsChanged();
+    void selectionChanged();
+    // A value in the object at this arranged position has changed.
+    void objectChanged(qsizetype arrangedIndex);
+
+private:
+    Objects contentObjects() const;
+    // Rearranges and selects what is left of `selected`, or what stands where it stood.
+    void rearrange(const Objects &selected, std::size_t fallbackIndex);
+    void sort(Objects &objects) const;
+
+    Ref<Array> m_content = Array::create();
+    Objects m_arranged;
+    std::vector<std::size_t> m_selection;
+    std::vector<SortDescriptor> m_sortDescriptors;
+};
+
+} // namespace Foundation

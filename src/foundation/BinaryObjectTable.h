@@ -1,0 +1,109 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QtEndian>
+
+#include <optional>
+
+namespace Foundation
+{
+
+// The numbered objects of a binary property list (public format, "bplist00"), as they lie in its bytes.
+//
+// A file is: the magic, the objects, a table of their offsets, and a trailer of 32 bytes that says how wide
+// offsets and references are, how many objects there are, which is the top one, and where the table stands.
+// Everything read here comes from outside and is checked before it is used; nothing is copied and nothing is
+// reserved. The bytes must outlive the table.
+class BinaryObjectTable
+{
+public:
+    enum class Kind : quint8 { Invalid, Null, False, True, Integer, Real, Date, Data, Ascii, Units, Uid, Array, Dictionary };
+
+    // `count`: bytes of a number, data or ASCII text, units of a UTF-16 text, references of an array, pairs of
+    // a dictionary (whose payload is all key references, then all value references). The payload lies whole
+    // inside the objects' part of the file.
+    struct Object
+    {
+        Kind kind = Kind::Invalid;
+        quint64 count = 0;
+        const uchar *payload = nullptr;
+    };
+
+    static constexpr QByteArrayView Magic = "bplist00";
+
+    static bool looksLikeOne(QByteArrayView bytes) { return bytes.startsWith(Magic.first(7)); }
+    // Nothing if the trailer is damaged or lies.
+    static std::optional<BinaryObjectTable> open(QByteArrayView bytes);
+
+    quint64 objectCount() const noexcept { return m_objectCount; }
+    quint64 topObject() const noexcept { return m_topObject; }
+    int referenceSize() const noexcept { return m_referenceSize; }
+
+    // Kind Invalid if there is no such object, it is cut off or of an unknown sort.
+    Object object(quint64 index) const noexcept
+    {
+        if (index >= m_objectCount)
+            return {};
+        const quint64 offset = number(m_offsets + index * quint64(m_offsetSize), m_offsetSize);
+        if (offset < quint64(Magic.size()) || offset >= quint64(m_end - m_bytes))
+            return {};
+        const uchar *at = m_bytes + offset;
+        const uchar marker = *at++;
+        // The texts and containers with a short count, which is nearly everything.
+        const quint64 count = marker & 0x0F;
+        if (count < 0x0F && marker >= 0x40)
+            return checked(marker >> 4, count, at);
+        return rareObject(marker, at);
+    }
+
+    // Reference `i` of an array's or dictionary's payload.
+    quint64 reference(const uchar *payload, quint64 i) const noexcept
+    {
+        return number(payload + i * quint64(m_referenceSize), m_referenceSize);
+    }
+
+    // Big-endian number of 1 to 8 bytes. Reads 8 bytes from `at` on, which the trailer makes safe everywhere
+    // before it.
+    static quint64 number(const uchar *at, int size) noexcept
+    {
+        return qFromBigEndian<quint64>(at) >> (64 - 8 * size);
+    }
+
+private:
+    BinaryObjectTable() = default;
+
+    Object checked(int sort, quint64 count, const uchar *payload) const noexcept;
+    Object rareObject(uchar marker, const uchar *at) const noexcept;
+
+    const uchar *m_bytes = nullptr;
+    const uchar *m_end = nullptr; // of the objects
+    const uchar *m_offsets = nullptr;
+    quint64 m_objectCount = 0;
+    quint64 m_topObject = 0;
+    int m_offsetSize = 0;
+    int m_referenceSize = 0;
+};
+
+inline BinaryObjectTable::Object BinaryObjectTable::checked(int sort, quint64 count,
+                                                            const uchar *payload) const noexcept
+{
+    static constexpr Kind kinds[] = {Kind::Data, Kind::Ascii, Kind::Units, Kind::Invalid,
+                                     Kind::Uid,  Kind::Invalid, Kind::Array, Kind::Invalid,
+                                     Kind::Invalid, Kind::Dictionary, Kind::Invalid, Kind::Invalid};
+    const Kind kind = kinds[sort - 4];
+    quint64 unit = 1;
+    if (kind == Kind::Units)
+        unit = 2;
+    else if (kind == Kind::Array)
+        unit = quint64(m_referenceSize);
+    else if (kind == Kind::Dictionary)
+        unit = 2 * quint64(m_referenceSize);
+    else if (kind == Kind::Uid)
+        ++count; // The marker of a UID holds one less than its length.
+    const auto room = quint64(m_end - payload);
+    if (kind == Kind::Invalid || count > room || count * unit > room)
+        return {};
+    return {kind, count, payload};
+}
+
+} // namespace Foundation

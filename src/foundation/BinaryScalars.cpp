@@ -1,0 +1,90 @@
+#include "foundation/BinaryScalars.h"
+
+#include "foundation/ReadBudget.h"
+
+#include <bit>
+#include <limits>
+
+namespace Foundation
+{
+
+namespace
+{
+
+using Object = BinaryObjectTable::Object;
+using Kind = BinaryObjectTable::Kind;
+
+bool isAscii(const uchar *text, quint64 size)
+{
+    uchar all = 0;
+    for (quint64 i = 0; i < size; ++i)
+        all |= text[i];
+    return all < 0x80;
+}
+
+Value unitsValue(const uchar *payload, qsizetype size)
+{
+    constexpr qsizetype OnStack = 256;
+    char16_t few[OnStack];
+    if (size <= OnStack) {
+        qFromBigEndian<quint16>(payload, size, few);
+        return Value::fromUtf16(few, size);
+    }
+    QString units(size, Qt::Uninitialized);
+    qFromBigEndian<quint16>(payload, size, units.data());
+    return Value(units);
+}
+
+std::optional<Value> integerValue(const Object &object)
+{
+    if (object.count == 8)
+        return Value(qFromBigEndian<qint64>(object.payload));
+    if (object.count < 8) // The short ones have no sign.
+        return Value(qint64(BinaryObjectTable::number(object.payload, int(object.count))));
+    const auto high = qFromBigEndian<quint64>(object.payload);
+    const auto low = qFromBigEndian<quint64>(object.payload + 8);
+    if (high == 0)
+        return Value(low);
+    if (high == std::numeric_limits<quint64>::max() && qint64(low) < 0)
+        return Value(qint64(low));
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<Value> scalarValue(const Object &object)
+{
+    switch (object.kind) {
+    case Kind::False:
+        return Value(false);
+    case Kind::True:
+        return Value(true);
+    case Kind::Integer:
+        return integerValue(object);
+    case Kind::Real:
+        if (object.count == 4)
+            return Value(std::bit_cast<float>(qFromBigEndian<quint32>(object.payload)));
+        return Value(std::bit_cast<double>(qFromBigEndian<quint64>(object.payload)));
+    case Kind::Date:
+        return Value::date(std::bit_cast<double>(qFromBigEndian<quint64>(object.payload)));
+    case Kind::Ascii:
+        if (!isAscii(object.payload, object.count))
+            return std::nullopt;
+        return Value::fromAscii(reinterpret_cast<const char *>(object.payload), qsizetype(object.count));
+    case Kind::Units:
+        return unitsValue(object.payload, qsizetype(object.count));
+    case Kind::Data:
+        return Value(QByteArray(reinterpret_cast<const char *>(object.payload), qsizetype(object.count)));
+    default:
+        return std::nullopt;
+    }
+}
+
+quint64 scalarCost(const Object &object) noexcept
+{
+    constexpr quint64 LargestFree = 16; // Numbers and short texts leave nothing behind.
+    const quint64 bytes = object.kind == Kind::Units ? 2 * object.count : object.count;
+    return bytes <= LargestFree && object.kind != Kind::Data ? 0 : ReadBudget::SharedScalar + bytes;
+}
+
+} // namespace Foundation

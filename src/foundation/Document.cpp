@@ -1,0 +1,229 @@
+#include "foundation/Document.h"
+
+#include "foundation/DurableFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace Foundation
+{
+
+Document::Document(QObject *parent)
+    : QObject(parent)
+{
+}
+
+QString Document::displayName() const
+{
+    if (!m_fileURL.isNull())
+        return QFileInfo(m_fileURL).fileName();
+    return m_untitledNumber == 1 ? tr("Untitled") : tr("Untitled %1").arg(m_untitledNumber);
+}
+
+void Document::setUntitledNumber(int number)
+{
+    m_untitledNumber = number;
+    Q_EMIT fileURLChanged();
+}
+
+void Document::updateChangeCount(int change)
+{
+    const bool wasEdited = isDocumentEdited();
+    if (change == ChangeCleared)
+        m_changeCount = 0;
+    else
+        m_changeCount += change == ChangeUndone ? -1 : 1;
+    if (isDocumentEdited() != wasEdited)
+        Q_EMIT documentEditedChanged();
+}
+
+void Document::windowControllerDidLoadNib() {}
+
+QString Document::autosavingFileType() const
+{
+    return QStringLiteral("vexcards");
+}
+
+bool Document::readFromFile(const QString &path, QString *reason)
+{
+    FileReadResult file = readRegularFile(path, LargestFile);
+    if (!file.succeeded()) {
+        *reason = file.error;
+        return false;
+    }
+    if (!readFromData(file.bytes, autosavingFileType(), reason))
+        return false;
+    m_fileURL = QFileInfo(path).absoluteFilePath();
+    m_fileIdentity = file.identity;
+    Q_EMIT fileURLChanged();
+    return true;
+}
+
+bool Document::writeToFile(const QString &path, QString *reason)
+{
+    *reason = reasonNotToWrite();
+    if (!reason->isNull())
+        return false;
+    const auto bytes = dataOfType(autosavingFileType());
+    if (!bytes || !lastDataCanBeRead()) {
+        *reason = tr("It could not be enciphered.");
+        return false;
+    }
+    const FileWriteResult result = writeFileDurably(path, *bytes);
+    // A result may carry both: the new content is in place, though perhaps not for good.
+    if (result.identity) {
+        m_fileURL = QFileInfo(path).absoluteFilePath();
+        m_fileIdentity = result.identity;
+        Q_EMIT fileURLChanged();
+    }
+    if (!result.succeeded()) {
+        *reason = result.error;
+        return false;
+    }
+    updateChangeCount(ChangeCleared);
+    return true;
+}
+
+bool Document::validateMenuItem(MenuItem &item)
+{
+    return validateUserInterfaceItem(item.action);
+}
+
+bool Document::validateUserInterfaceItem(const QString &action) const
+{
+    if (action == u"undo")
+        return m_undoManager.canUndo();
+    if (action == u"redo")
+        return m_undoManager.canRedo();
+    return true;
+}
+
+void Document::saveDocument(const ActionSender &)
+{
+    saveWithCompletion([](bool) {});
+}
+
+void Document::saveDocumentAs(const ActionSender &)
+{
+    saveAsWithCompletion([](bool) {});
+}
+
+void Document::performClose(const ActionSender &)
+{
+    canCloseDocument([this](bool shouldClose) {
+        if (shouldClose)
+            close();
+    });
+}
+
+void Document::undo(const ActionSender &)
+{
+    m_undoManager.undo();
+}
+
+void Document::redo(const ActionSender &)
+{
+    m_undoManager.redo();
+}
+
+void Document::saveWithCompletion(Completion completion)
+{
+    if (m_fileURL.isNull()) {
+        saveAsWithCompletion(completion);
+        return;
+    }
+    confirmOverwriting([this, completion = std::move(completion)](bool confirmed) {
+        if (confirmed)
+            saveToPath(m_fileURL, completion);
+        else
+            completion(false);
+    });
+}
+
+void Document::saveAsWithCompletion(const Completion &completion)
+{
+    const QString reason = reasonNotToWrite();
+    if (!reason.isNull() || !m_window) {
+        sayNotSaved(reason, completion);
+        return;
+    }
+    const QString suggestion = m_fileURL.isNull()
+                                   ? QDir::homePath() + u'/' + displayName() + QStringLiteral(".vexcards")
+                                   : m_fileURL;
+    m_window->beginSavePanel(suggestion, [this, completion](const QString &path) {
+        if (path.isNull())
+            completion(false);
+        else
+            saveToPath(path, completion);
+    });
+}
+
+void Document::saveToPath(const QString &path, const Completion &completion)
+{
+    QString reason;
+    if (writeToFile(path, &reason))
+        completion(true);
+    else
+        sayNotSaved(reason, completion);
+}
+
+void Document::sayNotSaved(const QString &reason, const Completion &completion)
+{
+    if (!m_window) {
+        completion(false);
+        return;
+    }
+    const Alert alert{tr("The document “%1” could not be saved.").arg(displayName()), reason, {tr("OK")}};
+    m_window->beginAlert(alert, [completion](int) { completion(false); });
+}
+
+void Document::confirmOverwriting(std::function<void(bool)> answered)
+{
+    const auto present = identityOfFile(m_fileURL);
+    const bool isUntouched = present && m_fileIdentity && present->hasSameContentAs(*m_fileIdentity);
+    if (isUntouched || !m_window) {
+        answered(isUntouched);
+        return;
+    }
+    const Alert alert{
+        present ? tr("The file of the document “%1” has been changed by another program.").arg(displayName())
+                : tr("The file of the document “%1” is no longer there.").arg(displayName()),
+        present ? tr("If you save, what the other program wrote is lost.")
+                : tr("It may have been moved or deleted. If you save, it is made again in its old place."),
+        {tr("Save Anyway"), tr("Cancel")}};
+    m_window->beginAlert(alert, [answered = std::move(answered)](int returnCode) {
+        answered(returnCode == Alert::FirstButtonReturn);
+    });
+}
+
+void Document::canCloseDocument(Completion shouldClose)
+{
+    if (!isDocumentEdited() || !m_window) {
+        shouldClose(true);
+        return;
+    }
+    const Alert alert{tr("Do you want to save the changes to the document “%1”?").arg(displayName()),
+                      tr("Your changes will be lost if you don’t save them."),
+                      {tr("Save"), tr("Cancel"), tr("Discard")}};
+    m_window->makeKeyAndOrderFront();
+    m_window->beginAlert(alert, [this, shouldClose = std::move(shouldClose)](int returnCode) {
+        if (returnCode == Alert::FirstButtonReturn)
+            saveWithCompletion(shouldClose);
+        else
+            shouldClose(returnCode == Alert::ThirdButtonReturn);
+    });
+}
+
+void Document::close()
+{
+    if (m_isClosed)
+        return;
+    m_isClosed = true;
+    if (m_window)
+        m_window->close();
+    m_window = nullptr;
+    Q_EMIT closed();
+    deleteLater();
+}
+
+} // namespace Foundation

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "foundation/Actions.h"
+#include "foundation/DocumentWindow.h"
+#include "foundation/FileIdentity.h"
+#include "foundation/UndoManager.h"
+
+#include <QByteArray>
+#include <QObject>
+
+#include <optional>
+
+namespace Foundation
+{
+
+// A document of the user: its file, its changes, its undo stack, and the questions before work is lost.
+// Subclasses turn bytes into content and back.
+//
+// Saving is atomic and durable (see writeFileDurably): on any failure the old file is whole, the document
+// stays edited, and the user is told why in plain words. A file that another program replaced or changed
+// since it was read is never overwritten without a question. Main thread only.
+class Document : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString displayName READ displayName NOTIFY fileURLChanged)
+    Q_PROPERTY(bool documentEdited READ isDocumentEdited NOTIFY documentEditedChanged)
+
+public:
+    enum ChangeType { ChangeDone = 0, ChangeUndone = 1, ChangeCleared = 2 };
+    using Completion = std::function<void(bool succeeded)>;
+
+    // Beyond this a file cannot be opened.
+    static constexpr qint64 LargestFile = qint64(2) << 30;
+
+    explicit Document(QObject *parent = nullptr);
+
+    // The path of the document's file; null for one that was never saved.
+    QString fileURL() const { return m_fileURL; }
+    // The file's name, or "Untitled" with a number for one that was never saved.
+    QString displayName() const;
+    void setUntitledNumber(int number);
+
+    bool isDocumentEdited() const { return m_changeCount != 0; }
+    // One of ChangeType, as a number that stands in the calls of the whole system.
+    void updateChangeCount(int change);
+    UndoManager &undoManager() { return m_undoManager; }
+
+    // Null before the window is made and after it has gone. Not owned.
+    DocumentWindow *window() const { return m_window; }
+    void setWindow(DocumentWindow *window) { m_window = window; }
+    DocumentWindow *windowForSheet() const { return m_window; }
+    // Called once the window is made and knows the document.
+    virtual void windowControllerDidLoadNib();
+
+    // The bytes of the document's file, or nothing if it cannot be saved now.
+    virtual std::optional<QByteArray> dataOfType(const QString &type) = 0;
+    // Takes the content of a file. False if the document must not be opened; *reason then says why, or is
+    // null if the user has been told.
+    virtual bool readFromData(const QByteArray &bytes, const QString &type, QString *reason) = 0;
+    // Why nothing may be written now although dataOfType() would give bytes; null if nothing speaks against
+    // it.
+    virtual QString reasonNotToWrite() const { return {}; }
+    // Asked again with the bytes at hand: whether anybody could open them.
+    virtual bool lastDataCanBeRead() const { return true; }
+    // The type under which changes may be saved without being asked for; null: not now.
+    virtual QString autosavingFileType() const;
+    static bool autosavesInPlace() { return true; }
+
+    // False with *reason as above.
+    bool readFromFile(const QString &path, QString *reason);
+    // Saves to `path`, which becomes the document's file. False with *reason in plain words.
+    bool writeToFile(const QString &path, QString *reason);
+
+    // The objects that take part in the responder chain for this document, in order.
+    virtual QList<QObject *> responders() { return {this}; }
+    // Whether a command is enabled.
+    virtual bool validateMenuItem(MenuItem &item);
+    virtual bool validateUserInterfaceItem(const QString &action) const;
+
+    Q_INVOKABLE void saveDocument(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void saveDocumentAs(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void performClose(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void undo(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void redo(const Foundation::ActionSender &sender);
+
+    // Asks about unsaved changes and answers whether the document may be closed. Some documents close at once
+    // and never answer, so nobody may wait for it.
+    virtual void canCloseDocument(Completion shouldClose);
+    // Saves under the present name, or asks for one; answers once it is done or given up.
+    void saveWithCompletion(Completion completion);
+    // Closes without a question. The document is deleted on a later turn of the event loop.
+    void close();
+
+Q_SIGNALS:
+    void fileURLChanged();
+    void documentEditedChanged();
+    void closed();
+
+private:
+    void saveAsWithCompletion(const Completion &completion);
+    void saveToPath(const QString &path, const Completion &completion);
+    void sayNotSaved(const QString &reason, const Completion &completion);
+    // Asks if the file is no longer the one that was read.
+    void confirmOverwriting(std::function<void(bool)> answered);
+
+    QString m_fileURL;
+    std::optional<FileIdentity> m_fileIdentity;
+    int m_untitledNumber = 1;
+    int m_changeCount = 0;
+    UndoManager m_undoManager;
+    DocumentWindow *m_window = nullptr;
+    bool m_isClosed = false;
+};
+
+} // namespace Foundation

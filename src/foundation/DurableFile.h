@@ -1,0 +1,66 @@
+#pragma once
+
+#include "foundation/FileIdentity.h"
+#include "foundation/FileSystem.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace Foundation
+{
+
+// Reading and saving of whole files. Errors are sentences for users, such as "The disk is full.", to be shown
+// below a line that says what failed. Everything here blocks until the disk has answered.
+
+struct FileReadResult
+{
+    QByteArray bytes;
+    FileIdentity identity; // Of the very file that the bytes are from.
+    QString error;         // Null after success; the bytes are empty otherwise.
+
+    bool succeeded() const { return error.isNull(); }
+};
+
+// Reads all of the regular file `path`, links followed; at most `maxBytes`, beyond which nothing is read.
+// Never waits for the other end of a FIFO and never reads a device. If the file changes while it is read, it
+// is read once more; if it changes again, that is an error, never a mixture of two versions.
+FileReadResult readRegularFile(const QString &path, qint64 maxBytes,
+                               FileSystem &files = FileSystem::system());
+
+struct FileWriteResult
+{
+    // Of the new file, as soon as it has its place. Set beside an error in one case: the new content is
+    // there, but the disk did not confirm the change of the folder, so that a power failure may undo it.
+    std::optional<FileIdentity> identity;
+    QString error; // Null after success.
+
+    bool succeeded() const { return error.isNull(); }
+};
+
+// Replaces the file `path` by one of the given content, or creates it. After success the content survives a
+// power failure. At any other moment the name leads either to the whole old content or to the whole new one,
+// even if the process is killed; after a failure to the old one, but for the case told above.
+//
+// The content goes into a temporary file beside the real one, is flushed and then renamed. Therefore:
+// - Links are followed, and the file that a dangling link means is created. Another hard link of the old file
+//   keeps the old content.
+// - Owner, group, mode, access lists and extended attributes are kept as far as permitted; see FileRights. A
+//   new file has mode 0600.
+// - The folder must be writable, and readable to be flushed. There is no second way that writes into the old
+//   file, since an interruption would damage it.
+// - A file that the user may not write is refused, although its folder would permit the replacement. So is
+// one
+//   without any write permission, even for the system administrator: somebody wanted it to stay.
+// - A file that another program changes while this one is written is not replaced. Whether it changed since
+//   it was read is for the caller to find out before, with identityOfFile.
+// - A flush that failed is never repeated on the same file, since the system may have dropped the data and
+//   then report success. The next save writes a fresh file.
+//
+// A killed process leaves a file named ".vexarel-" and 16 hexadecimal digits in the folder. Nothing removes
+// it automatically: it may be the one that another process is writing.
+FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes,
+                                 FileSystem &files = FileSystem::system());
+
+} // namespace Foundation

@@ -1,0 +1,237 @@
+#include "foundation/FileReplacement.h"
+
+#include "foundation/FileErrorText.h"
+#include "foundation/RandomNumbers.h"
+
+#include <climits>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace Foundation
+{
+
+namespace
+{
+
+QString missingFolderText()
+{
+    return QStringLiteral("The folder does not exist.");
+}
+
+QString folderErrorText(int number)
+{
+    return fileErrorText(number, QStringLiteral("You do not have permission to open the folder."),
+                         missingFolderText());
+}
+
+QString writeErrorText(int number)
+{
+    return fileErrorText(number, QStringLiteral("You do not have permission to write the file."),
+                         missingFolderText());
+}
+
+QString interferenceText()
+{
+    return QStringLiteral("Another program changed the file while it was being saved.");
+}
+
+struct SplitPath
+{
+    QByteArray folder;
+    QByteArray name;
+};
+
+SplitPath split(const QByteArray &path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    if (slash < 0)
+        return {".", path};
+    return {slash == 0 ? QByteArray("/") : path.left(slash), path.mid(slash + 1)};
+}
+
+} // namespace
+
+bool FileReplacement::fail(const QString &text)
+{
+    m_error = text;
+    return false;
+}
+
+bool FileReplacement::locate(const QByteArray &path)
+{
+    QByteArray realPath = path;
+    if (!followLinks(realPath))
+        return false;
+    const SplitPath parts = split(realPath);
+    if (parts.name.isEmpty() || parts.name == "." || parts.name == "..")
+        return fail(QStringLiteral("The name is that of a folder."));
+    m_name = parts.name;
+    constexpr int Flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+    m_folder.reset(
+        uninterrupted([&] { return m_files.openAt(AT_FDCWD, parts.folder.constData(), Flags, 0); }));
+    return m_folder.isOpen() || fail(folderErrorText(errno));
+}
+
+bool FileReplacement::followLinks(QByteArray &path)
+{
+    // Lets the system follow them first: it knows circles, and links that others planted in a shared folder.
+    if (uninterrupted([&] { return m_files.accessAt(AT_FDCWD, path.constData(), F_OK); }) < 0 &&
+        errno != ENOENT)
+        return fail(folderErrorText(errno));
+    constexpr int MaximumLinks = 40; // As many as the system follows.
+    for (int links = 0; links < MaximumLinks; ++links) {
+        QByteArray target(PATH_MAX, Qt::Uninitialized);
+        const ssize_t length = uninterrupted(
+            [&] { return m_files.readLink(path.constData(), target.data(), std::size_t(target.size())); });
+        if (length < 0)
+            return errno == EINVAL || errno == ENOENT || fail(folderErrorText(errno));
+        target.truncate(length);
+        path = target.startsWith('/') ? target : split(path).folder + '/' + target;
+    }
+    return fail(folderErrorText(ELOOP));
+}
+
+bool FileReplacement::examineOldFile()
+{
+    struct stat status;
+    if (uninterrupted([&] { return m_files.fstatAt(m_folder.get(), m_name.constData(), &status); }) < 0)
+        return errno == ENOENT || fail(folderErrorText(errno));
+    if (S_ISDIR(status.st_mode))
+        return fail(QStringLiteral("The name is that of a folder."));
+    if (!S_ISREG(status.st_mode))
+        return fail(QStringLiteral("The name is that of a device or another special file."));
+
+    const auto readOnly = QStringLiteral("The file is read-only.");
+    if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
+        return fail(readOnly);
+    if (uninterrupted([&] { return m_files.accessAt(m_folder.get(), m_name.constData(), W_OK); }) < 0)
+        return fail(fileErrorText(errno, readOnly, missingFolderText()));
+    m_oldFile = FileIdentity::fromStatus(status);
+    if (const int error = m_rights.takeFrom(m_folder.get(), m_name.constData(), status, m_files))
+        return fail(writeErrorText(error));
+    return true;
+}
+
+bool FileReplacement::writeTemporaryFile(const QByteArray &bytes)
+{
+    // An interrupted flush or close has failed like any other, but no disk is at fault: take a fresh file.
+    constexpr int MaximumAttempts = 3;
+    int error = EINTR;
+    for (int attempt = 0; attempt < MaximumAttempts && error == EINTR; ++attempt) {
+        FileDescriptor file(m_files);
+        removeTemporaryFile();
+        if (!createTemporaryFile(file))
+            return false;
+        error = fillTemporaryFile(file, bytes);
+    }
+    return error == 0 || fail(writeErrorText(error));
+}
+
+bool FileReplacement::createTemporaryFile(FileDescriptor &file)
+{
+    constexpr int Flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    constexpr int MaximumAttempts = 10;
+    for (int attempt = 0; attempt < MaximumAttempts; ++attempt) {
+        const std::optional<QByteArray> digits = secureRandomBytes(8);
+        if (!digits)
+            return fail(QStringLiteral("The system gives no random numbers."));
+        // Independent of the real name, which may be as long as names can be.
+        const QByteArray name = ".vexarel-" + digits->toHex();
+        file.reset(uninterrupted(
+            [&] { return m_files.openAt(m_folder.get(), name.constData(), Flags, S_IRUSR | S_IWUSR); }));
+        if (file.isOpen()) {
+            m_temporaryName = name;
+            return true;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    return fail(fileErrorText(errno, QStringLiteral("The folder is not writable."), missingFolderText()));
+}
+
+int FileReplacement::fillTemporaryFile(FileDescriptor &file, const QByteArray &bytes)
+{
+    if (const int error = writeAll(file.get(), bytes))
+        return error;
+    if (const int error = m_rights.giveTo(file.get(), m_files))
+        return error;
+    if (m_files.fsync(file.get()) < 0)
+        return errno;
+    struct stat status;
+    if (uninterrupted([&] { return m_files.fstat(file.get(), &status); }) < 0)
+        return errno;
+    m_newFile = FileIdentity::fromStatus(status);
+    return file.close() < 0 ? errno : 0;
+}
+
+int FileReplacement::writeAll(int descriptor, const QByteArray &bytes)
+{
+    qsizetype written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count = uninterrupted([&] {
+            return m_files.write(descriptor, bytes.constData() + written,
+                                 std::size_t(bytes.size() - written));
+        });
+        if (count <= 0)
+            return count < 0 ? errno : EIO;
+        written += count;
+    }
+    return 0;
+}
+
+void FileReplacement::removeTemporaryFile()
+{
+    if (m_temporaryName.isEmpty())
+        return;
+    // If this fails too there is nothing more to do; the error that led here is the one to tell.
+    uninterrupted([&] { return m_files.unlinkAt(m_folder.get(), m_temporaryName.constData()); });
+    m_temporaryName.clear();
+}
+
+std::optional<FileIdentity> FileReplacement::putInPlace()
+{
+    if (!oldFileUnchanged())
+        return std::nullopt;
+    const auto rename = [&] {
+        return m_files.renameAt(m_folder.get(), m_temporaryName.constData(), m_name.constData());
+    };
+    if (uninterrupted(rename) < 0) {
+        fail(fileErrorText(errno, QStringLiteral("You do not have permission to replace the file."),
+                           interferenceText()));
+        return std::nullopt;
+    }
+    m_temporaryName.clear();
+    const FileIdentity identity = identityInPlace();
+    // Unlike a file, a folder holds no data of ours that an interrupted flush could lose: it may be repeated.
+    // Some file systems have no flush for folders and say that the call is invalid.
+    if (uninterrupted([&] { return m_files.fsync(m_folder.get()); }) < 0 && errno != EINVAL)
+        fail(QStringLiteral("The new file is in its place, but the disk did not confirm it. A power failure "
+                            "may bring the old one back."));
+    return identity;
+}
+
+bool FileReplacement::oldFileUnchanged()
+{
+    struct stat status;
+    if (uninterrupted([&] { return m_files.fstatAt(m_folder.get(), m_name.constData(), &status); }) < 0) {
+        if (errno != ENOENT)
+            return fail(folderErrorText(errno));
+        // A file that somebody removed is no reason to refuse: nothing is overwritten.
+        return true;
+    }
+    return m_oldFile == FileIdentity::fromStatus(status) || fail(interferenceText());
+}
+
+FileIdentity FileReplacement::identityInPlace()
+{
+    // Renaming moves the time of the last change of status. If another program was faster and its file has
+    // the name already, the earlier identity is the right one: it differs, and so the next save will notice.
+    struct stat status;
+    if (uninterrupted([&] { return m_files.fstatAt(m_folder.get(), m_name.constData(), &status); }) < 0)
+        return m_newFile;
+    const FileIdentity inPlace = FileIdentity::fromStatus(status);
+    const bool isNewFile = inPlace.device == m_newFile.device && inPlace.inode == m_newFile.inode;
+    return isNewFile ? inPlace : m_newFile;
+}
+
+} // namespace Foundation

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstddef>
+#include <optional>
+#include <sys/stat.h>
+#include <sys/types.h>
+
+namespace Foundation
+{
+
+// The system calls by which files are read and saved, so that a test can let each of them fail. Every call is
+// the one of POSIX or Linux that bears its name: a negative result is a failure, and errno tells why. Names
+// are relative to the open folder `folder`, or to the current one for AT_FDCWD. The base class is the real
+// system. Usable from any thread.
+class FileSystem
+{
+public:
+    virtual ~FileSystem() = default;
+
+    static FileSystem &system();
+
+    virtual int openAt(int folder, const char *name, int flags, mode_t mode);
+    // Releases the descriptor even when it fails.
+    virtual int close(int descriptor);
+    virtual ssize_t readAt(int descriptor, void *buffer, std::size_t size, off_t offset);
+    virtual ssize_t write(int descriptor, const void *bytes, std::size_t size);
+    virtual int fsync(int descriptor);
+    virtual int fstat(int descriptor, struct stat *status);
+    // Tells of a link itself, not of what it leads to.
+    virtual int fstatAt(int folder, const char *name, struct stat *status);
+    // For the real user; follows links.
+    virtual int accessAt(int folder, const char *name, int mode);
+    virtual ssize_t readLink(const char *path, char *buffer, std::size_t size);
+    // Within one folder; replaces `newName`.
+    virtual int renameAt(int folder, const char *oldName, const char *newName);
+    virtual int unlinkAt(int folder, const char *name);
+    virtual int fchmod(int descriptor, mode_t mode);
+    virtual int fchown(int descriptor, uid_t owner, gid_t group);
+    virtual ssize_t flistxattr(int descriptor, char *names, std::size_t size);
+    virtual ssize_t fgetxattr(int descriptor, const char *name, void *value, std::size_t size);
+    virtual int fsetxattr(int descriptor, const char *name, const void *value, std::size_t size);
+    virtual int fremovexattr(int descriptor, const char *name);
+};
+
+// The bytes by which the system knows `path`. Nothing if it has no such bytes (empty, a null character, half
+// a surrogate pair): replacing what cannot be written would name another file.
+std::optional<QByteArray> encodedPath(const QString &path);
+
+} // namespace Foundation

@@ -1,0 +1,24 @@
+#pragma once
+
+namespace Foundation
+{
+
+// Sizes and frames in points. The origin of a frame is its lower left corner, and y grows upward: that is how
+// frames stand in document files. The window layer translates.
+struct Size
+{
+    double width = 0;
+    double height = 0;
+    friend bool operator==(const Size &, const Size &) = default;
+};
+
+struct Rect
+{
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+    friend bool operator==(const Rect &, const Rect &) = default;
+};
+
+} // namespace Foundation

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "foundation/Value.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace Foundation
+{
+
+// The platform's public keyed archive format (archiver name "NSKeyedArchiver", version 100000): a property list
+// whose objects refer to each other by UID. The container of document files and of everything enciphered in
+// them.
+//
+// Reading takes binary and XML lists; classes NSDictionary, NSArray, NSString, NSData (each also mutable),
+// NSDate, NSNull and their subclasses, and numbers, booleans, texts and data that stand bare. Writing gives a
+// binary list with the mutable dictionary and array classes, as a document's content is mutable.
+//
+// Every value comes back with its type, every number with its width, every text with its UTF-16 units. Objects
+// that are shared stay shared and are written once. Only object 0 is the null object: a text "$null" is a text.
+
+// The root object; Null if the archive's root is the null object. Nothing if the bytes are no archive, are
+// damaged or cut off, hold an object of another class, an object that contains itself, nesting deeper than 512,
+// or sharing that expands beyond use. Time and memory are linear in the size of `bytes`, whatever they hold.
+std::optional<Value> unarchivedRoot(const QByteArray &bytes);
+
+// `root` may be Null. The graph below it must not contain itself.
+QByteArray archivedData(const Value &root);
+
+} // namespace Foundation

@@ -1,0 +1,106 @@
+#include "foundation/Services.h"
+
+#include <QCoreApplication>
+
+namespace Foundation
+{
+
+namespace
+{
+
+class NoWorkspace : public Workspace
+{
+public:
+    bool openUrl(const QUrl &) override { return false; }
+    bool openFile(const QString &) override { return false; }
+};
+
+class LastButtonAnswer : public ModalAlertPresenter
+{
+public:
+    int runModal(const Alert &alert) override
+    {
+        return Alert::FirstButtonReturn + int(std::max<qsizetype>(alert.buttons.size(), 1)) - 1;
+    }
+};
+
+class EventLoopQueue : public MainQueue
+{
+public:
+    void addOperation(std::function<void()> operation) override
+    {
+        QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(operation), Qt::QueuedConnection);
+    }
+};
+
+class SystemClock : public Clock
+{
+public:
+    QDateTime now() const override { return QDateTime::currentDateTime(); }
+};
+
+class MonospacedMeasurer : public TextMeasurer
+{
+public:
+    double widthOfText(const QString &text, const TextAttributes &attributes) const override
+    {
+        constexpr double AdvanceOfFontSize = 0.6;
+        return double(text.size()) * AdvanceOfFontSize * attributes.fontSize;
+    }
+};
+
+NoWorkspace noWorkspace;
+LastButtonAnswer lastButtonAnswer;
+EventLoopQueue eventLoopQueue;
+SystemClock systemClock;
+MonospacedMeasurer monospacedMeasurer;
+
+} // namespace
+
+double Clock::secondsSince2001() const
+{
+    constexpr qint64 MillisecondsTo2001 = 978307200000;
+    return double(now().toMSecsSinceEpoch() - MillisecondsTo2001) / 1000.0;
+}
+
+Services::Services()
+    : m_workspace(&noWorkspace)
+    , m_modalAlerts(&lastButtonAnswer)
+    , m_mainQueue(&eventLoopQueue)
+    , m_clock(&systemClock)
+    , m_textMeasurer(&monospacedMeasurer)
+{
+}
+
+Services &Services::shared()
+{
+    static Services services;
+    return services;
+}
+
+void Services::setWorkspace(Workspace *workspace)
+{
+    m_workspace = workspace ? workspace : &noWorkspace;
+}
+
+void Services::setModalAlerts(ModalAlertPresenter *presenter)
+{
+    m_modalAlerts = presenter ? presenter : &lastButtonAnswer;
+}
+
+void Services::setMainQueue(MainQueue *queue)
+{
+    m_mainQueue = queue ? queue : &eventLoopQueue;
+}
+
+void Services::setClock(Clock *clock)
+{
+    m_clock = clock ? clock : &systemClock;
+}
+
+void Services::setTextMeasurer(TextMeasurer *measurer)
+{
+    m_textMeasurer = measurer ? measurer : &monospacedMeasurer;
+}
+
+} // namespace Foundation

@@ -1,0 +1,113 @@
+#include "foundation/ArrayController.h"
+
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+using namespace Foundation;
+
+namespace
+{
+
+class Controller : public ArrayController
+{
+public:
+    Objects arrangeObjects(const Objects &objects) override
+    {
+        Objects shown;
+        for (const Object &object : objects) {
+            if (!object->value(u"hidden").boolValue())
+                shown.push_back(object);
+        }
+        return ArrayController::arrangeObjects(shown);
+    }
+
+    static Object named(const QString &name, bool hidden = false)
+    {
+        Object object = Dictionary::create();
+        object->setValue(u"name", name);
+        if (hidden)
+            object->setValue(u"hidden", Value(true));
+        return object;
+    }
+    // The names shown, the selected ones in brackets.
+    QString shown() const
+    {
+        QStringList names;
+        for (std::size_t i = 0; i < arrangedObjects().size(); ++i) {
+            const QString name = arrangedObjects()[i]->value(u"name").stringValue();
+            const bool selected = std::count(selectionIndexes().begin(), selectionIndexes().end(), i) > 0;
+            names << (selected ? u'[' + name + u']' : name);
+        }
+        return names.join(u' ');
+    }
+    void fill(std::initializer_list<const char *> names)
+    {
+        auto content = Array::create();
+        for (const char *name : names)
+            content->values.push_back(named(QString::fromLatin1(name)));
+        setContent(content);
+    }
+};
+
+TEST(ArrayController, AddedObjectsAreSelectedAndRemovedOnesLeaveTheirPlaceSelected)
+{
+    Controller controller;
+    EXPECT_EQ(controller.shown(), u"");
+    EXPECT_FALSE(controller.canRemove());
+    controller.fill({"a", "b", "c"});
+    EXPECT_EQ(controller.shown(), u"[a] b c");
+    const auto d = Controller::named(QStringLiteral("d"));
+    controller.addObject(d);
+    EXPECT_EQ(controller.shown(), u"a b c [d]");
+    controller.insertObject(Controller::named(QStringLiteral("x")), 1);
+    EXPECT_EQ(controller.shown(), u"a [x] b c d");
+    controller.removeSelectedObjects();
+    EXPECT_EQ(controller.shown(), u"a [b] c d");
+    controller.removeObject(d);
+    EXPECT_EQ(controller.shown(), u"a [b] c");
+    controller.setSelectionIndexes({0, 2, 7});
+    EXPECT_EQ(controller.shown(), u"[a] b [c]");
+    controller.removeSelectedObjects();
+    EXPECT_EQ(controller.shown(), u"[b]");
+    controller.removeSelectedObjects();
+    EXPECT_FALSE(controller.canRemove());
+    EXPECT_EQ(controller.content()->count(), 0);
+}
+
+TEST(ArrayController, SelectionStaysWithItsObjectsOverRearrangements)
+{
+    Controller controller;
+    controller.fill({"Emile", "eva 10", "Eva 9", "zoe"});
+    controller.setSelectionIndex(1);
+    controller.setSortDescriptors({{QStringLiteral("name"), false}});
+    EXPECT_EQ(controller.shown(), u"zoe [eva 10] Eva 9 Emile");
+    controller.setSortDescriptors({{QStringLiteral("name"), true}});
+    controller.arrangedObjects()[2]->setValue(u"hidden", Value(true));
+    controller.rearrangeObjects();
+    // The object selected is hidden now: the selection is not left empty.
+    EXPECT_TRUE(controller.canRemove());
+    controller.addObject(Controller::named(QStringLiteral("ghost"), true));
+    EXPECT_EQ(controller.content()->count(), 5);
+    EXPECT_EQ(controller.arrangedObjects().size(), 3U);
+}
+
+TEST(ArrayController, ValuesOfSeveralSelectedObjectsAreOneOrMixed)
+{
+    Controller controller;
+    controller.fill({"a", "b", "b"});
+    bool isMixed = false;
+    controller.setSelectionIndexes({1, 2});
+    EXPECT_EQ(controller.valueForSelection(u"name", &isMixed).stringValue(), u"b");
+    EXPECT_FALSE(isMixed);
+    controller.setSelectionIndexes({0, 1});
+    EXPECT_TRUE(controller.valueForSelection(u"name", &isMixed).isNull());
+    EXPECT_TRUE(isMixed);
+    QList<qsizetype> told;
+    QObject::connect(&controller, &ArrayController::objectChanged, [&](qsizetype row) { told << row; });
+    controller.setValueForSelection(Key(u"name"), QStringLiteral("q"));
+    EXPECT_EQ(controller.shown(), u"[q] [q] b");
+    EXPECT_EQ(told, (QList<qsizetype>{0, 1}));
+}
+
+} // namespace

@@ -1,0 +1,453 @@
+#include "foundation/DurableFile.h"
+
+#include "foundation/FaultyFileSystem.h"
+#include "foundation/FileFixture.h"
+
+#include <QRegularExpression>
+
+#include <csignal>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/xattr.h>
+
+using namespace Foundation;
+
+namespace
+{
+
+const QString Name = u"document"_qs;
+const QByteArray Old(3000, 'o');
+const QByteArray New(5000, 'n');
+
+class DurableFile : public FileFixture
+{
+protected:
+    // With everything that a save has to look after. Only the administrator can own a foreign file.
+    void putOldFile()
+    {
+        put(Name, Old, 0640);
+        setxattr(encoded(Name).constData(), "user.origin", "somewhere", 9, 0);
+        EXPECT_EQ(isAdministrator() ? chown(encoded(Name).constData(), 1234, 5678) : 0, 0);
+    }
+
+    FileWriteResult save(FileSystem &files = FileSystem::system())
+    {
+        return writeFileDurably(path(Name), New, files);
+    }
+
+    QList<QByteArray> callsOfASave()
+    {
+        putOldFile();
+        FaultyFileSystem files;
+        EXPECT_EQ(save(files).error, QString());
+        return files.calls;
+    }
+
+    static qsizetype openFiles() { return QDir(u"/proc/self/fd"_qs).entryList(QDir::AllEntries).size(); }
+};
+
+// What may fail without a failed save: closing what was only looked at, the look at the placed file, and
+// whatever is kept as far as permitted.
+bool isTolerated(const QByteArray &call, int error)
+{
+    if (call == "close old" || call == "close folder" || call == "fstatAt placed")
+        return true;
+    const QList<QByteArray> permissions = {"openAt old",    "flistxattr old",   "fgetxattr old", "fchown new",
+                                           "fsetxattr new", "fremovexattr new", "fchmod new"};
+    return error == EACCES && permissions.contains(call);
+}
+
+TEST_F(DurableFile, AnyFailureIsToldAndLeavesAWholeFile)
+{
+    const QList<QByteArray> calls = callsOfASave();
+    for (const int error : {ENOSPC, EIO, EACCES, EDQUOT}) {
+        for (qsizetype n = 0; n < 2 * calls.size(); ++n) {
+            const bool forGood = n >= calls.size();
+            const qsizetype first = n % calls.size();
+            SCOPED_TRACE(calls.at(first).toStdString() + (forGood ? " and all after: " : ": ") +
+                         strerror(error));
+            putOldFile();
+            FaultyFileSystem files;
+            files.before = [&](const QByteArray &, qsizetype number) {
+                return number == first || (forGood && number > first) ? error : 0;
+            };
+            const qsizetype openBefore = openFiles();
+            const FileWriteResult result = save(files);
+            EXPECT_EQ(openFiles(), openBefore);
+
+            const auto tolerated = [&](const QByteArray &call) { return isTolerated(call, error); };
+            const auto lastOrdered = forGood ? calls.end() : calls.begin() + first + 1;
+            EXPECT_EQ(result.succeeded(), std::all_of(calls.begin() + first, lastOrdered, tolerated));
+            const bool isInPlace = first > calls.indexOf("renameAt new") || result.succeeded();
+            EXPECT_EQ(content(Name), isInPlace ? New : Old);
+            EXPECT_EQ(result.identity.has_value(), isInPlace);
+            EXPECT_FALSE(result.error.contains(QRegularExpression(u"[0-9]"_qs)));
+            for (const QString &leftover : temporaryFiles()) {
+                EXPECT_TRUE(forGood && files.calls.contains("unlinkAt new")) << qPrintable(leftover);
+                QFile::remove(path(leftover));
+            }
+        }
+    }
+}
+
+TEST_F(DurableFile, InterruptionsAndSmallPortionsAreOvercome)
+{
+    const QList<QByteArray> calls = callsOfASave();
+    for (qsizetype n = 0; n < calls.size(); ++n) {
+        SCOPED_TRACE(calls.at(n).constData());
+        putOldFile();
+        FaultyFileSystem files;
+        files.largestTransfer = 700;
+        files.before = [&](const QByteArray &, qsizetype number) { return number == n ? EINTR : 0; };
+        EXPECT_EQ(save(files).error, QString());
+        EXPECT_EQ(content(Name), New);
+        EXPECT_EQ(temporaryFiles(), QStringList());
+        // Interrupted or not: a flush that failed is not repeated on the same file.
+        EXPECT_EQ(files.calls.count("fsync new"),
+                  files.calls.count("openAt new") - (calls.at(n) == "openAt new"));
+
+        putOldFile();
+        files.before = [&](const QByteArray &title, qsizetype) { return title == calls.at(n) ? EINTR : 0; };
+        const FileWriteResult result = save(files); // Comes back at all.
+        EXPECT_EQ(content(Name), result.identity ? New : Old);
+    }
+}
+
+TEST_F(DurableFile, AKilledSaveLeavesAWholeFile)
+{
+    bool wasKilled = true;
+    int leftovers = 0;
+    for (qsizetype n = 0; wasKilled; ++n) {
+        SCOPED_TRACE(n);
+        putOldFile();
+        const int ending = inChild([&] {
+            FaultyFileSystem files;
+            const auto die = [n](qsizetype moment) { return moment == n ? raise(SIGKILL) : 0; };
+            files.before = [&](const QByteArray &, qsizetype number) { return die(2 * number); };
+            files.after = [&](const QByteArray &, qsizetype number) { die(2 * number + 1); };
+            files.largestTransfer = 2000;
+            EXPECT_TRUE(save(files).succeeded());
+        });
+        wasKilled = WIFSIGNALED(ending);
+        EXPECT_TRUE(wasKilled || ending == 0);
+        const QByteArray left = content(Name);
+        EXPECT_TRUE(left == Old || left == New);
+        for (const QString &leftover : temporaryFiles()) {
+            static const QRegularExpression pattern(u"^\\.vexarel-[0-9a-f]{16}$"_qs);
+            EXPECT_TRUE(leftover.contains(pattern)) << qPrintable(leftover);
+            QFile::remove(path(leftover));
+            ++leftovers;
+        }
+    }
+    EXPECT_GT(leftovers, 0);
+    EXPECT_EQ(content(Name), New);
+}
+
+TEST_F(DurableFile, ChangesAreFlushedBeforeTheyGetTheNameAndTheNameAfterwards)
+{
+    const QList<QByteArray> calls = callsOfASave();
+    const qsizetype flushed = calls.indexOf("fsync new");
+    const qsizetype renamed = calls.indexOf("renameAt new");
+    for (const char *change : {"write new", "fchown new", "fsetxattr new", "fremovexattr new", "fchmod new"})
+        EXPECT_LT(calls.lastIndexOf(change), flushed) << change;
+    EXPECT_LT(flushed, renamed);
+    EXPECT_GT(calls.indexOf("fsync folder"), renamed);
+
+    // Some file systems keep no folders to flush, and say that the call is invalid.
+    FaultyFileSystem files;
+    files.before = [](const QByteArray &title, qsizetype) { return title == "fsync folder" ? EINVAL : 0; };
+    EXPECT_EQ(save(files).error, QString());
+}
+
+TEST_F(DurableFile, TellsWhatStandsInTheWay)
+{
+    QDir(path()).mkdir(u"folder"_qs);
+    mkfifo(encoded(u"fifo"_qs).constData(), 0600);
+    QFile::link(u"circle"_qs, path(u"circle"_qs));
+    put(u"marked"_qs, Old, 0444);
+    const QString folder = u"The name is that of a folder."_qs;
+    const QString missing = u"The folder does not exist."_qs;
+    const QString badName = u"The name contains characters that a file name cannot have."_qs;
+    const struct
+    {
+        const char *rule;
+        QString name;
+        QString error;
+    } cases[] = {
+        {"a folder", u"folder"_qs, folder},
+        {"a name that ends as a folder's", u"folder/"_qs, folder},
+        {"the folder itself", u"folder/.."_qs, folder},
+        {"a folder below the root", u"/usr"_qs, folder},
+        {"a folder that is not there", u"none/document"_qs, missing},
+        {"a file taken for a folder", u"marked/document"_qs, missing},
+        {"a FIFO", u"fifo"_qs, u"The name is that of a device or another special file."_qs},
+        {"a link to itself", u"circle"_qs, u"The links lead in a circle."_qs},
+        {"marked read-only, for the administrator too", u"marked"_qs, u"The file is read-only."_qs},
+        {"256 bytes", QString(256, u'x'), u"The name is too long."_qs},
+        {"half a surrogate pair", u"x"_qs + QChar(0xD83D), badName},
+        {"a null character", u"x"_qs + QChar(0) + u'y', badName},
+        {"what became of a name that is no UTF-8", u"M\uFFFDller"_qs, badName},
+    };
+    const QStringList before = QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System);
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        const FileWriteResult result = writeFileDurably(path(c.name), New);
+        EXPECT_EQ(result.error, c.error);
+        EXPECT_FALSE(result.identity);
+    }
+    EXPECT_EQ(QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System), before);
+    EXPECT_EQ(content(u"marked"_qs), Old);
+}
+
+TEST_F(DurableFile, TellsOfMissingPermissions)
+{
+    const struct
+    {
+        const char *rule;
+        mode_t folderMode;
+        mode_t fileMode;
+        QString error;
+    } cases[] = {
+        {"a folder to look into only", 0555, 0600, u"The folder is not writable."_qs},
+        {"a folder to write into only", 0333, 0600, u"You do not have permission to open the folder."_qs},
+        {"a folder that is shut", 0600, 0600, u"You do not have permission to open the folder."_qs},
+        {"a file that others alone may write", 0777, 0466, u"The file is read-only."_qs},
+        {"a file to write only", 0777, 0222, {}},
+    };
+    asOrdinaryUser([&] {
+        QDir(path()).mkdir(u"shared"_qs);
+        for (const auto &c : cases) {
+            SCOPED_TRACE(c.rule);
+            const QString name = u"shared/document"_qs;
+            put(name, Old, c.fileMode);
+            chmod(encoded(u"shared"_qs).constData(), c.folderMode);
+            EXPECT_EQ(writeFileDurably(path(name), New).error, c.error);
+            chmod(encoded(u"shared"_qs).constData(), 0777);
+            // What the list of rights says of others is unknown without reading it.
+            EXPECT_EQ(mode(name), c.error.isNull() ? c.fileMode & 0700 : c.fileMode);
+            chmod(encoded(name).constData(), 0600);
+            EXPECT_EQ(content(name), c.error.isNull() ? New : Old);
+        }
+    });
+    if (!isAdministrator())
+        return;
+    put(Name, Old, 0666);
+    chmod(encoded().constData(), 01777);
+    asOrdinaryUser([&] { EXPECT_EQ(save().error, u"You do not have permission to replace the file."_qs); });
+}
+
+TEST_F(DurableFile, FollowsLinksAndTakesAnyName)
+{
+    const QString longName(255, u'x');
+    const QString mangled = u"M\uFFFDller"_qs;
+    QDir::setCurrent(path());
+    QDir(path()).mkdir(u"folder"_qs);
+    for (const QString &name : {u"plain"_qs, longName, mangled, u"folder/real"_qs, u"twin"_qs})
+        put(name, Old);
+    ASSERT_EQ(::link(encoded(u"twin"_qs).constData(), encoded(u"other twin"_qs).constData()), 0);
+    QFile::link(u"folder/second"_qs, path(u"first"_qs));
+    QFile::link(path(u"folder/third"_qs), path(u"folder/second"_qs));
+    QFile::link(u"real"_qs, path(u"folder/third"_qs));
+    QFile::link(u"folder/new"_qs, path(u"dangling"_qs));
+    const struct
+    {
+        const char *rule;
+        QString name;
+        QString real;
+    } cases[] = {
+        {"an existing file", u"plain"_qs, u"plain"_qs},
+        {"a new file", u"fresh"_qs, u"fresh"_qs},
+        {"the longest name", longName, longName},
+        {"a name that really has the replacement character", mangled, mangled},
+        {"a chain of links, each relative to its own folder", u"first"_qs, u"folder/real"_qs},
+        {"a dangling link", u"dangling"_qs, u"folder/new"_qs},
+        {"one of two hard links", u"twin"_qs, u"twin"_qs},
+    };
+    for (const auto &c : cases) {
+        for (const QString &given : {c.name, path(c.name)}) {
+            SCOPED_TRACE(c.rule + std::string(" as ") + qPrintable(given));
+            const bool isLink = QFileInfo(given).isSymLink();
+            const FileWriteResult result = writeFileDurably(given, given.toUtf8());
+            EXPECT_EQ(result.error, QString());
+            EXPECT_EQ(result.identity, identityOfFile(path(c.real)));
+            EXPECT_EQ(content(c.real), given.toUtf8());
+            EXPECT_EQ(QFileInfo(given).isSymLink(), isLink);
+        }
+    }
+    EXPECT_EQ(content(u"other twin"_qs), Old);
+}
+
+TEST_F(DurableFile, KeepsTheModeAndIsPrivateWhenNew)
+{
+    for (const mode_t mask : {0U, 077U, 0777U}) {
+        umask(mask);
+        for (const mode_t kept : {0600U, 0640U, 0604U, 0666U, 0755U}) {
+            put(Name, Old, kept);
+            EXPECT_EQ(save().error, QString());
+            EXPECT_EQ(mode(Name), kept);
+        }
+        QFile::remove(path(Name));
+        EXPECT_EQ(save().error, QString());
+        EXPECT_EQ(mode(Name), 0600U);
+    }
+    put(Name, Old, 06755);
+    EXPECT_EQ(save().error, QString());
+    EXPECT_EQ(mode(Name), 0755U) << "a document runs as nobody";
+}
+
+TEST_F(DurableFile, NobodyGainsRightsWhenTheGroupIsLost)
+{
+    if (!isAdministrator())
+        GTEST_SKIP() << "only the administrator can make a file of somebody else";
+    const struct
+    {
+        mode_t before;
+        mode_t after;
+    } cases[] = {
+        {0600, 0600}, {0640, 0600}, {0604, 0600}, {0664, 0644}, {0666, 0666}, {0627, 0622},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.before);
+        putOldFile();
+        chmod(encoded(Name).constData(), c.before);
+        EXPECT_EQ(save().error, QString());
+        EXPECT_EQ(mode(Name), c.before);
+        EXPECT_EQ(status(Name).st_uid, 1234U);
+        EXPECT_EQ(status(Name).st_gid, 5678U);
+
+        FaultyFileSystem files;
+        files.before = [](const QByteArray &title, qsizetype) { return title == "fchown new" ? EPERM : 0; };
+        EXPECT_EQ(save(files).error, QString());
+        EXPECT_EQ(mode(Name), c.after);
+    }
+}
+
+// The binary form of access lists (linux/posix_acl_xattr.h): owner and others as in mode 0640, user 12345 may
+// read and write as far as the upper bound, 4, allows, and the group nothing.
+const QByteArray AccessList = QByteArray::fromHex("02000000"
+                                                  "01000600ffffffff"
+                                                  "0200060039300000"
+                                                  "04000000ffffffff"
+                                                  "10000400ffffffff"
+                                                  "20000000ffffffff");
+
+QByteArray attribute(const QByteArray &path, const char *name)
+{
+    char value[256];
+    const ssize_t size = getxattr(path.constData(), name, value, sizeof value);
+    return size < 0 ? QByteArray() : QByteArray(value, size);
+}
+
+TEST_F(DurableFile, KeepsAccessListsAndAttributes)
+{
+    const char List[] = "system.posix_acl_access";
+    const char FolderList[] = "system.posix_acl_default";
+    const QByteArray file = encoded(Name);
+    const auto set = [](const QByteArray &path, const char *name, const QByteArray &value) {
+        return setxattr(path.constData(), name, value.constData(), std::size_t(value.size()), 0) == 0;
+    };
+    putOldFile();
+    if (!set(file, List, AccessList) || !set(file, "user.origin", "somewhere"))
+        GTEST_SKIP() << "the temporary folder is on a file system without access lists or attributes";
+    set(file, "security.proof", "of the old content"); // For the administrator only.
+    EXPECT_EQ(save().error, QString());
+    EXPECT_EQ(attribute(file, "security.proof"), QByteArray());
+    EXPECT_EQ(attribute(file, List), AccessList);
+    EXPECT_EQ(attribute(file, "user.origin"), "somewhere");
+    EXPECT_EQ(mode(Name), 0640U);
+
+    FaultyFileSystem files;
+    files.before = [](const QByteArray &title, qsizetype) { return title == "fsetxattr new" ? EPERM : 0; };
+    EXPECT_EQ(save(files).error, QString());
+    EXPECT_EQ(mode(Name), 0600U) << "the bound of the list must not become the right of the group";
+
+    putOldFile();
+    ASSERT_TRUE(set(encoded(), FolderList, AccessList));
+    EXPECT_EQ(save().error, QString());
+    EXPECT_EQ(mode(Name), 0640U);
+    EXPECT_EQ(attribute(file, List), QByteArray())
+        << "the folder must not give rights that the old file did not";
+}
+
+TEST_F(DurableFile, NoticesOtherPrograms)
+{
+    const QByteArray theirs(3000, 't');
+    const QString interference = u"Another program changed the file while it was being saved."_qs;
+    const auto change = [&] { put(Name, theirs); };
+    const auto remove = [&] { QFile::remove(path(Name)); };
+    const auto replace = [&] {
+        put(u"other"_qs, theirs);
+        rename(encoded(u"other"_qs).constData(), encoded(Name).constData());
+    };
+    const struct
+    {
+        const char *rule;
+        bool isNew;
+        const char *when;
+        std::function<void()> act;
+        QString error;
+        QByteArray content;
+    } cases[] = {
+        {"changed in place", false, "fsync new", change, interference, theirs},
+        {"replaced", false, "fsync new", replace, interference, theirs},
+        {"created", true, "fsync new", change, interference, theirs},
+        {"removed", false, "fsync new", remove, {}, New},
+        {"replaced at once after the save", false, "renameAt new", replace, {}, theirs},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        putOldFile();
+        if (c.isNew)
+            remove();
+        FaultyFileSystem files;
+        files.after = [&](const QByteArray &title, qsizetype) { title == c.when ? c.act() : void(); };
+        const FileWriteResult result = save(files);
+        EXPECT_EQ(result.error, c.error);
+        EXPECT_EQ(content(Name), c.content);
+        EXPECT_EQ(result.identity == identityOfFile(path(Name)), c.content == New);
+    }
+}
+
+TEST_F(DurableFile, AFullDiskKeepsTheOldFileUntilThereIsRoomAgain)
+{
+    if (!isAdministrator())
+        GTEST_SKIP() << "only the administrator can mount a disk of 16 KiB";
+    constexpr int NoMount = 77;
+    const int ending = inChild([&] {
+        // Seen by this child alone, and gone with it.
+        const QByteArray disk = encoded();
+        if (unshare(CLONE_NEWNS) < 0 || mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) < 0 ||
+            mount("none", disk.constData(), "tmpfs", 0, "size=16k") < 0)
+            _exit(NoMount);
+        put(Name, Old);
+        put(u"ballast"_qs, QByteArray(8192, 'b'));
+        EXPECT_EQ(save().error, u"The disk is full."_qs);
+        EXPECT_EQ(content(Name), Old);
+        EXPECT_EQ(temporaryFiles(), QStringList());
+        QFile::remove(path(u"ballast"_qs));
+        EXPECT_EQ(save().error, QString());
+        EXPECT_EQ(content(Name), New);
+        mount("none", disk.constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr);
+        EXPECT_EQ(save().error, u"The disk is read-only."_qs);
+    });
+    if (WIFEXITED(ending) && WEXITSTATUS(ending) == NoMount)
+        GTEST_SKIP() << "mounting is not allowed here";
+    EXPECT_EQ(ending, 0);
+}
+
+TEST_F(DurableFile, TheLimitOfTheProcessIsTold)
+{
+    putOldFile();
+    const int ending = inChild([&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit fourKiB = {4096, 4096};
+        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &fourKiB), 0);
+        EXPECT_EQ(save().error, u"The file is too large for this disk."_qs);
+    });
+    EXPECT_EQ(ending, 0);
+    EXPECT_EQ(content(Name), Old);
+    EXPECT_EQ(temporaryFiles(), QStringList());
+}
+
+} // namespace

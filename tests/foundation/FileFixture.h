@@ -1,0 +1,98 @@
+#pragma once
+
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <functional>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+// A folder that every user may use, and the verbs of tests about files in it. A name in it is a path from the
+// folder on; absolute paths stay as they are.
+class FileFixture : public testing::Test
+{
+protected:
+    FileFixture() { chmod(qPrintable(m_folder.path()), 0777); }
+    ~FileFixture() override
+    {
+        umask(m_umask);
+        QDir::setCurrent(m_current);
+    }
+
+    QString path(const QString &name = {}) const { return QDir(m_folder.path()).filePath(name); }
+    QByteArray encoded(const QString &name = {}) const { return QFile::encodeName(path(name)); }
+
+    // Writes in place, by other means than those under test.
+    void put(const QString &name, const QByteArray &bytes, mode_t mode = 0600)
+    {
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(bytes), bytes.size());
+        file.close();
+        ASSERT_EQ(chmod(encoded(name).constData(), mode), 0);
+    }
+
+    QByteArray content(const QString &name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    struct stat status(const QString &name) const
+    {
+        struct stat status = {};
+        EXPECT_EQ(stat(encoded(name).constData(), &status), 0);
+        return status;
+    }
+    mode_t mode(const QString &name) const { return status(name).st_mode & 07777; }
+
+    QStringList temporaryFiles() const
+    {
+        return QDir(m_folder.path()).entryList({QStringLiteral(".vexarel-*")}, QDir::Files | QDir::Hidden);
+    }
+
+    static bool isAdministrator() { return geteuid() == 0; }
+
+    // Runs `body` in a child process, where it may give up privileges or get killed. The result is how the
+    // child ended, as waitpid tells it: 0 if no expectation failed in it.
+    static int inChild(const std::function<void()> &body)
+    {
+        fflush(stdout);
+        const pid_t child = fork();
+        if (child == 0) {
+            body();
+            fflush(stdout);
+            _exit(HasFailure() ? 1 : 0);
+        }
+        int ending = -1;
+        waitpid(child, &ending, 0);
+        return ending;
+    }
+
+    // Permissions do not bind the administrator: with that user, runs `body` as another one.
+    static void asOrdinaryUser(const std::function<void()> &body)
+    {
+        constexpr id_t Nobody = 65534;
+        if (!isAdministrator()) {
+            body();
+            return;
+        }
+        const int ending = inChild([&] {
+            ASSERT_TRUE(setgid(Nobody) == 0 && setuid(Nobody) == 0);
+            body();
+        });
+        EXPECT_EQ(ending, 0);
+    }
+
+private:
+    QTemporaryDir m_folder;
+    const mode_t m_umask = umask(022);
+    const QString m_current = QDir::currentPath();
+};

@@ -1,0 +1,328 @@
+#include "foundation/PropertyList.h"
+
+#include "foundation/Array.h"
+#include "foundation/Dictionary.h"
+#include "support/Describe.h"
+#include "support/Printers.h"
+#include "support/PropertyListBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace Foundation;
+
+namespace
+{
+
+QByteArray hex(const char *digits)
+{
+    return QByteArray::fromHex(digits);
+}
+
+// The bytes of single objects as the public format defines them. Written are the shortest forms.
+struct ObjectCase
+{
+    const char *rule;
+    const char *bytes;
+    const char *description;
+    bool isWritten = true;
+};
+
+const ObjectCase objectCases[] = {
+    {"false", "08", "false"},
+    {"true", "09", "true"},
+    {"one byte has no sign", "10ff", "i64:255"},
+    {"zero", "1000", "i64:0"},
+    {"zero in eight bytes", "130000000000000000", "i64:0", false},
+    {"two bytes have no sign", "11ffff", "i64:65535"},
+    {"four bytes have no sign", "12ffffffff", "i64:4294967295"},
+    {"eight bytes have one", "13ffffffffffffffff", "i64:-1"},
+    {"smallest", "138000000000000000", "i64:-9223372036854775808"},
+    {"largest signed", "137fffffffffffffff", "i64:9223372036854775807"},
+    {"2^63 takes sixteen bytes", "1400000000000000008000000000000000", "u64:9223372036854775808"},
+    {"largest unsigned", "140000000000000000ffffffffffffffff", "u64:18446744073709551615"},
+    {"small in sixteen bytes", "1400000000000000000000000000000005", "i64:5", false},
+    {"negative in sixteen bytes", "14fffffffffffffffffffffffffffffffe", "i64:-2", false},
+    {"32-bit real", "22bf800000", "f32:-0x1p+0"},
+    {"64-bit real", "233ff8000000000000", "f64:0x1.8p+0"},
+    {"minus zero", "238000000000000000", "f64:-0x0p+0"},
+    {"32-bit minus zero", "2280000000", "f32:-0x0p+0"},
+    {"infinity", "237ff0000000000000", "f64:inf"},
+    {"32-bit minus infinity", "22ff800000", "f32:-inf"},
+    {"no number", "237ff8000000000000", "f64:nan"},
+    {"denormal", "230000000000000001", "f64:0x0.0000000000001p-1022"},
+    {"date", "3341bc6d4a80000000", "date:0x1.c6d4a8p+28"},
+    {"date before 2001 with a fraction", "33bfe0000000000000", "date:-0x1p-1"},
+    {"empty data", "40", "<>"},
+    {"data", "42ff00", "<ff00>"},
+    {"fifteen bytes need a long count", "4f100f000102030405060708090a0b0c0d0e",
+     "<000102030405060708090a0b0c0d0e>"},
+    {"empty text", "50", "\"\""},
+    {"fourteen characters", "5e3031323334353637383961626364", "\"0123456789abcd\""},
+    {"fifteen", "5f100f303132333435363738396162636465", "\"0123456789abcde\""},
+    {"a count of eight bytes", "5f13000000000000000361626300", "\"abc\"", false},
+    {"NUL inside", "53610062", "\"a\\u0000b\""},
+    {"line ends stay", "530d0a0d", "\"\\u000d\\u000a\\u000d\""},
+    {"the null object's name is a text", "55246e756c6c", "\"$null\""},
+    {"seven units", "6700e9002000200020002000200020", "\"\\u00e9      \""},
+    {"eight units", "6800e900200020002000200020002000ff", "\"\\u00e9      \\u00ff\""},
+    {"ASCII in units", "6200610062", "\"ab\"", false},
+    {"lone surrogates", "63d800dc01d800", "\"\\ud800\\udc01\\ud800\""},
+    {"a leading U+FEFF is text", "62feff0061", "\"\\ufeffa\""},
+    {"letters stay decomposed", "6200650301", "\"e\\u0301\""},
+    {"UID", "8105ff", "{CF$UID=i64:1535}"},
+    {"UID of eight bytes", "870000000100000000", "{CF$UID=i64:4294967296}"},
+    {"UID of three", "82010000", "{CF$UID=i64:65536}", false},
+    {"empty list", "a0", "[]"},
+    {"empty dictionary", "d0", "{}"},
+    {"the format's null is no value", "00", "refused", false},
+    {"fill byte", "0f", "refused", false},
+    {"ASCII beyond ASCII", "5161e9", "\"a\"", false},
+    {"no ASCII", "51e9", "refused", false},
+    {"integer of 32 bytes", "150000000000000000000000000000000000000000000000000000000000000000", "refused",
+     false},
+    {"integer beyond 64 bits", "1400000000000000010000000000000000", "refused", false},
+    {"negative beyond 64 bits", "14ffffffffffffffff0000000000000000", "refused", false},
+    {"real of two bytes", "213c00", "refused", false},
+    {"date of four bytes", "3200000000", "refused", false},
+    {"set", "c0", "refused", false},
+    {"UID of nine bytes", "88000000000000000001", "refused", false},
+    {"UID of sixteen bytes", "8f00000000000000000000000000000001", "refused", false},
+    {"cut number", "13000000", "refused", false},
+    {"cut text", "5461", "refused", false},
+    {"cut units", "61e9", "refused", false},
+    {"a long count that is no integer", "5f220000000061", "refused", false},
+    {"a long count of sixteen bytes",
+     "5f1400000000000000000000000000000001"
+     "61",
+     "refused", false},
+    {"a count far beyond the file", "4f13ffffffffffffffff", "refused", false},
+    {"a list longer than the file", "af137fffffffffffffff", "refused", false},
+    {"twice the pairs would wrap to few", "df138000000000000001", "refused", false},
+};
+
+TEST(BinaryPropertyList, ReadsAndWritesEachSortOfObject)
+{
+    for (const auto &c : objectCases) {
+        SCOPED_TRACE(c.rule);
+        PropertyListBuilder list;
+        list.add(hex(c.bytes));
+        const auto value = readPropertyList(list.bytes(0));
+        EXPECT_EQ(describe(value), c.description);
+        if (c.isWritten && value) {
+            PropertyListBuilder expected;
+            expected.referenceSize = expected.offsetSize = 1;
+            expected.add(hex(c.bytes));
+            EXPECT_EQ(writeBinaryPropertyList(*value), expected.bytes(0));
+        }
+    }
+}
+
+TEST(BinaryPropertyList, ReadsReferencesAndOffsetsOfEveryWidth)
+{
+    for (int width = 1; width <= 8; ++width) {
+        for (int other = 1; other <= 8; ++other) {
+            PropertyListBuilder list;
+            list.referenceSize = width;
+            list.offsetSize = other;
+            const auto key = list.ascii("key");
+            const auto number = list.integer(5, 1);
+            const auto inner = list.array({number, key, number});
+            const auto top = list.dictionary({key}, {inner});
+            EXPECT_EQ(describe(readPropertyList(list.bytes(top))), "{key=[i64:5 \"key\" i64:5]}");
+        }
+    }
+}
+
+// The file says how wide its numbers are, how many objects it has, which is on top and where the offsets
+// stand.
+TEST(BinaryPropertyList, RefusesATrailerThatLies)
+{
+    PropertyListBuilder list;
+    const auto text = list.ascii("text");
+    const QByteArray good = list.bytes(list.array({text}));
+    ASSERT_EQ(describe(readPropertyList(good)), "[\"text\"]");
+    const auto objectsEnd = quint64(good.size() - 32 - 8);
+    const struct
+    {
+        int fromEnd;
+        int size;
+        quint64 value;
+    } lies[] = {
+        {26, 1, 0},
+        {26, 1, 9},
+        {26, 1, 255},
+        {25, 1, 0},
+        {25, 1, 9},
+        {25, 1, 4},
+        {24, 8, 0},
+        {24, 8, 1},
+        {24, 8, 3},
+        {24, 8, 1ULL << 60},
+        {24, 8, 1ULL << 62},
+        {24, 8, ~0ULL},
+        {16, 8, 2},
+        {16, 8, ~0ULL},
+        {8, 8, 0},
+        {8, 8, 7},
+        {8, 8, objectsEnd + 1},
+        {8, 8, ~0ULL},
+        {8, 8, quint64(good.size())},
+    };
+    for (const auto &lie : lies) {
+        QByteArray bytes = good;
+        bytes.replace(bytes.size() - lie.fromEnd, lie.size,
+                      PropertyListBuilder::bigEndian(lie.value, lie.size));
+        EXPECT_EQ(describe(readPropertyList(bytes)), "refused") << lie.fromEnd << ' ' << lie.value;
+    }
+    for (const quint64 offset : {0ULL, 7ULL, (unsigned long long)objectsEnd, 0xFFFFFFFFULL}) {
+        list.offsets[text] = offset;
+        EXPECT_EQ(describe(readPropertyList(list.bytes(1))), "refused") << offset;
+    }
+}
+
+TEST(BinaryPropertyList, SharesWhatTheFileShares)
+{
+    PropertyListBuilder list;
+    const auto text = list.ascii("a text that is longer than a value");
+    const auto inner = list.array({text, text});
+    const auto value = readPropertyList(list.bytes(list.array({inner, inner, text})));
+    ASSERT_TRUE(value);
+    const auto outer = value->array();
+    EXPECT_EQ(outer->at(0), outer->at(1));
+    EXPECT_EQ(outer->at(0).array()->at(0).sharedObject(), outer->at(2).sharedObject());
+    // Two of them and the text, written once each.
+    EXPECT_EQ(writeBinaryPropertyList(*value).count("a text"), 1);
+    EXPECT_EQ(describe(readPropertyList(writeBinaryPropertyList(*value))), describe(value));
+}
+
+TEST(BinaryPropertyList, WritesNullsAsTexts)
+{
+    const auto dictionary = Dictionary::create();
+    dictionary->setValue(u"", Value::archivedNull());
+    const Value list(Array::create({Value(), Value(dictionary)}));
+    EXPECT_EQ(describe(readPropertyList(writeBinaryPropertyList(list))), "[\"$null\" {=\"$null\"}]");
+}
+
+QByteArray xml(const QByteArray &content)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+           "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">" +
+           content + "</plist>\n";
+}
+
+TEST(XmlPropertyList, ReadsEachElement)
+{
+    const struct
+    {
+        const char *content;
+        const char *description;
+    } cases[] = {
+        {"<string/>", "\"\""},
+        {"<string> a &lt;&amp;&#65;\r\n</string>", "\" a <&A\\u000a\""},
+        {"<string>\xF0\x9F\x98\x80</string>", "\"\\ud83d\\ude00\""},
+        {"<string>a<!-- - -->b<![CDATA[<c>&d;]]><?e?></string>", "\"ab<c>&d;\""},
+        {"<integer> -5 </integer>", "i64:-5"},
+        {"<integer>+7</integer>", "i64:7"},
+        {"<integer>007</integer>", "i64:7"},
+        {"<integer>0xfF</integer>", "i64:255"},
+        {"<integer>18446744073709551615</integer>", "u64:18446744073709551615"},
+        {"<integer>0x8000000000000000</integer>", "u64:9223372036854775808"},
+        {"<integer>18446744073709551616</integer>", "refused"},
+        {"<integer>1.5</integer>", "refused"},
+        {"<integer/>", "refused"},
+        {"<real>-1.5e0</real>", "f64:-0x1.8p+0"},
+        {"<real> NaN </real>", "f64:nan"},
+        {"<real>+Infinity</real>", "f64:inf"},
+        {"<real>-inf</real>", "f64:-inf"},
+        {"<real>1,5</real>", "refused"},
+        {"<real/>", "refused"},
+        {"<true/>", "true"},
+        {"<false></false>", "false"},
+        {"<date>2001-01-01T00:00:10Z</date>", "date:0x1.4p+3"},
+        {"<date>2000-12-31T23:59:59Z</date>", "date:-0x1p+0"},
+        {"<date>2001-01-01T00:00:10</date>", "date:0x1.4p+3"},
+        {"<date>2001-02-30T00:00:00Z</date>", "refused"},
+        {"<data>\n\tAQ ID\r\n\tBA==\n</data>", "<01020304>"},
+        {"<data>AQIDBA</data>", "<01020304>"},
+        {"<data/>", "<>"},
+        {"<data>A?</data>", "refused"},
+        {"<data>\xC3\xA9</data>", "refused"},
+        {"<array> <true/><array/>\n<dict/></array>", "[true [] {}]"},
+        {"<dict><key>b</key><true/><key/><integer>1</integer></dict>", "{b=true =i64:1}"},
+        {"<dict><key>a</key><true/><key>a</key><false/></dict>", "{a=false}"},
+        {"<dict><key>CF$UID</key><integer>3</integer></dict>", "{CF$UID=i64:3}"},
+        {"<dict><key>a</key></dict>", "refused"},
+        {"<dict><key>a</key><key>b</key><true/></dict>", "refused"},
+        {"<dict><true/></dict>", "refused"},
+        {"<dict>a<key>a</key><true/></dict>", "refused"},
+        {"<array><key>a</key></array>", "refused"},
+        {"<key>a</key>", "refused"},
+        {"<string><true/></string>", "refused"},
+        {"<array><string>a</array></string>", "refused"},
+        {"<array>", "refused"},
+        {"<set/>", "refused"},
+        {"<true/><true/>", "refused"},
+        {"<plist><true/></plist>", "refused"},
+        {"", "refused"},
+        {"<string>a&undeclared;b</string>", "refused"},
+        {"<array>&undeclared;</array>", "refused"},
+        {"<string>&#0;</string>", "refused"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(describe(readPropertyList(xml(c.content))), c.description) << c.content;
+    EXPECT_EQ(describe(readPropertyList("<plist><true/></plist>")), "true");
+    EXPECT_EQ(describe(readPropertyList("<true/>")), "refused");
+    EXPECT_EQ(describe(readPropertyList("")), "refused");
+    EXPECT_EQ(describe(readPropertyList(xml("<true/>") + "more")), "refused");
+}
+
+TEST(XmlPropertyList, FollowsTheDeclaredEncoding)
+{
+    const QString text =
+        u"<?xml version=\"1.0\" encoding=\"UTF-16\"?><plist><string>\u00fc</string></plist>"_qs;
+    QByteArray bytes = "\xFF\xFE";
+    bytes.append(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
+    EXPECT_EQ(describe(readPropertyList(bytes)), "\"\\u00fc\"");
+    EXPECT_EQ(describe(readPropertyList("\xEF\xBB\xBF<plist><string>\xC3\xBC</string></plist>")),
+              "\"\\u00fc\"");
+    EXPECT_EQ(describe(readPropertyList("<plist><string>\xFC</string></plist>")), "refused");
+}
+
+TEST(XmlPropertyList, RefusesEntitiesOfItsOwn)
+{
+    QByteArray laughs = "<!DOCTYPE plist [<!ENTITY a0 \"ha\">";
+    for (int i = 1; i < 30; ++i) {
+        const QByteArray former = "&a" + QByteArray::number(i - 1) + ';';
+        laughs += "<!ENTITY a" + QByteArray::number(i) + " \"" + former + former + "\">";
+    }
+    const QByteArray cases[] = {
+        "<!DOCTYPE plist [<!ENTITY a \"b\">]><plist><string>&a;</string></plist>",
+        "<!DOCTYPE plist [<!ENTITY a \"b\">]><plist><string>unused</string></plist>",
+        "<!DOCTYPE plist [<!ENTITY a SYSTEM \"file:///etc/hostname\">]><plist><string>&a;</string></plist>",
+        "<!DOCTYPE plist [<!ENTITY % a \"<!ENTITY b 'c'>\"> %a;]><plist><string>&b;</string></plist>",
+        laughs + "]><plist><string>&a29;</string></plist>",
+    };
+    for (const QByteArray &bytes : cases)
+        EXPECT_EQ(describe(readPropertyList(bytes)), "refused") << bytes.left(80).constData();
+}
+
+TEST(PropertyList, ReadsFiveHundredTwelveLevelsAndNoMore)
+{
+    for (const int depth : {512, 513, 200'000}) {
+        PropertyListBuilder list;
+        list.referenceSize = 4;
+        auto top = list.array({});
+        for (int i = 1; i < depth; ++i)
+            top = list.array({top});
+        const bool isRead = depth <= 512;
+        EXPECT_EQ(readPropertyList(list.bytes(top)).has_value(), isRead) << depth;
+        const QByteArray nested =
+            QByteArray("<array>").repeated(depth) + QByteArray("</array>").repeated(depth);
+        EXPECT_EQ(readPropertyList(xml(nested)).has_value(), isRead) << depth;
+    }
+}
+
+} // namespace
