@@ -1,0 +1,98 @@
+#include "helpers/VLAppSupportUtility.h"
+
+#include "support/Printers.h"
+#include "support/TestServices.h"
+
+#include <gtest/gtest.h>
+
+#include <QSysInfo>
+
+using Foundation::Alert;
+
+TEST(ReleaseString, ReadsTheDigitsInGroups)
+{
+    const struct
+    {
+        const char *rule;
+        qint64 release;
+        QString text;
+    } cases[] = {
+        {"this release", VLAppSupportUtility::ApplicationRelease, u"3.6.2"_qs},
+        {"a patch of 0 is cut", 30600, u"3.6"_qs},
+        {"but not a minor of 0 behind it", 100000, u"10.0"_qs},
+        {"two digits each", 31210, u"3.12.10"_qs},
+        {"four digits keep the zero of the patch", 1203, u"1.2.03"_qs},
+        {"four digits are not cut", 1200, u"1.2.00"_qs},
+        {"three digits are none", 999, u""_qs},
+        {"a sign counts as a character", -10203, u"-1.2.3"_qs},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        EXPECT_EQ(VLAppSupportUtility::calcReleaseString(c.release), c.text);
+    }
+}
+
+TEST(SupportActions, OpenTheMakersPages)
+{
+    RecordingWorkspace workspace;
+    VLAppSupportUtility::visitUs(nullptr);
+    VLAppSupportUtility::visitAppUrl(nullptr);
+    VLAppSupportUtility::visitTwitter(nullptr);
+    const QString pages =
+        u"https://www.brightmoor-labs.example/ https://www.brightmoor-labs.example/vexarel/ "
+        u"https://social.brightmoor-labs.example/@brightmoor"_qs;
+    EXPECT_EQ(workspace.openedUrls.join(u' '), pages);
+}
+
+TEST(SupportActions, BeginAMailWithReleaseAndSystem)
+{
+    RecordingWorkspace workspace;
+    VLAppSupportUtility::emailUs(nullptr);
+    ASSERT_EQ(workspace.openedUrls.size(), 1);
+    const QString address = workspace.openedUrls.first();
+    const QString beginning =
+        u"mailto:support@brightmoor-labs.example?subject=Support%20Request%20for%20Vexarel%20"
+        u"rel.%203.6.2%20-%20macOS%20"_qs;
+    ASSERT_TRUE(address.startsWith(beginning)) << qPrintable(address);
+    EXPECT_EQ(QUrl::fromPercentEncoding(address.mid(beginning.size()).toLatin1()),
+              QSysInfo::prettyProductName());
+}
+
+TEST(NewerDataAlerts, OfferTheLastVersion)
+{
+    const struct
+    {
+        bool (*say)(QObject *);
+        QString message, informativeText;
+    } cases[] = {
+        {VLAppSupportUtility::sayFilecreatedWithANewerVersion,
+         u"The document you requested to open was created with a more recent version of this application"_qs,
+         u"To open this file you need a release of this application equal or successive to the one used to "
+         u"create "
+         u"this file.\n\nProbably you are using an outdated release.\nYou can download for free the last "
+         u"version of "
+         u"this application from our site"_qs},
+        {VLAppSupportUtility::dataIn_ApplicationSupportFolder_CreatedWithANewerVersion,
+         u"Data file the software tryed to open from the Application Support folder was created with a more "
+         u"recent "
+         u"version of this application"_qs,
+         u"You need a release of this application equal or successive to the one used to create this data "
+         u"file.\n\n"
+         u"Please use a more recent version of this application"_qs},
+    };
+    for (const auto &c : cases) {
+        RecordingWorkspace workspace;
+        ScriptedModalAlerts alerts;
+        alerts.nextAnswers = {Alert::SecondButtonReturn, Alert::FirstButtonReturn};
+        EXPECT_FALSE(c.say(nullptr));
+        EXPECT_TRUE(workspace.openedUrls.isEmpty());
+        EXPECT_TRUE(c.say(nullptr));
+        EXPECT_EQ(workspace.openedUrls, QStringList(u"https://www.brightmoor-labs.example/"_qs));
+
+        const Alert &alert = alerts.shown.first();
+        EXPECT_EQ(alert.message, c.message);
+        EXPECT_EQ(alert.informativeText, c.informativeText);
+        EXPECT_EQ(alert.buttons, QStringList({u"Go to Download Last Version"_qs, u"Cancel"_qs}));
+        EXPECT_EQ(alert.style, Alert::Style::Warning);
+    }
+}

@@ -1,0 +1,43 @@
+#include "helpers/VLDateTagElaborated.h"
+
+#include "helpers/HelperTransformers.h"
+#include "support/Printers.h"
+#include "support/TestServices.h"
+
+#include <gtest/gtest.h>
+
+TEST(DateTags, AreReplacedByThePresentMoment)
+{
+    const ManualClock clock(QDateTime(QDate(2123, 2, 9), QTime(15, 4, 6)));
+    const struct
+    {
+        const char *rule;
+        QString text, replaced;
+    } cases[] = {
+        {"each tag", u"<yy>|<YY>|<mm>|<dd>|<hh>|<ii>|<ss>"_qs, u"23|2123|02|09|15|04|06"_qs},
+        {"everywhere", u"<dd><dd> <dd>"_qs, u"0909 09"_qs},
+        {"letter case counts", u"<Yy><MM><DD><hH><II>"_qs, u"<Yy><MM><DD><hH><II>"_qs},
+        {"no tag", u"yy <y> < yy> <yy"_qs, u"yy <y> < yy> <yy"_qs},
+        {"brackets around a tag", u"<<yy>>"_qs, u"<23>"_qs},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        EXPECT_EQ(VLDateTagElaborated().transformedValue(c.text).stringValue(), c.replaced);
+    }
+}
+
+TEST(DateTags, MakeAnEmptyTextOfNothing)
+{
+    for (const Foundation::Value &value : {Foundation::Value(), Foundation::Value(7)})
+        EXPECT_EQ(VLDateTagElaborated().transformedValue(value), Foundation::Value(u""_qs));
+}
+
+TEST(DateTags, AreReachedByTheNameOfTheClass)
+{
+    registerHelperTransformers();
+    auto &registry = Foundation::ValueTransformerRegistry::shared();
+    const auto transformer = registry.valueTransformerForName(u"VLDateTagElaborated"_qs);
+    ASSERT_TRUE(transformer);
+    EXPECT_EQ(transformer->transformedValue(u"<YY"_qs).stringValue(), u"<YY"_qs);
+    EXPECT_FALSE(transformer->allowsReverseTransformation());
+}

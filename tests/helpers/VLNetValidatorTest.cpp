@@ -1,0 +1,110 @@
+#include "helpers/VLNetValidator.h"
+
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QRegularExpression>
+
+#include <random>
+
+namespace
+{
+
+using Validator = bool (*)(const QString &);
+constexpr Validator Email = VLNetValidator::isValidEmail;
+constexpr Validator Emails = VLNetValidator::isValidEmailAlsoMultiple;
+constexpr Validator Domain = VLNetValidator::isValidDomain;
+constexpr Validator Numeric = VLNetValidator::isNumericDomain;
+
+} // namespace
+
+TEST(NetValidator, JudgesByItsPatterns)
+{
+    const struct
+    {
+        const char *rule;
+        Validator isValid;
+        QString text;
+        bool valid;
+    } cases[] = {
+        {"an address", Email, u"anna.b+c%d_e-f@mail.example.org"_qs, true},
+        {"blanks around it", Email, u"  a@b.co "_qs, true},
+        {"no other whitespace", Email, u"a@b.co\n"_qs, false},
+        {"the whole text", Email, u"Anna <a@b.co>"_qs, false},
+        {"six letters on top", Email, u"a@b.museum"_qs, true},
+        {"seven letters on top", Email, u"a@b.museums"_qs, false},
+        {"one letter on top", Email, u"a@b.c"_qs, false},
+        {"dots in a row", Email, u"..@..b..co"_qs, true},
+        {"null", Email, QString(), false},
+        {"several", Emails, u"a@b.co, c@d.org "_qs, true},
+        {"empty pieces", Emails, u",a@b.co,,"_qs, true},
+        {"a piece of blanks", Emails, u"a@b.co, "_qs, false},
+        {"one bad piece", Emails, u"a@b.co,c"_qs, false},
+        {"nothing at all", Emails, u""_qs, true},
+        {"a domain", Domain, u" www.a--b.Example-1.org "_qs, true},
+        {"a hyphen at an end", Domain, u"a-.org"_qs, false},
+        {"a final dot", Domain, u"a.org."_qs, false},
+        {"a line end behind it", Domain, u"a.org\n"_qs, false},
+        {"four numbers", Numeric, u" 127.10.00.999 "_qs, true},
+        {"a group of one digit", Numeric, u"127.0.10.10"_qs, false},
+        {"a digit of another script", Numeric, u"12.12.12.1\u0661"_qs, false},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        EXPECT_EQ(c.isValid(c.text), c.valid);
+    }
+}
+
+TEST(NetValidator, EqualsThePublishedPatterns)
+{
+    const struct
+    {
+        Validator isValid;
+        QStringView pattern;
+        QString pieces;
+    } cases[] = {
+        {Email, VLNetValidator::EmailPattern, u"a Z9 . - @ @ .co _ \n"_qs},
+        {Domain, VLNetValidator::DomainPattern, u"a bC 7 - . .org _ \n"_qs},
+        {Numeric, VLNetValidator::NumericDomainPattern, u"1 29 300 . .45 .45 .45 a"_qs},
+    };
+    std::mt19937 random(30602);
+    for (const auto &c : cases) {
+        const QRegularExpression expression(QRegularExpression::anchoredPattern(c.pattern));
+        const QStringList pieces = c.pieces.split(u' ');
+        int matches = 0;
+        for (int round = 0; round < 20000; ++round) {
+            QString text;
+            for (auto length = random() % 9; length > 0; --length)
+                text += pieces.at(qsizetype(random() % std::size_t(pieces.size())));
+            const bool expected = expression.match(text).hasMatch();
+            matches += expected;
+            ASSERT_EQ(c.isValid(text), expected) << qPrintable(text);
+        }
+        EXPECT_GT(matches, 100) << "too few texts that match prove little";
+    }
+}
+
+// An engine that gives up answers false, so the valid texts show that these were judged to their end.
+TEST(NetValidator, JudgesHostileLengths)
+{
+    constexpr qsizetype Length = 100000;
+    const struct
+    {
+        const char *rule;
+        Validator isValid;
+        QString body, validEnd, invalidEnd;
+    } cases[] = {
+        {"one mailbox", Email, QString(Length, u'a'), u"@b.co"_qs, u"@b"_qs},
+        {"tops in a row", Email, u"a@"_qs + u"b.cccccc"_qs.repeated(Length), u".co"_qs, u"!"_qs},
+        {"hyphens", Domain, u"a-"_qs.repeated(Length), u"a.org"_qs, u".org"_qs},
+        {"hyphens in a row", Domain, u"a"_qs + QString(Length, u'-'), u"a.org"_qs, u".org"_qs},
+        {"labels", Domain, u"a."_qs.repeated(Length), u"org"_qs, u"o"_qs},
+        {"one number", Numeric, QString(Length, u'2'), u".10.10.10"_qs, u".10.10"_qs},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        EXPECT_TRUE(c.isValid(c.body + c.validEnd));
+        EXPECT_FALSE(c.isValid(c.body + c.invalidEnd));
+    }
+}
