@@ -1,0 +1,170 @@
+#include "core/DecryptPipeline.h"
+
+#include "core/FileLayout.h"
+#include "core/SecretBytes.h"
+#include "foundation/KeyedArchive.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+using Foundation::Array;
+using Foundation::Dictionary;
+using Foundation::Ref;
+using Foundation::Value;
+
+namespace
+{
+
+// Null unless the value is an array of dictionaries.
+Ref<Array> dictionariesIn(const Value &value)
+{
+    const Ref<Array> array = value.array();
+    const auto isDictionary = [](const Value &entry) { return entry.type() == Value::Type::Dictionary; };
+    return array && std::all_of(array->values.begin(), array->values.end(), isDictionary) ? array : nullptr;
+}
+
+} // namespace
+
+qint32 DecryptPipeline::decript()
+{
+    m_hasReplacedLabels = false;
+    if (m_state.myOpeningDocumentVersion >= FirstEngineVersion) {
+        m_state.myCommonCrypto = std::make_unique<VLCommonCrypto>(m_state.plainPassword);
+        m_state.myCommonCrypto->setPasswordToDecrypt(m_state.plainPassword, m_state.myIV, m_state.mySalt);
+    }
+    switch (decryptPathOfVersion(m_state.myOpeningDocumentVersion)) {
+    case DecryptPath::Current:
+        return readWithEngine(false);
+    case DecryptPath::FlagResetting:
+        return readWithEngine(true);
+    case DecryptPath::Release1000:
+    case DecryptPath::Release1100:
+    case DecryptPath::PerField:
+        return DecryptUnreadableField;
+    case DecryptPath::NoEngine:
+        break;
+    }
+    return DecryptWrongPassword;
+}
+
+qint32 DecryptPipeline::provePassword()
+{
+    qint32 status = 0;
+    auto check = m_state.myCommonCrypto->decrypt(m_state.myRCDataEncrypted, &status);
+    if (!check)
+        return status;
+    const SecretBytes plain(std::move(*check));
+    return VLCommonCrypto::dataSHA1(plain.bytes()) == m_state.mySha1_RcData ? DecryptSuccess
+                                                                            : DecryptWrongPassword;
+}
+
+qint32 DecryptPipeline::openBuffer(const QByteArray &buffer, Value *root)
+{
+    qint32 status = 0;
+    auto plain = m_state.myCommonCrypto->decrypt(buffer, &status);
+    if (!plain)
+        return status;
+    const SecretBytes archive(std::move(*plain));
+    const auto content = Foundation::unarchivedRoot(archive.bytes());
+    if (!content)
+        return DecryptDamagedContent;
+    *root = *content;
+    return DecryptSuccess;
+}
+
+qint32 DecryptPipeline::takeDictionaries(QByteArray &buffer, Ref<Array> *dictionaries)
+{
+    Value root;
+    if (const qint32 status = openBuffer(buffer, &root); status != DecryptSuccess)
+        return status;
+    *dictionaries = dictionariesIn(root);
+    if (!*dictionaries)
+        return DecryptDamagedContent;
+    buffer = QByteArray();
+    return DecryptSuccess;
+}
+
+qint32 DecryptPipeline::readLabels(bool resetsFlags)
+{
+    Value root;
+    if (const qint32 status = openBuffer(m_state.myEncriptedLabelDictionaryData, &root);
+        status != DecryptSuccess)
+        return status;
+    const Ref<Dictionary> labels = root.dictionary();
+    if (!labels)
+        return DecryptDamagedContent;
+    if (resetsFlags)
+        resetOpenFlags(*labels);
+    m_state.myLabelDictionary = labels; // Its buffer stays, unlike the others.
+    m_hasReplacedLabels = true;
+    return DecryptSuccess;
+}
+
+qint32 DecryptPipeline::takeCreationDate()
+{
+    Value root;
+    if (const qint32 status = openBuffer(m_state.myEncryptedDocumentCreationDateData, &root);
+        status != DecryptSuccess)
+        return status;
+    if (!root.isDate() && !root.isNull())
+        return DecryptDamagedContent;
+    m_state.documentCreationDate = root;
+    m_state.myEncryptedDocumentCreationDateData = QByteArray();
+    return DecryptSuccess;
+}
+
+qint32 DecryptPipeline::readWithEngine(bool resetsOpenFlags)
+{
+    if (const qint32 status = provePassword(); status != DecryptSuccess)
+        return status;
+    Ref<Array> records;
+    if (const qint32 status = takeDictionaries(m_state.myEncryptedArrayData, &records); status != DecryptSuccess)
+        return status;
+    Ref<Array> categories;
+    if (const qint32 status = takeDictionaries(m_state.myEncryptedCategoryArrayData, &categories);
+        status != DecryptSuccess)
+        return status;
+    if (const qint32 status = readLabels(resetsOpenFlags); status != DecryptSuccess)
+        return status;
+    if (const qint32 status = takeCreationDate(); status != DecryptSuccess)
+        return status;
+    restoreFromSaveOperationContent(*records, *categories);
+    m_state.myArray = records;
+    m_state.myCategoryArray = categories;
+    return DecryptSuccess;
+}
+
+Ref<Dictionary> DecryptPipeline::catInArray(const Array &categories, qint64 uniqueID)
+{
+    for (const Value &entry : categories.values) {
+        Ref<Dictionary> category = entry.dictionary();
+        if (category->value(CategoryKey::cat_uniqueID).longValue() == uniqueID)
+            return category;
+    }
+    return nullptr;
+}
+
+void DecryptPipeline::restoreFromSaveOperationContent(const Array &records, Array &categories)
+{
+    if (categories.values.empty())
+        categories.values.emplace_back(m_makeDefaultCategory());
+    // One look-up a record instead of a walk: the same answers as catInArray, however many categories there are.
+    std::unordered_map<qint64, Dictionary *> byID;
+    std::unordered_map<Dictionary *, qint32> uses;
+    for (const Value &entry : categories.values) {
+        const Ref<Dictionary> category = entry.dictionary();
+        byID.emplace(category->value(CategoryKey::cat_uniqueID).longValue(), category.get());
+    }
+    Dictionary *first = categories.values.front().dictionary().get();
+    for (const Value &entry : records.values) {
+        const Ref<Dictionary> record = entry.dictionary();
+        const auto found = byID.find(record->value(RecordKey::cat_uniqueID).longValue());
+        Dictionary *category = found == byID.end() ? first : found->second;
+        record->setValue(RecordKey::categoryPtr, Ref<Dictionary>(category));
+        ++uses[category];
+    }
+    for (const Value &entry : categories.values) {
+        const Ref<Dictionary> category = entry.dictionary();
+        category->setValue(CategoryKey::cat_howManyUsingThis, Value(uses[category.get()]));
+    }
+}

@@ -1,0 +1,98 @@
+#include "core/DocumentReader.h"
+
+#include "core/FileLayout.h"
+#include "foundation/KeyedArchive.h"
+#include "foundation/Services.h"
+
+using Foundation::Dictionary;
+using Foundation::Ref;
+using Foundation::Value;
+
+namespace
+{
+
+void loadPerFieldLayout(const Dictionary &root, DocumentState &state)
+{
+    state.myEncryptedArray = root.value(FileKey::dataArray).array();
+    state.myEncryptedCategoryArray = root.value(FileKey::categoryArray).array();
+}
+
+void loadLayoutA(const Dictionary &root, DocumentState &state)
+{
+    state.myEncryptedDocumentCreationDateData = QByteArray();
+    state.documentCreationDate = Value::date(Foundation::Services::shared().clock().secondsSince2001());
+    state.myEncriptedLabelDictionary = nullptr;
+    loadPerFieldLayout(root, state);
+}
+
+void loadLayoutB(const Dictionary &root, DocumentState &state)
+{
+    state.myEncryptedDocumentCreationDateData = root.value(FileKey::crtnDt).dataValue();
+    state.myEncriptedLabelDictionary = root.value(FileKey::labelDict).dictionary();
+    loadPerFieldLayout(root, state);
+}
+
+void loadLayoutC(const Dictionary &root, DocumentState &state)
+{
+    state.myEncryptedArrayData = root.value(FileKey::dataArrayData).dataValue();
+    state.myEncryptedCategoryArrayData = root.value(FileKey::catArrayData).dataValue();
+    state.myEncriptedLabelDictionaryData = root.value(FileKey::labelDict).dataValue();
+    state.myEncryptedDocumentCreationDateData = root.value(FileKey::documentCreationDateData).dataValue();
+    state.mySalt = root.value(FileKey::salt).dataValue();
+    state.myIV = root.value(FileKey::IV).dataValue();
+    state.myRCDataEncrypted = root.value(FileKey::rc).dataValue();
+    state.mySha1_RcData = root.value(FileKey::sha1_rc).dataValue();
+    state.buffersBelongToCheckPair = true;
+    state.YouCanSave = true;
+}
+
+void loadLayoutD(const Dictionary &root, DocumentState &state)
+{
+    loadLayoutC(root, state);
+    const Ref<Dictionary> platform = root.value(FileKey::OSXPlatformDictionary).dictionary();
+    if (!platform)
+        return;
+    state.useMyWinRect = true;
+    // Whole numbers: the fractions of a frame are dropped at each reading.
+    state.myWinRectToUse = {double(platform->value(PlatformKey::windowRecX).intValue()),
+                            double(platform->value(PlatformKey::windowRecY).intValue()),
+                            double(platform->value(PlatformKey::windowRecWidth).intValue()),
+                            double(platform->value(PlatformKey::windowRecHeight).intValue())};
+    state.makeToolbarVisibleAtDecrypt = platform->value(PlatformKey::makeToolbarVisibleAtDecrypt).boolValue();
+}
+
+} // namespace
+
+ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state)
+{
+    const auto archive = Foundation::unarchivedRoot(bytes);
+    const Ref<Dictionary> root = archive ? archive->dictionary() : nullptr;
+    if (!root)
+        return ReadOutcome::NotADocument;
+    state.YouCanSave = false;
+    state.requiresMandatoryPassword = false; // A file has its password already.
+    state.myOpeningDocumentVersion = root->value(FileKey::appversion).unsignedLongValue();
+    // Printed with a sign though compared without one.
+    state.fileDocRelease = QString::number(qint64(state.myOpeningDocumentVersion));
+    state.isEncrypted = true;
+    state.makeToolbarVisibleAtDecrypt = true;
+
+    const auto layout = fileLayoutOfVersion(state.myOpeningDocumentVersion);
+    if (!layout)
+        return ReadOutcome::NewerFormat;
+    switch (*layout) {
+    case FileLayout::A:
+        loadLayoutA(*root, state);
+        break;
+    case FileLayout::B:
+        loadLayoutB(*root, state);
+        break;
+    case FileLayout::C:
+        loadLayoutC(*root, state);
+        break;
+    case FileLayout::D:
+        loadLayoutD(*root, state);
+        break;
+    }
+    return ReadOutcome::Loaded;
+}

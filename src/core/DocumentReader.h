@@ -1,0 +1,13 @@
+#pragma once
+
+#include "core/DocumentState.h"
+
+enum class ReadOutcome {
+    Loaded,       // still enciphered; the document shows its locked face
+    NotADocument, // no keyed archive of a dictionary, or a damaged one: the state is as it was
+    NewerFormat,  // nothing but the version was taken from the file: the document must not be opened
+};
+
+// Loads what lies in a document file, still enciphered, into the state. Needs no password and makes no record.
+// Values of a wrong type count as absent; what is absent shows when the document is deciphered.
+ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state);

@@ -1,0 +1,133 @@
+#include "core/SavePipeline.h"
+
+#include "core/FileLayout.h"
+#include "core/SecretBytes.h"
+#include "foundation/KeyedArchive.h"
+
+#include <QtGlobal>
+
+using Foundation::Array;
+using Foundation::Dictionary;
+using Foundation::Ref;
+using Foundation::Value;
+
+Ref<Array> SavePipeline::getCopyOfContentArrayForSaveOperation() const
+{
+    auto records = Array::create();
+    records->values.reserve(m_state.myArray->values.size());
+    for (const Value &entry : m_state.myArray->values) {
+        const Ref<Dictionary> record = entry.dictionary();
+        const Ref<Dictionary> category = record->value(RecordKey::categoryPtr).dictionary();
+        // A record without a category gets 0, which no category has.
+        const qint64 uniqueID = category ? category->value(CategoryKey::cat_uniqueID).longValue() : 0;
+        auto copy = record->copy();
+        copy->setValue(RecordKey::cat_uniqueID, Value(uniqueID));
+        copy->setValue(RecordKey::categoryPtr, Value());
+        records->values.emplace_back(copy);
+    }
+    return records;
+}
+
+Ref<Array> SavePipeline::getCopyOfCategoryArrayForSaveOperation() const
+{
+    auto categories = Array::create();
+    for (const Value &entry : m_state.myCategoryArray->values) {
+        auto copy = entry.dictionary()->copy();
+        copy->setValue(CategoryKey::records, Value());
+        categories->values.emplace_back(copy);
+    }
+    return categories;
+}
+
+void SavePipeline::ensureEngine()
+{
+    auto &engine = m_state.myCommonCrypto;
+    if (engine && engine->password() == m_state.plainPassword)
+        return;
+    // A new password: it takes effect here and needs no step of its own.
+    engine = std::make_unique<VLCommonCrypto>(m_state.plainPassword);
+    m_state.mySalt = engine->salt();
+    m_state.myIV = engine->IV();
+    makeCheckPair();
+    m_state.buffersBelongToCheckPair = false;
+}
+
+void SavePipeline::makeCheckPair()
+{
+    const SecretBytes check(VLCommonCrypto::generateRandom256AsciiString().toUtf8());
+    m_state.mySha1_RcData = VLCommonCrypto::dataSHA1(check.bytes()).value_or(QByteArray());
+    qint32 status = 0;
+    m_state.myRCDataEncrypted
+        = m_state.myCommonCrypto->encrypt(check.bytes(), &status).value_or(QByteArray());
+}
+
+QByteArray SavePipeline::enciphered(const Value &root)
+{
+    const SecretBytes archive(Foundation::archivedData(root));
+    qint32 status = 0; // Nobody asks: an absent buffer tells, and canBeRead() looks for it.
+    return m_state.myCommonCrypto->encrypt(archive.bytes(), &status).value_or(QByteArray());
+}
+
+void SavePipeline::encryptData()
+{
+    ensureEngine();
+    const Ref<Array> records = getCopyOfContentArrayForSaveOperation();
+    const Ref<Array> categories = getCopyOfCategoryArrayForSaveOperation();
+    m_state.myEncryptedArrayData = enciphered(records);
+    m_state.myEncryptedCategoryArrayData = enciphered(categories);
+    m_state.myEncriptedLabelDictionaryData = enciphered(m_state.myLabelDictionary);
+    m_state.myEncryptedDocumentCreationDateData = enciphered(m_state.documentCreationDate);
+    m_state.myOpeningDocumentVersion = CurrentFormatVersion;
+    m_state.buffersBelongToCheckPair = true;
+}
+
+Ref<Dictionary> SavePipeline::platformDictionary(const WindowPlacement &window)
+{
+    auto dictionary = Dictionary::create();
+    dictionary->setValue(PlatformKey::windowRecHeight, Value(window.frame.height));
+    dictionary->setValue(PlatformKey::windowRecWidth, Value(window.frame.width));
+    dictionary->setValue(PlatformKey::windowRecX, Value(window.frame.x));
+    dictionary->setValue(PlatformKey::windowRecY, Value(window.frame.y));
+    dictionary->setValue(PlatformKey::makeToolbarVisibleAtDecrypt, Value(window.isToolbarVisible));
+    return dictionary;
+}
+
+std::optional<QByteArray> SavePipeline::dataOfType(const WindowPlacement &window)
+{
+    if (!m_state.YouCanSave) {
+        qWarning("returned nil from dataOfType");
+        return std::nullopt;
+    }
+    // After a change of password this makes an engine and a check pair that an open document renews at once.
+    // A locked one does not, and must be consistent after this step alone.
+    ensureEngine();
+    if (!m_state.isEncrypted) {
+        m_state.myCommonCrypto->recalcIV_Salt_AESKey();
+        encryptData();
+        m_state.mySalt = m_state.myCommonCrypto->salt();
+        m_state.myIV = m_state.myCommonCrypto->IV();
+        makeCheckPair();
+        m_state.OSXPlatformDictionary = platformDictionary(window);
+    }
+    auto root = Dictionary::create();
+    root->setValue(FileKey::appversion, Value(CurrentFormatVersion));
+    root->setValue(FileKey::latestPlatform, QStringLiteral("OSX"));
+    root->setValue(FileKey::dataArrayData, m_state.myEncryptedArrayData);
+    root->setValue(FileKey::catArrayData, m_state.myEncryptedCategoryArrayData);
+    root->setValue(FileKey::labelDict, m_state.myEncriptedLabelDictionaryData);
+    root->setValue(FileKey::documentCreationDateData, m_state.myEncryptedDocumentCreationDateData);
+    root->setValue(FileKey::salt, m_state.mySalt);
+    root->setValue(FileKey::IV, m_state.myIV);
+    root->setValue(FileKey::rc, m_state.myRCDataEncrypted);
+    root->setValue(FileKey::sha1_rc, m_state.mySha1_RcData);
+    root->setValue(FileKey::OSXPlatformDictionary, m_state.OSXPlatformDictionary);
+    return Foundation::archivedData(root);
+}
+
+bool SavePipeline::canBeRead(const DocumentState &state)
+{
+    return state.buffersBelongToCheckPair && !state.myEncryptedArrayData.isEmpty()
+           && !state.myEncryptedCategoryArrayData.isEmpty() && !state.myEncriptedLabelDictionaryData.isEmpty()
+           && !state.myEncryptedDocumentCreationDateData.isEmpty() && !state.mySalt.isEmpty()
+           && !state.myIV.isEmpty() && !state.myRCDataEncrypted.isEmpty() && !state.mySha1_RcData.isEmpty();
+}

@@ -1,0 +1,202 @@
+#include "core/VLCommonCrypto.h"
+
+#include "core/KeyDerivation.h"
+#include "foundation/RandomNumbers.h"
+
+#include <algorithm>
+#include <memory>
+#include <openssl/crypto.h>
+#include <openssl/err.h>
+#include <openssl/evp.h>
+
+namespace
+{
+
+// The library counts in int, a document may be larger: it is fed in pieces of whole blocks.
+constexpr qsizetype PieceSizeInBytes = 1 << 20;
+static_assert(PieceSizeInBytes % VLCommonCrypto::BlockSizeInBytes == 0);
+
+VLCommonCrypto::RandomSource randomSource = &Foundation::secureRandomBytes;
+
+struct CipherRun
+{
+    VLCipherOperation operation;
+    quint32 options;
+    const QByteArray &key;
+    const QByteArray &vector;
+
+    bool padded() const { return options & CipherPKCS7Padding; }
+    bool chained() const { return !(options & CipherECBMode); }
+};
+
+using CipherContext = std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)>;
+
+const unsigned char *bytes(const QByteArray &data)
+{
+    return reinterpret_cast<const unsigned char *>(data.constData());
+}
+
+VLCipherStatus prepareContext(const CipherContext &context, const CipherRun &run)
+{
+    if (!context)
+        return CipherMemoryError;
+    const EVP_CIPHER *cipher = run.chained() ? EVP_aes_256_cbc() : EVP_aes_256_ecb();
+    const unsigned char *vector = run.chained() ? bytes(run.vector) : nullptr;
+    const int enciphers = run.operation == CipherEncrypt ? 1 : 0;
+    if (!EVP_CipherInit_ex(context.get(), cipher, nullptr, bytes(run.key), vector, enciphers) ||
+        !EVP_CIPHER_CTX_set_padding(context.get(), run.padded() ? 1 : 0))
+        return CipherParameterError;
+    return CipherSuccess;
+}
+
+// Faults that are known before any work. Data and vector come from files and may be anything.
+VLCipherStatus checkInput(const QByteArray &data, const CipherRun &run)
+{
+    if (run.operation != CipherEncrypt && run.operation != CipherDecrypt)
+        return CipherParameterError;
+    if (run.chained() && run.vector.size() < VLCommonCrypto::VectorSizeInBytes)
+        return CipherParameterError; // The library would read past its end.
+    const bool wholeBlocksOnly = run.operation == CipherDecrypt || !run.padded();
+    if (wholeBlocksOnly && data.size() % VLCommonCrypto::BlockSizeInBytes != 0)
+        return CipherAlignmentError;
+    return CipherSuccess;
+}
+
+VLCipherStatus runCipher(const QByteArray &data, const CipherRun &run, QByteArray &result)
+{
+    if (const VLCipherStatus status = checkInput(data, run); status != CipherSuccess)
+        return status;
+    const CipherContext context(EVP_CIPHER_CTX_new(), &EVP_CIPHER_CTX_free);
+    if (const VLCipherStatus status = prepareContext(context, run); status != CipherSuccess)
+        return status;
+
+    // Allocated once and never filled beforehand: the buffers of a document can be the bulk of its cost.
+    result = QByteArray(data.size() + VLCommonCrypto::BlockSizeInBytes, Qt::Uninitialized);
+    unsigned char *const begin = reinterpret_cast<unsigned char *>(result.data());
+    unsigned char *end = begin;
+    for (qsizetype taken = 0; taken < data.size(); taken += PieceSizeInBytes) {
+        const qsizetype pieceSize = std::min(PieceSizeInBytes, data.size() - taken);
+        int written = 0;
+        if (!EVP_CipherUpdate(context.get(), end, &written, bytes(data) + taken, int(pieceSize)))
+            return CipherParameterError;
+        end += written;
+    }
+    int written = 0;
+    if (!EVP_CipherFinal_ex(context.get(), end, &written))
+        return CipherDecodeError; // A padding that damage or a wrong key broke, or no block to hold one.
+    result.truncate(end + written - begin);
+    return CipherSuccess;
+}
+
+} // namespace
+
+VLCommonCrypto::VLCommonCrypto(const QString &password)
+    : m_password(password)
+{
+    recalcIV_Salt_AESKey();
+}
+
+QString VLCommonCrypto::generateRandom256AsciiString()
+{
+    QString text(RandomStringLength, Qt::Uninitialized);
+    for (QChar &character : text)
+        character = QLatin1Char(char(randomLongInRange(1, 255)));
+    return text;
+}
+
+std::optional<QByteArray> VLCommonCrypto::randomDataOfLength(quint64 length)
+{
+    return randomSource(length);
+}
+
+void VLCommonCrypto::setRandomSource(RandomSource source)
+{
+    randomSource = source ? source : &Foundation::secureRandomBytes;
+}
+
+QByteArray VLCommonCrypto::AESKeyForPassword(const QString &password, const QByteArray &salt)
+{
+    // As many bytes of the UTF-8 text as the password has UTF-16 units, so that "Zürichsee" loses its last
+    // letter. Every file in use was written so: taking the whole text would shut out the owners of passwords
+    // with accents. There are always enough bytes, as no unit takes fewer than one: a pair takes four, and
+    // half a pair alone becomes a question mark.
+    QByteArray text = password.toUtf8();
+    const QByteArray key =
+        pbkdf2HmacSha1(QByteArrayView(text).first(password.size()), salt, RoundCount, KeySizeInBytes);
+    OPENSSL_cleanse(text.data(), std::size_t(text.size()));
+    return key;
+}
+
+std::optional<QByteArray> VLCommonCrypto::dataSHA1(const QByteArray &data)
+{
+    QByteArray digest(EVP_MD_get_size(EVP_sha1()), Qt::Uninitialized);
+    if (!EVP_Digest(data.constData(), std::size_t(data.size()),
+                    reinterpret_cast<unsigned char *>(digest.data()), nullptr, EVP_sha1(), nullptr))
+        return std::nullopt;
+    return digest;
+}
+
+void VLCommonCrypto::recalcIV_Salt_AESKey()
+{
+    // Required: a source that fails leaves null and is not reported here.
+    m_IV = randomDataOfLength(VectorSizeInBytes).value_or(QByteArray());
+    m_salt = randomDataOfLength(SaltSizeInBytes).value_or(QByteArray());
+    m_AESKey = AESKeyForPassword(m_password, m_salt);
+}
+
+void VLCommonCrypto::setPasswordToEncrypt(const QString &password)
+{
+    m_password = password;
+    recalcIV_Salt_AESKey();
+}
+
+void VLCommonCrypto::setPasswordToDecrypt(const QString &password, const QByteArray &iv,
+                                          const QByteArray &salt)
+{
+    m_password = password;
+    m_IV = iv;
+    m_salt = salt;
+}
+
+std::optional<QByteArray> VLCommonCrypto::encrypt(const QByteArray &data, qint32 *error)
+{
+    quint32 padding = CipherPKCS7Padding;
+    return doCipher(data, m_password.toUtf8(), CipherEncrypt, &padding, error);
+}
+
+std::optional<QByteArray> VLCommonCrypto::decrypt(const QByteArray &data, qint32 *error)
+{
+    quint32 padding = CipherPKCS7Padding;
+    return doCipher(data, m_password.toUtf8(), CipherDecrypt, &padding, error);
+}
+
+std::optional<QByteArray> VLCommonCrypto::encrypt(const QByteArray &data, const QByteArray &key,
+                                                  quint32 *padding)
+{
+    qint32 unseen = CipherSuccess;
+    return doCipher(data, key, CipherEncrypt, padding, &unseen);
+}
+
+std::optional<QByteArray> VLCommonCrypto::decrypt(const QByteArray &data, const QByteArray &key,
+                                                  quint32 *padding)
+{
+    qint32 unseen = CipherSuccess;
+    return doCipher(data, key, CipherDecrypt, padding, &unseen);
+}
+
+std::optional<QByteArray> VLCommonCrypto::doCipher(const QByteArray &data, const QByteArray &key,
+                                                   quint32 context, quint32 *padding, qint32 *error)
+{
+    Q_UNUSED(key) // Required: a caller can't bring a key of its own.
+    m_AESKey = AESKeyForPassword(m_password, m_salt);
+    if (context == CipherEncrypt && *padding != CipherECBMode)
+        *padding = CipherPKCS7Padding;
+    QByteArray result;
+    // A failure left in the library's queue would be taken for one of the next encrypted connection.
+    ERR_set_mark();
+    *error = runCipher(data, {VLCipherOperation(context), *padding, m_AESKey, m_IV}, result);
+    ERR_pop_to_mark();
+    if (*error != CipherSuccess)
+        return std::nullopt;
+    return result;
+}

@@ -1,0 +1,344 @@
+#include "core/DecryptPipeline.h"
+
+#include "core/FileLayout.h"
+#include "core/TestDocument.h"
+#include "foundation/KeyedArchive.h"
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using Foundation::Array;
+using Foundation::Dictionary;
+using Foundation::Key;
+using Foundation::Value;
+
+const QString WrongPassword = QStringLiteral("correct horsf");
+
+// Which of the four buffers are gone: r(ecords), c(ategories), l(abels), d(ate).
+std::string consumedBuffers(const DocumentState &state)
+{
+    std::string gone;
+    if (state.myEncryptedArrayData.isNull())
+        gone += 'r';
+    if (state.myEncryptedCategoryArrayData.isNull())
+        gone += 'c';
+    if (state.myEncriptedLabelDictionaryData.isNull())
+        gone += 'l';
+    if (state.myEncryptedDocumentCreationDateData.isNull())
+        gone += 'd';
+    return gone;
+}
+
+// A saved document whose third label differs from the default ones, to tell whether labels were replaced.
+QByteArray savedWithOwnLabel()
+{
+    TestDocument document = TestDocument::filled();
+    document.state.myLabelDictionary->setValue(u"company", QStringLiteral("Firm:"));
+    return document.save();
+}
+
+bool hasOwnLabel(const TestDocument &document)
+{
+    return document.state.myLabelDictionary->value(u"company").stringValue() == QStringLiteral("Firm:");
+}
+
+TEST(DecryptPipeline, AWrongPasswordLeavesAllButTheEngineAsItWas)
+{
+    TestDocument document = TestDocument::fromFile(savedWithOwnLabel());
+    const QByteArray salt = document.state.mySalt;
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        EXPECT_NE(document.openWith(WrongPassword), 0);
+        EXPECT_EQ(consumedBuffers(document.state), "");
+        EXPECT_EQ(document.state.mySalt, salt);
+        EXPECT_EQ(document.state.myCommonCrypto->password(), WrongPassword);
+        EXPECT_EQ(document.state.plainPassword, WrongPassword);
+        EXPECT_TRUE(document.state.isEncrypted);
+        EXPECT_FALSE(hasOwnLabel(document));
+    }
+    EXPECT_EQ(document.openWith(Password), 0);
+    EXPECT_EQ(consumedBuffers(document.state), "rcd") << "the labels' buffer stays";
+    EXPECT_EQ(document.filing(), QStringLiteral("Ada: Generic, Grace: Generic, Emmy: Friends"));
+    EXPECT_EQ(document.counts(), QStringLiteral("Generic 2, Friends 1"));
+    EXPECT_TRUE(hasOwnLabel(document));
+}
+
+// An archive of the right shape but with a wrong thing in it, for each buffer.
+QByteArray archiveOfWrongType(const Key &buffer)
+{
+    if (buffer == FileKey::dataArrayData || buffer == FileKey::catArrayData)
+        return Foundation::archivedData(Array::create({Value(Dictionary::create()), Value(1)}));
+    if (buffer == FileKey::labelDict)
+        return Foundation::archivedData(Array::create());
+    return Foundation::archivedData(QStringLiteral("2001-01-01"));
+}
+
+TEST(DecryptPipeline, DamageBehindARightPasswordFailsHalfWay)
+{
+    const struct
+    {
+        Key damaged;
+        const char *consumed;
+        bool labelsReplaced;
+    } cases[] = {
+        {FileKey::dataArrayData, "", false},
+        {FileKey::catArrayData, "r", false},
+        {FileKey::labelDict, "rc", false},
+        {FileKey::documentCreationDateData, "rc", true},
+    };
+    const QByteArray file = savedWithOwnLabel();
+    for (const auto &c : cases) {
+        SCOPED_TRACE(qPrintable(c.damaged.name()));
+        const QByteArray cut = rootOf(file)->value(c.damaged).dataValue().chopped(1);
+        const QByteArray archiveOfNothing = Foundation::archivedData(Value());
+        const QByteArray damages[] = {
+            withKey(file, c.damaged, cut),
+            withPlainBuffer(file, c.damaged, "no archive"),
+            withPlainBuffer(file, c.damaged, QByteArray("")),
+            withPlainBuffer(file, c.damaged, archiveOfWrongType(c.damaged)),
+            // A creation date may be lost, nothing else may.
+            withPlainBuffer(file, c.damaged,
+                            c.damaged == FileKey::documentCreationDateData
+                                ? Foundation::archivedData(Value(1.5))
+                                : archiveOfNothing),
+        };
+        for (std::size_t kind = 0; kind < std::size(damages); ++kind) {
+            SCOPED_TRACE(kind);
+            TestDocument document = TestDocument::fromFile(damages[kind]);
+            document.state.documentCreationDate = Value::date(1);
+            EXPECT_NE(document.openWith(Password), 0);
+            EXPECT_EQ(consumedBuffers(document.state), c.consumed);
+            EXPECT_EQ(hasOwnLabel(document), c.labelsReplaced);
+            EXPECT_EQ(document.state.documentCreationDate, Value::date(1));
+            EXPECT_EQ(document.state.myArray->count(), 0);
+            EXPECT_EQ(document.state.myCategoryArray->count(), 0);
+            EXPECT_EQ(document.defaultCategoriesMade, 0);
+            // The consumed buffers are lost to this document: what it would save now must not be written.
+            EXPECT_NE(document.openWith(Password), 0);
+            document.save();
+            EXPECT_EQ(SavePipeline::canBeRead(document.state), c.damaged == FileKey::dataArrayData);
+        }
+    }
+}
+
+TEST(DecryptPipeline, TellsWhetherTheCaptionsWereReplaced)
+{
+    const QByteArray file = savedWithOwnLabel();
+    const struct
+    {
+        QByteArray file;
+        QString password;
+        bool replaced;
+    } cases[] = {
+        {file, Password, true},
+        {file, WrongPassword, false},
+        {withPlainBuffer(file, FileKey::documentCreationDateData, "no archive"), Password, true},
+        {withPlainBuffer(file, FileKey::labelDict, "no archive"), Password, false},
+    };
+    for (const auto &c : cases) {
+        DocumentState state;
+        readDocument(c.file, state);
+        state.plainPassword = c.password;
+        DecryptPipeline pipeline(state, nullptr);
+        pipeline.decript();
+        EXPECT_EQ(pipeline.hasReplacedLabels(), c.replaced);
+        state.plainPassword = WrongPassword;
+        pipeline.decript();
+        EXPECT_FALSE(pipeline.hasReplacedLabels());
+    }
+}
+
+// The digest of nothing is a value like any other: an absent check pair opens no document.
+TEST(DecryptPipeline, AnAbsentOrBrokenCheckPairNeverMatches)
+{
+    const QByteArray file = TestDocument::filled().save();
+    const QByteArray digestOfNothing = QByteArray::fromHex("da39a3ee5e6b4b0d3255bfef95601890afd80709");
+    const QByteArray withoutValue = withKey(file, FileKey::rc, Value());
+    const QByteArray digest = rootOf(file)->value(FileKey::sha1_rc).dataValue();
+    const QByteArray otherLastBit = digest.first(19) + char(digest.back() ^ 1);
+    const struct
+    {
+        const char *rule;
+        QByteArray file;
+        bool opens;
+    } cases[] = {
+        {"whole", file, true},
+        {"no value", withoutValue, false},
+        {"no digest", withKey(file, FileKey::sha1_rc, Value()), false},
+        {"neither", withKey(withoutValue, FileKey::sha1_rc, Value()), false},
+        {"no value, digest of nothing", withKey(withoutValue, FileKey::sha1_rc, digestOfNothing), false},
+        {"empty value, digest of nothing",
+         withKey(withKey(file, FileKey::rc, QByteArray("")), FileKey::sha1_rc, digestOfNothing), false},
+        {"a value that is enciphered nothing is one",
+         withKey(withPlainBuffer(file, FileKey::rc, QByteArray("")), FileKey::sha1_rc, digestOfNothing),
+         true},
+        {"empty digest", withKey(file, FileKey::sha1_rc, QByteArray("")), false},
+        {"digest cut", withKey(file, FileKey::sha1_rc, digest.first(19)), false},
+        {"digest with a tail", withKey(file, FileKey::sha1_rc, digest + '\0'), false},
+        {"digest off by its last bit", withKey(file, FileKey::sha1_rc, otherLastBit), false},
+        {"no salt", withKey(file, FileKey::salt, Value()), false},
+        {"no vector", withKey(file, FileKey::IV, Value()), false},
+        {"vector of 15 bytes", withKey(file, FileKey::IV, QByteArray(15, 'v')), false},
+        {"a version without engine", withKey(file, FileKey::appversion, Value(20303)), false},
+        {"no version", withKey(file, FileKey::appversion, Value()), false},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        EXPECT_EQ(TestDocument::fromFile(c.file).openWith(Password) == 0, c.opens);
+    }
+}
+
+TEST(DecryptPipeline, ResetsTheFlagsOfTheReleasesThatLeftThemOut)
+{
+    TestDocument saved = TestDocument::filled();
+    saved.state.myLabelDictionary->setValue(u"open01", Value(true));
+    saved.state.myLabelDictionary->setValue(u"open14", Value());
+    const QByteArray file = saved.save();
+    const struct
+    {
+        qint32 version;
+        bool resets;
+    } cases[] = {{30100, true}, {30101, false}, {30200, true},  {30299, false}, {30300, true},
+                 {30301, true}, {30302, false}, {30303, false}, {30599, false}, {30600, false}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.version);
+        TestDocument document = TestDocument::fromFile(withKey(file, FileKey::appversion, Value(c.version)));
+        ASSERT_EQ(document.openWith(Password), 0);
+        const auto &labels = document.state.myLabelDictionary;
+        EXPECT_EQ(labels->value(u"open01"), Value(!c.resets));
+        EXPECT_EQ(labels->contains(Key(u"open14")), c.resets);
+
+        // A lock makes current buffers, whatever the file was.
+        labels->setValue(u"open01", Value(true));
+        document.lock();
+        EXPECT_EQ(document.state.myOpeningDocumentVersion, 30600U);
+        ASSERT_EQ(document.openWith(Password), 0);
+        EXPECT_EQ(document.state.myLabelDictionary->value(u"open01"), Value(true));
+    }
+}
+
+TEST(DecryptPipeline, ALockGivesBackTheEditsInNewObjects)
+{
+    TestDocument document = TestDocument::filled();
+    const auto before = document.record(0);
+    before->setValue(RecordKey::note, QStringLiteral("edited, never saved"));
+    document.lock();
+    ASSERT_EQ(document.openWith(Password), 0);
+    EXPECT_EQ(document.record(0)->value(RecordKey::note).stringValue(),
+              QStringLiteral("edited, never saved"));
+    EXPECT_FALSE(document.record(0) == before);
+    EXPECT_EQ(document.record(0)->value(RecordKey::categoryPtr).dictionary(), document.category(0));
+    EXPECT_FALSE(document.save().isEmpty());
+}
+
+// Files the records under ids, saves nothing and restores.
+TestDocument restored(const std::vector<Value> &recordIds, const std::vector<Value> &categoryIds)
+{
+    TestDocument document;
+    for (std::size_t i = 0; i < categoryIds.size(); ++i) {
+        const auto category = document.addCategory(QString(QChar(u'A' + char16_t(i))), 0);
+        category->setValue(CategoryKey::cat_uniqueID, categoryIds[i]);
+        category->setValue(CategoryKey::cat_howManyUsingThis, Value(77)); // Never trusted.
+    }
+    for (const Value &id : recordIds)
+        document.addRecord(QStringLiteral("R"), nullptr)->setValue(RecordKey::cat_uniqueID, id);
+    DecryptPipeline pipeline(document.state, [&document] {
+        ++document.defaultCategoriesMade;
+        return newCategoryRecord(QStringLiteral("Generic"), 1);
+    });
+    pipeline.restoreFromSaveOperationContent(*document.state.myArray, *document.state.myCategoryArray);
+    return document;
+}
+
+TEST(DecryptPipeline, FilesEveryRecordById)
+{
+    const qint64 beyond32Bits = (qint64(1) << 32) + 2;
+    const struct
+    {
+        const char *rule;
+        std::vector<Value> recordIds, categoryIds;
+        QString filing, counts;
+        int defaultCategories = 0;
+    } cases[] = {
+        {"by number",
+         {Value(2), Value(1)},
+         {Value(1), Value(2)},
+         QStringLiteral("R: B, R: A"),
+         QStringLiteral("A 1, B 1")},
+        {"an unknown id goes to the first",
+         {Value(9), Value(-1), Value()},
+         {Value(5), Value(6)},
+         QStringLiteral("R: A, R: A, R: A"),
+         QStringLiteral("A 3, B 0")},
+        {"of twins the first counts",
+         {Value(3), Value(3)},
+         {Value(1), Value(3), Value(3)},
+         QStringLiteral("R: B, R: B"),
+         QStringLiteral("A 0, B 2, C 0")},
+        {"all 64 bits count",
+         {Value(2), Value(beyond32Bits)},
+         {Value(1), Value(beyond32Bits)},
+         QStringLiteral("R: A, R: B"),
+         QStringLiteral("A 1, B 1")},
+        {"an absent id is 0, on both sides",
+         {Value(), Value(0)},
+         {Value(1), Value()},
+         QStringLiteral("R: B, R: B"),
+         QStringLiteral("A 0, B 2")},
+        {"texts and reals are numbers",
+         {Value(QStringLiteral("2")), Value(2.9)},
+         {Value(1), Value(2)},
+         QStringLiteral("R: B, R: B"),
+         QStringLiteral("A 0, B 2")},
+        {"no category makes one, once",
+         {Value(1), Value(8)},
+         {},
+         QStringLiteral("R: Generic, R: Generic"),
+         QStringLiteral("Generic 2"),
+         1},
+        {"even without records", {}, {}, QString(), QStringLiteral("Generic 0"), 1},
+        {"no record, no count", {}, {Value(4)}, QString(), QStringLiteral("A 0")},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        const TestDocument document = restored(c.recordIds, c.categoryIds);
+        EXPECT_EQ(document.filing(), c.filing.isNull() ? QStringLiteral("") : c.filing);
+        EXPECT_EQ(document.counts(), c.counts);
+        EXPECT_EQ(document.defaultCategoriesMade, c.defaultCategories);
+        for (qsizetype i = 0; i < document.state.myArray->count(); ++i) {
+            const Value id = document.record(i)->value(RecordKey::cat_uniqueID);
+            EXPECT_TRUE(id == c.recordIds[std::size_t(i)]) << "the id stays as it was read";
+            const auto filed = document.record(i)->value(RecordKey::categoryPtr).dictionary();
+            const auto found = DecryptPipeline::catInArray(*document.state.myCategoryArray, id.longValue());
+            EXPECT_EQ(filed, found ? found : document.category(0));
+        }
+    }
+}
+
+TEST(DecryptPipeline, FindsTheFirstCategoryOfAnId)
+{
+    const TestDocument document = restored({}, {Value(3), Value(4), Value(4)});
+    const Array &categories = *document.state.myCategoryArray;
+    EXPECT_EQ(DecryptPipeline::catInArray(categories, 4), document.category(1));
+    EXPECT_EQ(DecryptPipeline::catInArray(categories, 5), nullptr);
+    EXPECT_EQ(DecryptPipeline::catInArray(*Array::create(), 4), nullptr);
+}
+
+// Undo may bring back a record whose category has gone from the list meanwhile.
+TEST(DecryptPipeline, ARecordKeepsItsCategoryAlive)
+{
+    TestDocument document = TestDocument::fromFile(TestDocument::filled().save());
+    ASSERT_EQ(document.openWith(Password), 0);
+    const auto removed = document.record(2);
+    document.state.myArray->values.pop_back();
+    document.state.myCategoryArray->values.clear();
+    EXPECT_EQ(removed->valueForKeyPath(u"categoryPtr.cat_category").stringValue(), QStringLiteral("Friends"));
+    // Such a record is still saved under the id that its category had.
+    document.state.myArray->values.emplace_back(removed);
+    const auto copies = SavePipeline(document.state).getCopyOfContentArrayForSaveOperation();
+    EXPECT_EQ(copies->at(2).dictionary()->value(RecordKey::cat_uniqueID), Value(qint64(2)));
+}
+
+} // namespace

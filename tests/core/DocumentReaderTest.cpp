@@ -1,0 +1,182 @@
+#include "core/FileLayout.h"
+#include "core/TestDocument.h"
+#include "foundation/KeyedArchive.h"
+#include "support/Printers.h"
+#include "support/TestServices.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace
+{
+
+using Foundation::Array;
+using Foundation::Dictionary;
+using Foundation::Ref;
+using Foundation::Value;
+
+// A root that has a value under every key of every layout: each buffer holds the name of its key.
+QByteArray fileOfAllKeys(const Value &appversion)
+{
+    auto root = Dictionary::create();
+    root->setValue(FileKey::appversion, appversion);
+    for (const auto &key : {FileKey::dataArrayData, FileKey::catArrayData, FileKey::documentCreationDateData,
+                            FileKey::salt, FileKey::IV, FileKey::rc, FileKey::sha1_rc, FileKey::crtnDt})
+        root->setValue(key, key.name().toLatin1());
+    root->setValue(FileKey::dataArray, Array::create({Value(QStringLiteral("records"))}));
+    root->setValue(FileKey::categoryArray, Array::create({Value(QStringLiteral("categories"))}));
+    const bool perField = appversion.longValue() < 30100;
+    root->setValue(FileKey::labelDict,
+                   perField ? Value(Dictionary::create()) : Value(QByteArray("labelDict")));
+    root->setValue(FileKey::OSXPlatformDictionary, SavePipeline::platformDictionary({{1, 2, 3, 4}, false}));
+    return Foundation::archivedData(root);
+}
+
+TestDocument readVersion(qint64 version)
+{
+    return TestDocument::fromFile(fileOfAllKeys(Value(version)));
+}
+
+void expectLockedFace(const DocumentState &state, const char *release)
+{
+    EXPECT_TRUE(state.isEncrypted);
+    EXPECT_FALSE(state.requiresMandatoryPassword);
+    EXPECT_EQ(state.fileDocRelease, QLatin1String(release));
+    EXPECT_EQ(state.myArray->count(), 0);
+    EXPECT_EQ(state.myCommonCrypto, nullptr);
+}
+
+TEST(DocumentReader, LoadsTheKeysOfTheOldestReleaseAndInventsItsDate)
+{
+    const ManualClock clock(QDateTime(QDate(2011, 3, 1), QTime(12, 0), Qt::UTC));
+    const TestDocument document = readVersion(1000);
+    expectLockedFace(document.state, "1000");
+    EXPECT_FALSE(document.state.YouCanSave);
+    EXPECT_EQ(document.state.documentCreationDate, Value::date(clock.secondsSince2001()));
+    EXPECT_TRUE(document.state.myEncryptedDocumentCreationDateData.isNull());
+    EXPECT_EQ(document.state.myEncriptedLabelDictionary, nullptr);
+    EXPECT_EQ(document.state.myEncryptedArray->at(0).stringValue(), QStringLiteral("records"));
+    EXPECT_EQ(document.state.myEncryptedCategoryArray->at(0).stringValue(), QStringLiteral("categories"));
+}
+
+TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipheredFields)
+{
+    for (const qint64 version : {1100, 2000, 30000}) {
+        SCOPED_TRACE(version);
+        const TestDocument document = readVersion(version);
+        expectLockedFace(document.state, QByteArray::number(version).constData());
+        EXPECT_FALSE(document.state.YouCanSave);
+        EXPECT_TRUE(document.state.makeToolbarVisibleAtDecrypt);
+        EXPECT_EQ(document.state.myEncryptedDocumentCreationDateData, "crtnDt");
+        EXPECT_NE(document.state.myEncriptedLabelDictionary, nullptr);
+        EXPECT_EQ(document.state.myEncryptedArray->count(), 1);
+        EXPECT_EQ(document.state.myEncryptedCategoryArray->count(), 1);
+        EXPECT_TRUE(document.state.mySalt.isNull());
+    }
+}
+
+TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipherArchives)
+{
+    const struct
+    {
+        qint64 version;
+        bool readsWindow;
+    } cases[] = {{30100, false}, {30200, false}, {30300, true}, {30302, true}, {30600, true}, {20303, true}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.version);
+        TestDocument document;
+        const bool perField = c.version < 30100;
+        ASSERT_EQ(readDocument(fileOfAllKeys(Value(c.version)), document.state), ReadOutcome::Loaded);
+        const DocumentState &state = document.state;
+        expectLockedFace(state, QByteArray::number(c.version).constData());
+        EXPECT_TRUE(state.YouCanSave);
+        EXPECT_EQ(state.myEncryptedArrayData, "dataArrayData");
+        EXPECT_EQ(state.myEncryptedCategoryArrayData, "catArrayData");
+        EXPECT_EQ(state.myEncriptedLabelDictionaryData, perField ? QByteArray() : QByteArray("labelDict"));
+        EXPECT_EQ(state.myEncryptedDocumentCreationDateData, "documentCreationDateData");
+        EXPECT_EQ(state.mySalt, "salt");
+        EXPECT_EQ(state.myIV, "IV");
+        EXPECT_EQ(state.myRCDataEncrypted, "rc");
+        EXPECT_EQ(state.mySha1_RcData, "sha1-rc");
+        EXPECT_EQ(state.useMyWinRect, c.readsWindow);
+        EXPECT_EQ(state.makeToolbarVisibleAtDecrypt, !c.readsWindow);
+        const Foundation::Rect frame = c.readsWindow ? Foundation::Rect{1, 2, 3, 4} : Foundation::Rect{};
+        EXPECT_EQ(state.myWinRectToUse, frame);
+        EXPECT_EQ(state.OSXPlatformDictionary, nullptr) << "what the next save writes is not what was read";
+    }
+}
+
+TEST(DocumentReader, ReadsTheVersionAsAnUnsignedNumber)
+{
+    const struct
+    {
+        const char *rule;
+        Value appversion;
+        ReadOutcome outcome;
+        const char *release;
+    } cases[] = {
+        {"none is 0", Value(), ReadOutcome::Loaded, "0"},
+        {"a real is cut", Value(30600.9), ReadOutcome::Loaded, "30600"},
+        {"a text is a number", QStringLiteral("30600"), ReadOutcome::Loaded, "30600"},
+        {"data is none", QByteArray("30600"), ReadOutcome::Loaded, "0"},
+        {"one too new", Value(30601), ReadOutcome::NewerFormat, "30601"},
+        {"beyond 32 bits", Value(qint64(4294967296 + 30600)), ReadOutcome::NewerFormat, "4294997896"},
+        {"a negative number is a large one", Value(-5), ReadOutcome::NewerFormat, "-5"},
+        {"which reads with a sign", Value(std::numeric_limits<quint64>::max() - 4), ReadOutcome::NewerFormat,
+         "-5"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        DocumentState state;
+        EXPECT_EQ(readDocument(fileOfAllKeys(c.appversion), state), c.outcome);
+        EXPECT_EQ(state.fileDocRelease, QLatin1String(c.release));
+        EXPECT_EQ(state.YouCanSave, c.outcome == ReadOutcome::Loaded);
+        EXPECT_EQ(state.mySalt.isNull(), c.outcome == ReadOutcome::NewerFormat);
+    }
+}
+
+TEST(DocumentReader, CutsTheFrameToWholeNumbers)
+{
+    auto platform = SavePipeline::platformDictionary({{10.9, -20.9, 800.5, 600.5}, true});
+    DocumentState state;
+    const QByteArray file = fileOfAllKeys(Value(30600));
+    readDocument(withKey(file, FileKey::OSXPlatformDictionary, platform), state);
+    EXPECT_EQ(state.myWinRectToUse, (Foundation::Rect{10, -20, 800, 600}));
+    EXPECT_TRUE(state.makeToolbarVisibleAtDecrypt);
+}
+
+TEST(DocumentReader, TakesValuesOfAWrongTypeForAbsent)
+{
+    const QByteArray file = fileOfAllKeys(Value(30600));
+    for (const auto &key : {FileKey::dataArrayData, FileKey::salt, FileKey::OSXPlatformDictionary}) {
+        SCOPED_TRACE(qPrintable(key.name()));
+        for (const Value &wrong : {Value(7), Value(QStringLiteral("text")), Value(Array::create())}) {
+            DocumentState state;
+            EXPECT_EQ(readDocument(withKey(file, key, wrong), state), ReadOutcome::Loaded);
+            EXPECT_EQ(state.myEncryptedArrayData.isNull(), key == FileKey::dataArrayData);
+            EXPECT_EQ(state.mySalt.isNull(), key == FileKey::salt);
+            EXPECT_EQ(state.useMyWinRect, key != FileKey::OSXPlatformDictionary);
+        }
+    }
+}
+
+TEST(DocumentReader, LeavesTheStateAloneForBytesThatAreNoDocument)
+{
+    const QByteArray file = fileOfAllKeys(Value(30600));
+    QList<QByteArray> cases{QByteArray(), "bplist00", "no archive", Foundation::archivedData(Array::create()),
+                            Foundation::archivedData(Value())};
+    for (qsizetype size = 1; size < file.size(); size += 7)
+        cases.append(file.first(size));
+    for (const QByteArray &bytes : cases) {
+        SCOPED_TRACE(bytes.size());
+        TestDocument document = TestDocument::filled();
+        EXPECT_EQ(readDocument(bytes, document.state), ReadOutcome::NotADocument);
+        EXPECT_FALSE(document.state.isEncrypted);
+        EXPECT_TRUE(document.state.YouCanSave);
+        EXPECT_TRUE(document.state.requiresMandatoryPassword);
+        EXPECT_TRUE(document.state.fileDocRelease.isNull());
+    }
+}
+
+} // namespace

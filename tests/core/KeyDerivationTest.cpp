@@ -1,0 +1,91 @@
+#include "core/KeyDerivation.h"
+
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include <openssl/evp.h>
+#include <random>
+
+namespace
+{
+
+QByteArray libraryKey(const QByteArray &secret, const QByteArray &salt, int rounds, qsizetype length)
+{
+    QByteArray key(length, '\0');
+    EXPECT_TRUE(PKCS5_PBKDF2_HMAC(
+        secret.constData(), int(secret.size()), reinterpret_cast<const unsigned char *>(salt.constData()),
+        int(salt.size()), rounds, EVP_sha1(), int(length), reinterpret_cast<unsigned char *>(key.data())));
+    return key;
+}
+
+class Dice
+{
+public:
+    int from(int lowest, int highest)
+    {
+        return std::uniform_int_distribution<int>(lowest, highest)(m_engine);
+    }
+
+    QByteArray bytes(qsizetype count)
+    {
+        QByteArray drawn(count, '\0');
+        for (char &byte : drawn)
+            byte = char(from(0, 255));
+        return drawn;
+    }
+
+private:
+    std::mt19937 m_engine{20070809};
+};
+
+TEST(KeyDerivation, GivesThePublishedKeys)
+{
+    QFile vectors(QStringLiteral(VEXAREL_TEST_DATA "/pbkdf2-vectors.txt"));
+    ASSERT_TRUE(vectors.open(QIODevice::ReadOnly));
+    int checked = 0;
+    while (!vectors.atEnd()) {
+        const QByteArray line = vectors.readLine().trimmed();
+        const QList<QByteArray> columns = line.split(' ');
+        if (line.startsWith('#') || columns.size() != 4)
+            continue;
+        SCOPED_TRACE(line.constData());
+        const QByteArray key = QByteArray::fromHex(columns[3]);
+        EXPECT_EQ(pbkdf2HmacSha1(QByteArray::fromHex(columns[0]), QByteArray::fromHex(columns[1]),
+                                 columns[2].toInt(), key.size()),
+                  key);
+        ++checked;
+    }
+    EXPECT_EQ(checked, 5);
+}
+
+TEST(KeyDerivation, AgreesWithTheLibrarysOwnDerivation)
+{
+    Dice dice;
+    for (int i = 0; i < 500; ++i) {
+        const QByteArray secret = dice.bytes(dice.from(0, 150));
+        const QByteArray salt = dice.bytes(dice.from(0, 100));
+        const int rounds = dice.from(1, 50);
+        const int length = dice.from(1, 100);
+        ASSERT_EQ(pbkdf2HmacSha1(secret, salt, rounds, length), libraryKey(secret, salt, rounds, length))
+            << "secret " << secret.toHex().constData() << " salt " << salt.toHex().constData() << " rounds "
+            << rounds;
+    }
+}
+
+TEST(KeyDerivation, TakesSecretsAroundTheSizeOfABlock)
+{
+    // A secret longer than the hash's 64-byte block is hashed first; zeros at its end tell hashing from
+    // padding.
+    for (const int size : {0, 1, 19, 20, 21, 63, 64, 65, 127, 128, 1000}) {
+        SCOPED_TRACE(size);
+        const QByteArray secret(size, '\0');
+        EXPECT_EQ(pbkdf2HmacSha1(secret, QByteArray("salt"), 3, 32), libraryKey(secret, "salt", 3, 32));
+    }
+    EXPECT_EQ(pbkdf2HmacSha1(QByteArray(), QByteArray(), 3, 32), libraryKey("", "", 3, 32));
+    EXPECT_TRUE(pbkdf2HmacSha1("secret", "salt", 3, 0).isEmpty());
+}
+
+} // namespace

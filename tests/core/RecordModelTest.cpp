@@ -1,0 +1,116 @@
+#include "core/RecordModel.h"
+
+#include "DocumentJson.h"
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+using Foundation::Array;
+using Foundation::Value;
+
+// "Title=key path" of each entry of a field table.
+QStringList fieldsOf(const Array &table)
+{
+    QStringList fields;
+    for (const Value &entry : table.values) {
+        const auto field = entry.dictionary();
+        EXPECT_EQ(field->count(), 2);
+        fields << field->value(u"publicKey").stringValue() + QLatin1Char('=') +
+                      field->value(u"innerKey").stringValue();
+    }
+    return fields;
+}
+
+TEST(RecordModel, ANewRecordHasNineteenKeysAndItsCategoryByReference)
+{
+    const auto category = newCategoryRecord(QStringLiteral("Work"), 4);
+    const auto record = newContactRecord(category, 1.5);
+    EXPECT_EQ(record->count(), 19);
+    EXPECT_EQ(record->value(RecordKey::categoryPtr).dictionary(), category);
+    record->setValue(RecordKey::categoryPtr, Value());
+    EXPECT_EQ(
+        jsonOfEntries(*record).toStdString(),
+        R"({"firstName":"First Name","lastName":"Last Name","company":"","phoneWork":"","faxWork":"",)"
+        R"("emailWork":"","addressWork":"","webWork":"","phonePersonal":"","faxPersonal":"","mobile":"",)"
+        R"("pager":"","emailPersonal":"","webPersonal":"","addressPersonal":"","note":"",)"
+        R"("creationDate":{"$date":1.5},"usageCount":{"$int":"0"}})");
+}
+
+// Opaque is the whole number 1 even beside real components: existing files hold it so.
+TEST(RecordModel, ANewCategoryIsGreyWithWhiteText)
+{
+    EXPECT_EQ(jsonOfEntries(*newCategoryRecord(QStringLiteral("Work"), 4)).toStdString(),
+              R"({"cat_category":"Work","cat_backColor":{"$dict":{"r":{"$real":0.75},"g":{"$real":0.75},)"
+              R"("b":{"$real":0.75},"a":{"$int":"1"}}},"cat_textColor":{"$dict":{"r":{"$int":"1"},)"
+              R"("g":{"$int":"1"},"b":{"$int":"1"},"a":{"$int":"1"}}},"cat_howManyUsingThis":{"$int":"0"},)"
+              R"("cat_uniqueID":{"$int":"4"},"records":[]})");
+}
+
+// "Mobile work" and "Note" lack the colon of the others and always have.
+TEST(RecordModel, DefaultCaptionsAndFlags)
+{
+    EXPECT_EQ(
+        jsonOfEntries(*defaultLabelDictionary()).toStdString(),
+        R"({"category":"Category:","firstName":"First name:","lastName":"Last name:",)"
+        R"("company":"Company:","phoneWork":"Phone work:","faxWork":"Fax work:","emailWork":"Email work:",)"
+        R"("addressWork":"Address work:","webWork":"Web work:","phonePersonal":"Phone personal:",)"
+        R"("faxPersonal":"Fax personal:","mobile":"Mobile personal:","pager":"Mobile work",)"
+        R"("emailPersonal":"Email personal:","webPersonal":"Web personal:",)"
+        R"("addressPersonal":"Address personal:","note":"Note","open01":false,"open02":false,)"
+        R"("open03":false,"open04":false,"open05":false,"open06":false,"open07":true,"open08":true,)"
+        R"("open09":false,"open10":false,"open11":false,"open12":false,"open13":true,"open14":true,)"
+        R"("open15":false})");
+}
+
+TEST(RecordModel, ResettingFlagsLeavesCaptionsAlone)
+{
+    const auto labels = defaultLabelDictionary();
+    labels->setValue(u"note", QStringLiteral("Remarks"));
+    labels->setValue(u"open01", Value(true));
+    labels->setValue(u"open07", Value());
+    resetOpenFlags(*labels);
+    EXPECT_EQ(labels->value(u"note").stringValue(), QStringLiteral("Remarks"));
+    EXPECT_EQ(labels->value(u"open01"), Value(false));
+    EXPECT_EQ(labels->value(u"open07"), Value(true));
+}
+
+TEST(RecordModel, FieldTablesHaveTheOrderOfExports)
+{
+    QStringList fields{QStringLiteral("First name=firstName"),
+                       QStringLiteral("Last name=lastName"),
+                       QStringLiteral("Company=company"),
+                       QStringLiteral("Phone work=phoneWork"),
+                       QStringLiteral("Fax work=faxWork"),
+                       QStringLiteral("Address work=addressWork"),
+                       QStringLiteral("Email work=emailWork"),
+                       QStringLiteral("Web work=webWork"),
+                       QStringLiteral("Phone personal=phonePersonal"),
+                       QStringLiteral("Fax personal=faxPersonal"),
+                       QStringLiteral("Mobile personal=mobile"),
+                       QStringLiteral("Mobile work=pager"),
+                       QStringLiteral("Email personal=emailPersonal"),
+                       QStringLiteral("Web personal=webPersonal"),
+                       QStringLiteral("Address personal=addressPersonal"),
+                       QStringLiteral("Note=note")};
+    fields.prepend(QStringLiteral("Category=categoryPtr.cat_category"));
+    EXPECT_EQ(fieldsOf(*newArrayForExport()), fields);
+    fields.first() = QStringLiteral("Category=categoryNAME");
+    EXPECT_EQ(fieldsOf(*newArrayForImport()), fields);
+}
+
+// Users change captions, flags and tables of one document; the next one starts with the defaults.
+TEST(RecordModel, DefaultsAreMadeAfresh)
+{
+    defaultLabelDictionary()->setValue(u"note", QStringLiteral("changed"));
+    EXPECT_EQ(defaultLabelDictionary()->value(u"note").stringValue(), QStringLiteral("Note"));
+    newArrayForExport()->values.clear();
+    EXPECT_EQ(newArrayForExport()->count(), 17);
+    const auto one = newCategoryRecord(QStringLiteral("One"), 1);
+    one->value(CategoryKey::cat_backColor).dictionary()->setValue(u"r", Value(0.0));
+    EXPECT_EQ(newCategoryRecord(QStringLiteral("Two"), 2)->valueForKeyPath(u"cat_backColor.r"), Value(0.75));
+}
+
+} // namespace

@@ -1,0 +1,196 @@
+#include "DocumentJson.h"
+#include "core/TestDocument.h"
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace
+{
+
+using Foundation::Value;
+
+// The paths on which every field has a cipher text of its own. Nothing deciphers them yet; once something
+// does, OldReleasesAreNotDecipheredYet fails and these lines go.
+const QStringList notYetDeciphered{QStringLiteral("1000"), QStringLiteral("1100"), QStringLiteral("fields")};
+
+// A document written by another program, with what opening it must give.
+struct Sample
+{
+    QJsonObject entry;
+
+    QString name() const { return entry[QStringLiteral("file")].toString(); }
+    QJsonObject loaded() const { return entry[QStringLiteral("loaded")].toObject(); }
+    bool isRefused() const { return entry[QStringLiteral("refused")].toBool(); }
+    bool isArchive() const { return entry[QStringLiteral("archive")].toString() == QStringLiteral("ok"); }
+    bool isDecipherable() const
+    {
+        return !notYetDeciphered.contains(loaded()[QStringLiteral("path")].toString());
+    }
+    bool hasContent() const { return entry[QStringLiteral("expected")].isString(); }
+    QByteArray bytes() const { return sampleBytes(name()); }
+    QByteArray expected() const { return sampleBytes(entry[QStringLiteral("expected")].toString()); }
+
+    struct Attempt
+    {
+        QString password;
+        bool opens;
+    };
+    QList<Attempt> attempts() const
+    {
+        QList<Attempt> attempts;
+        for (const QJsonValue &value : entry[QStringLiteral("passwords")].toArray()) {
+            const QJsonObject attempt = value.toObject();
+            attempts.append({attempt[QStringLiteral("password")].toString(),
+                             !attempt[QStringLiteral("nonzero")].toBool()});
+        }
+        return attempts;
+    }
+};
+
+QList<Sample> samples()
+{
+    QList<Sample> samples;
+    const auto manifest = QJsonDocument::fromJson(sampleBytes(QStringLiteral("manifest.json")));
+    for (const QJsonValue &entry : manifest[QStringLiteral("documents")].toArray())
+        samples.append(Sample{entry.toObject()});
+    return samples;
+}
+
+// The members of a JSON object as texts, without the blanks between tokens. Compared so, and not parsed,
+// numbers are equal only digit by digit.
+QHash<QByteArray, QByteArray> membersOf(const QByteArray &json)
+{
+    QHash<QByteArray, QByteArray> members;
+    QByteArray token;
+    QByteArray name;
+    bool inText = false;
+    int depth = 0;
+    for (qsizetype i = 0; i < json.size(); ++i) {
+        const char c = json[i];
+        if (inText && c == '\\') {
+            token += c;
+            token += json[++i];
+            continue;
+        }
+        if (c == '"')
+            inText = !inText;
+        if (!inText && (c == '}' || c == ']'))
+            --depth;
+        if (!inText && depth == 1 && c == ':') {
+            name = std::exchange(token, {});
+        } else if (!inText && ((depth == 1 && c == ',') || depth == 0)) {
+            if (!name.isEmpty())
+                members.insert(name.mid(1, name.size() - 2), std::exchange(token, {}));
+            name.clear();
+        } else if (inText || !QByteArrayView(" \r\n\t").contains(c)) {
+            token += c;
+        }
+        if (!inText && (c == '{' || c == '[')) {
+            if (++depth == 1)
+                token.clear();
+        }
+    }
+    return members;
+}
+
+void expectContent(const TestDocument &document, const QByteArray &expected)
+{
+    const auto ours = membersOf(jsonOfDocument(document.state));
+    const auto theirs = membersOf(expected);
+    EXPECT_EQ(ours.size(), 4);
+    for (auto member = ours.cbegin(); member != ours.cend(); ++member) {
+        SCOPED_TRACE(member.key().constData());
+        EXPECT_EQ(jsonLines(member.value()), jsonLines(theirs[member.key()]));
+    }
+}
+
+TEST(SampleDocuments, LoadAsTold)
+{
+    for (const Sample &sample : samples()) {
+        SCOPED_TRACE(qPrintable(sample.name()));
+        DocumentState state;
+        const ReadOutcome outcome = readDocument(sample.bytes(), state);
+        if (!sample.isArchive()) {
+            EXPECT_EQ(outcome, ReadOutcome::NotADocument);
+            continue;
+        }
+        EXPECT_EQ(outcome, sample.isRefused() ? ReadOutcome::NewerFormat : ReadOutcome::Loaded);
+        const QJsonObject loaded = sample.loaded();
+        const QJsonObject frame = loaded[QStringLiteral("myWinRectToUse")].toObject();
+        EXPECT_EQ(QString::number(state.myOpeningDocumentVersion),
+                  loaded[QStringLiteral("appversion")].toString());
+        EXPECT_EQ(state.fileDocRelease, loaded[QStringLiteral("fileDocRelease")].toString());
+        EXPECT_EQ(state.YouCanSave, loaded[QStringLiteral("YouCanSave")].toBool());
+        EXPECT_EQ(state.useMyWinRect, loaded[QStringLiteral("useMyWinRect")].toBool());
+        EXPECT_EQ(state.myWinRectToUse, (Foundation::Rect{frame[QStringLiteral("x")].toDouble(),
+                                                          frame[QStringLiteral("y")].toDouble(),
+                                                          frame[QStringLiteral("width")].toDouble(),
+                                                          frame[QStringLiteral("height")].toDouble()}));
+        EXPECT_EQ(state.makeToolbarVisibleAtDecrypt,
+                  loaded[QStringLiteral("makeToolbarVisibleAtDecrypt")].toBool());
+    }
+}
+
+TEST(SampleDocuments, OpenWithTheirPasswordsAndHoldWhatWasPutIn)
+{
+    int opened = 0;
+    for (const Sample &sample : samples()) {
+        for (const Sample::Attempt &attempt : sample.attempts()) {
+            if (attempt.opens && !sample.isDecipherable())
+                continue; // See below.
+            SCOPED_TRACE(qPrintable(sample.name() + QStringLiteral(" with ") + attempt.password));
+            TestDocument document = TestDocument::fromFile(sample.bytes());
+            EXPECT_EQ(document.openWith(attempt.password) == 0, attempt.opens);
+            if (!attempt.opens)
+                continue;
+            ++opened;
+            ASSERT_TRUE(sample.hasContent());
+            const auto expected = QJsonDocument::fromJson(sample.expected());
+            EXPECT_EQ(document.defaultCategoriesMade,
+                      expected[QStringLiteral("defaultCategoryAdded")].toBool());
+            expectContent(document, sample.expected());
+        }
+    }
+    EXPECT_EQ(opened, 26);
+}
+
+TEST(SampleDocuments, OldReleasesAreNotDecipheredYet)
+{
+    for (const Sample &sample : samples()) {
+        if (sample.isDecipherable())
+            continue;
+        SCOPED_TRACE(qPrintable(sample.name()));
+        TestDocument document = TestDocument::fromFile(sample.bytes());
+        EXPECT_NE(document.openWith(sample.attempts().first().password), 0)
+            << "it opens now: take its path out of notYetDeciphered";
+    }
+}
+
+// Saved in the current layout and opened again, all is there, kind by kind and bit by bit. Only the ids of
+// records in the first category for want of theirs are made good by a save.
+TEST(SampleDocuments, KeepTheirContentThroughASave)
+{
+    for (const Sample &sample : samples()) {
+        if (!sample.hasContent() || !sample.isDecipherable())
+            continue;
+        SCOPED_TRACE(qPrintable(sample.name()));
+        TestDocument document = TestDocument::fromFile(sample.bytes());
+        ASSERT_EQ(document.openWith(sample.attempts().first().password), 0);
+        for (qsizetype i = 0; i < document.state.myArray->count(); ++i) {
+            const Value id = document.record(i)->valueForKeyPath(u"categoryPtr.cat_uniqueID");
+            document.record(i)->setValue(RecordKey::cat_uniqueID, id);
+        }
+        document.category(0)->setValue(CategoryKey::records, Value());
+        TestDocument reopened = TestDocument::fromFile(document.save());
+        ASSERT_EQ(reopened.openWith(document.state.plainPassword), 0);
+        EXPECT_EQ(reopened.json(), document.json());
+        EXPECT_EQ(reopened.state.fileDocRelease, QStringLiteral("30600"));
+    }
+}
+
+} // namespace

@@ -1,0 +1,150 @@
+#include "core/TestDocument.h"
+
+#include "DocumentJson.h"
+#include "core/FileLayout.h"
+#include "foundation/KeyedArchive.h"
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+using Foundation::Array;
+using Foundation::Dictionary;
+using Foundation::Key;
+using Foundation::Ref;
+using Foundation::Value;
+
+TestDocument TestDocument::filled()
+{
+    TestDocument document;
+    document.state.plainPassword = Password;
+    document.state.documentCreationDate = Value::date(537416386.25);
+    const auto generic = document.addCategory(QStringLiteral("Generic"), 1);
+    const auto friends = document.addCategory(QStringLiteral("Friends"), 2);
+    document.addRecord(QStringLiteral("Ada"), generic);
+    document.addRecord(QStringLiteral("Grace"), generic);
+    document.addRecord(QStringLiteral("Emmy"), friends);
+    return document;
+}
+
+TestDocument TestDocument::fromFile(const QByteArray &file)
+{
+    TestDocument document;
+    EXPECT_EQ(readDocument(file, document.state), ReadOutcome::Loaded);
+    return document;
+}
+
+QByteArray TestDocument::save()
+{
+    return SavePipeline(state).dataOfType({{100, 200, 900, 600}, true}).value_or(QByteArray());
+}
+
+void TestDocument::lock()
+{
+    SavePipeline(state).encryptData();
+    state.YouCanSave = false;
+    state.isEncrypted = true;
+}
+
+qint32 TestDocument::openWith(const QString &password)
+{
+    state.plainPassword = password;
+    DecryptPipeline pipeline(state, [this] {
+        ++defaultCategoriesMade;
+        return newCategoryRecord(QStringLiteral("Generic"), 1);
+    });
+    const qint32 status = pipeline.decript();
+    if (status == DecryptSuccess) {
+        state.isEncrypted = false;
+        state.YouCanSave = true;
+    }
+    return status;
+}
+
+Ref<Dictionary> TestDocument::addCategory(const QString &name, qint64 uniqueID)
+{
+    auto added = newCategoryRecord(name, uniqueID);
+    state.myCategoryArray->values.emplace_back(added);
+    return added;
+}
+
+Ref<Dictionary> TestDocument::addRecord(const QString &firstName, const Ref<Dictionary> &category)
+{
+    auto added = newContactRecord(category, 646300000.5);
+    added->setValue(RecordKey::firstName, firstName);
+    state.myArray->values.emplace_back(added);
+    return added;
+}
+
+Ref<Dictionary> TestDocument::record(qsizetype index) const
+{
+    return state.myArray->at(index).dictionary();
+}
+
+Ref<Dictionary> TestDocument::category(qsizetype index) const
+{
+    return state.myCategoryArray->at(index).dictionary();
+}
+
+QString TestDocument::filing() const
+{
+    QStringList filed;
+    for (const Value &entry : state.myArray->values) {
+        const auto record = entry.dictionary();
+        filed << record->value(RecordKey::firstName).stringValue() + QStringLiteral(": ") +
+                     record->valueForKeyPath(u"categoryPtr.cat_category").stringValue();
+    }
+    return filed.join(QStringLiteral(", "));
+}
+
+QString TestDocument::counts() const
+{
+    QStringList counted;
+    for (const Value &entry : state.myCategoryArray->values) {
+        const auto category = entry.dictionary();
+        counted << category->value(CategoryKey::cat_category).stringValue() + QLatin1Char(' ') +
+                       QString::number(category->value(CategoryKey::cat_howManyUsingThis).intValue());
+    }
+    return counted.join(QStringLiteral(", "));
+}
+
+std::string TestDocument::json() const
+{
+    return jsonLines(jsonOfDocument(state));
+}
+
+Ref<Dictionary> rootOf(const QByteArray &file)
+{
+    const auto root = Foundation::unarchivedRoot(file);
+    return root ? root->dictionary() : nullptr;
+}
+
+QByteArray withKey(const QByteArray &file, const Key &key, const Value &value)
+{
+    const Ref<Dictionary> root = rootOf(file);
+    root->setValue(key, value);
+    return Foundation::archivedData(root);
+}
+
+QByteArray withPlainBuffer(const QByteArray &file, const Key &key, const QByteArray &plain)
+{
+    const Ref<Dictionary> root = rootOf(file);
+    VLCommonCrypto engine;
+    engine.setPasswordToDecrypt(Password, root->value(FileKey::IV).dataValue(),
+                                root->value(FileKey::salt).dataValue());
+    qint32 status = 0;
+    return withKey(file, key, engine.encrypt(plain, &status).value_or(QByteArray()));
+}
+
+QByteArray sampleBytes(const QString &name)
+{
+    QFile file(QStringLiteral(VEXAREL_TEST_DATA "/documents/") + name);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
+    return file.readAll();
+}
+
+std::string jsonLines(QByteArray json)
+{
+    return json.replace(",\"", ",\n\"").replace("},{", "},\n{").toStdString();
+}

@@ -1,0 +1,396 @@
+#include "core/VLCommonCrypto.h"
+
+#include "foundation/RandomNumbers.h"
+#include "support/Printers.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include <cstdlib>
+#include <openssl/err.h>
+
+namespace
+{
+
+using testing::AllOf;
+using testing::Ge;
+using testing::Le;
+
+const QByteArray Salt = QByteArray::fromHex("0102030405060708");
+const QByteArray Vector = QByteArray::fromHex("101112131415161718191a1b1c1d1e1f");
+
+VLCommonCrypto engineFor(const QString &password, const QByteArray &vector = Vector,
+                         const QByteArray &salt = Salt)
+{
+    VLCommonCrypto engine;
+    engine.setPasswordToDecrypt(password, vector, salt);
+    return engine;
+}
+
+QByteArray enciphered(VLCommonCrypto &engine, const QByteArray &plain)
+{
+    qint32 error = 1;
+    const std::optional<QByteArray> cipher = engine.encrypt(plain, &error);
+    EXPECT_EQ(error, CipherSuccess);
+    return cipher.value_or(QByteArray());
+}
+
+// Nothing came of it, and the status is the one expected. By reference, as the call that sets it may be the
+// first argument.
+void expectFailure(const std::optional<QByteArray> &result, const qint32 &error, qint32 expected)
+{
+    EXPECT_EQ(result, std::nullopt);
+    EXPECT_EQ(error, expected);
+}
+
+// A random source that hands out counted bytes, or nothing once told to fail, and remembers what it was asked
+// for.
+class ScriptedRandomSource
+{
+public:
+    ScriptedRandomSource()
+    {
+        draws = 0;
+        fails = false;
+        VLCommonCrypto::setRandomSource(&draw);
+    }
+    ~ScriptedRandomSource() { VLCommonCrypto::setRandomSource(nullptr); }
+
+    static inline bool fails = false;
+
+private:
+    static inline char draws = 0;
+
+    static std::optional<QByteArray> draw(quint64 length)
+    {
+        ++draws;
+        if (fails)
+            return std::nullopt;
+        return QByteArray(qsizetype(length), draws);
+    }
+};
+
+struct KnownAnswer
+{
+    QByteArray line;
+    QString password;
+    QByteArray salt, vector, plain, key, cipher;
+};
+
+QList<KnownAnswer> knownAnswers()
+{
+    QList<KnownAnswer> answers;
+    QFile vectors(QStringLiteral(VEXAREL_TEST_DATA "/cipher-vectors.txt"));
+    EXPECT_TRUE(vectors.open(QIODevice::ReadOnly));
+    while (!vectors.atEnd()) {
+        const QByteArray line = vectors.readLine().trimmed();
+        const QList<QByteArray> columns = line.split(' ');
+        if (line.startsWith('#') || columns.size() != 6)
+            continue;
+        QByteArray plain(columns[3].toLongLong(), '\0');
+        for (qsizetype i = 0; i < plain.size(); ++i)
+            plain[i] = char((7 * i + 3) % 251);
+        answers.append({line.left(120), QString::fromUtf8(QByteArray::fromHex(columns[0])),
+                        QByteArray::fromHex(columns[1]), QByteArray::fromHex(columns[2]), plain,
+                        QByteArray::fromHex(columns[4]), columns[5]});
+    }
+    return answers;
+}
+
+TEST(VLCommonCrypto, GivesTheBytesOfOtherPrograms)
+{
+    const QList<KnownAnswer> answers = knownAnswers();
+    EXPECT_EQ(answers.size(), 31);
+    for (const KnownAnswer &answer : answers) {
+        SCOPED_TRACE(answer.line.constData());
+        VLCommonCrypto engine = engineFor(answer.password, answer.vector, answer.salt);
+        const QByteArray cipher = enciphered(engine, answer.plain);
+        EXPECT_EQ(engine.AESKey(), answer.key);
+        EXPECT_EQ(cipher.size(), 16 * (answer.plain.size() / 16 + 1));
+        if (answer.cipher.startsWith("sha1:"))
+            EXPECT_EQ("sha1:" + VLCommonCrypto::dataSHA1(cipher).value_or(QByteArray()).toHex(),
+                      answer.cipher);
+        else
+            EXPECT_EQ(cipher.toHex(), answer.cipher);
+
+        qint32 error = 1;
+        const std::optional<QByteArray> plain = engine.decrypt(cipher, &error);
+        EXPECT_EQ(error, CipherSuccess);
+        EXPECT_TRUE(plain == answer.plain);
+    }
+}
+
+TEST(VLCommonCrypto, CutsTheSecretToTheUnitsOfThePassword)
+{
+    const struct
+    {
+        const char *rule;
+        QString one, other;
+        bool sameKey;
+    } cases[] = {
+        {"an accent costs the last letter", QStringLiteral("Zürichsee"), QStringLiteral("Zürichsea"), true},
+        {"but no more than that", QStringLiteral("Zürichsee"), QStringLiteral("Zürichsae"), false},
+        {"the accent itself counts", QStringLiteral("Zürichsee"), QStringLiteral("Zurichsee"), false},
+        {"ASCII counts to its last letter", QStringLiteral("secret"), QStringLiteral("secreT"), false},
+        {"Cyrillic counts by half", QStringLiteral("парад"), QStringLiteral("парус"), true},
+        {"an emoji gives two of its four bytes", QStringLiteral("😀"), QStringLiteral("🚀"), true},
+        {"a letter may be cut within", QStringLiteral("aé"), QStringLiteral("aê"), true},
+        {"a NUL doesn't end it", QString(QLatin1String("a\0b", 3)), QString(QLatin1String("a\0c", 3)), false},
+        {"half a pair alone is a question mark", QString(QChar(0xD83D)), QStringLiteral("?"), true},
+        {"so is each of many", QString(3, QChar(0xDE00)), QStringLiteral("???"), true},
+        {"none is the same as empty", QString(), QStringLiteral(""), true},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        EXPECT_EQ(VLCommonCrypto::AESKeyForPassword(c.one, Salt) ==
+                      VLCommonCrypto::AESKeyForPassword(c.other, Salt),
+                  c.sameKey);
+    }
+}
+
+TEST(VLCommonCrypto, DerivesTheKeyAnewInEveryCall)
+{
+    VLCommonCrypto engine(QStringLiteral("other"));
+    const QByteArray keyBefore = engine.AESKey();
+    engine.setPasswordToDecrypt(QStringLiteral("secret"), Vector, Salt);
+    EXPECT_EQ(engine.AESKey(), keyBefore); // Stale until the next call.
+
+    const QByteArray key = VLCommonCrypto::AESKeyForPassword(QStringLiteral("secret"), Salt);
+    const QByteArray cipher = enciphered(engine, "contacts");
+    EXPECT_EQ(engine.AESKey(), key);
+
+    engine.setAESKey(QByteArray(32, 'k'));
+    EXPECT_EQ(enciphered(engine, "contacts"), cipher);
+    EXPECT_EQ(engine.AESKey(), key);
+
+    engine.setAESKey(QByteArray());
+    qint32 error = 1;
+    EXPECT_EQ(engine.decrypt(cipher, &error), QByteArray("contacts"));
+    EXPECT_EQ(engine.AESKey(), key);
+
+    // A key in the call is ignored as well, even one that is far too short.
+    quint32 padding = CipherPKCS7Padding;
+    EXPECT_EQ(engine.encrypt("contacts", QByteArray(32, 'k'), &padding), cipher);
+    EXPECT_EQ(engine.decrypt(cipher, QByteArray("k"), &padding), QByteArray("contacts"));
+
+    engine.setPassword(QStringLiteral("changed"));
+    EXPECT_NE(enciphered(engine, "contacts"), cipher);
+    EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(QStringLiteral("changed"), Salt));
+}
+
+TEST(VLCommonCrypto, EmptyIsNotNothing)
+{
+    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    for (const QByteArray &plain : {QByteArray(), QByteArray("")}) {
+        const QByteArray cipher = enciphered(engine, plain);
+        EXPECT_EQ(cipher.size(), 16);
+        qint32 error = 1;
+        const std::optional<QByteArray> back = engine.decrypt(cipher, &error);
+        EXPECT_EQ(error, CipherSuccess);
+        ASSERT_TRUE(back.has_value());
+        EXPECT_TRUE(back->isEmpty());
+        EXPECT_FALSE(back->isNull());
+    }
+}
+
+TEST(VLCommonCrypto, RefusesTextCutOffAnywhere)
+{
+    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    const QByteArray cipher = enciphered(engine, QByteArray(40, 'A'));
+    ASSERT_EQ(cipher.size(), 48);
+    for (qsizetype length = 0; length < cipher.size(); ++length) {
+        SCOPED_TRACE(length);
+        qint32 error = 1;
+        expectFailure(engine.decrypt(cipher.left(length), &error), error,
+                      length % 16 == 0 ? CipherDecodeError : CipherAlignmentError);
+    }
+    EXPECT_EQ(ERR_peek_error(), 0u); // Nothing is left for the next user of the library.
+}
+
+TEST(VLCommonCrypto, WrongPasswordOrSaltFails)
+{
+    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    const QByteArray cipher = enciphered(engine, "contacts");
+    const struct
+    {
+        const char *rule;
+        QString password;
+        QByteArray salt;
+    } cases[] = {
+        {"another password", QStringLiteral("Secret"), Salt},
+        {"no password", QString(), Salt},
+        {"another salt", QStringLiteral("secret"), QByteArray::fromHex("0102030405060709")},
+        {"half a salt", QStringLiteral("secret"), Salt.left(4)},
+        {"no salt", QStringLiteral("secret"), QByteArray()},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        engine.setPasswordToDecrypt(c.password, Vector, c.salt);
+        qint32 error = 1;
+        expectFailure(engine.decrypt(cipher, &error), error, CipherDecodeError);
+    }
+}
+
+TEST(VLCommonCrypto, TakesSixteenBytesOfVectorOrNone)
+{
+    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    const QByteArray cipher = enciphered(engine, "contacts");
+    for (const QByteArray &vector : {QByteArray(), QByteArray(""), Vector.left(1), Vector.left(15)}) {
+        SCOPED_TRACE(vector.size());
+        engine.setIV(vector);
+        qint32 error = 1;
+        expectFailure(engine.encrypt("contacts", &error), error, CipherParameterError);
+        error = 1;
+        expectFailure(engine.decrypt(cipher, &error), error, CipherParameterError);
+    }
+    engine.setIV(Vector + "more");
+    EXPECT_EQ(enciphered(engine, "contacts"), cipher);
+}
+
+TEST(VLCommonCrypto, SettlesTheOptionWordWhenEnciphering)
+{
+    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    const QByteArray cipher = enciphered(engine, "contacts");
+    for (const quint32 word : {0u, 1u, 3u, 4u, 0xFFFFFFFFu}) {
+        SCOPED_TRACE(word);
+        quint32 padding = word;
+        EXPECT_EQ(engine.encrypt("contacts", QByteArray(), &padding), cipher);
+        EXPECT_EQ(padding, 1u);
+    }
+}
+
+TEST(VLCommonCrypto, WordTwoNeitherChainsNorPads)
+{
+    VLCommonCrypto engine = engineFor(QStringLiteral("secret"), QByteArray(16, '\0'));
+    const QByteArray block = "sixteen letters!";
+    // Chaining begins by adding the vector, so with zeros its first block is the bare cipher's.
+    const QByteArray bareBlock = enciphered(engine, block).left(16);
+
+    quint32 padding = CipherECBMode;
+    qint32 error = 1;
+    engine.setIV(QByteArray());
+    EXPECT_EQ(engine.doCipher(block + block, {}, CipherEncrypt, &padding, &error), bareBlock + bareBlock);
+    EXPECT_EQ(engine.doCipher(bareBlock + bareBlock, {}, CipherDecrypt, &padding, &error), block + block);
+    EXPECT_EQ(engine.doCipher(QByteArray(), {}, CipherEncrypt, &padding, &error), QByteArray(""));
+    EXPECT_EQ(error, CipherSuccess);
+    EXPECT_EQ(padding, 2u);
+    for (const qsizetype length : {1, 15}) {
+        error = 1;
+        expectFailure(engine.doCipher(block.left(length), {}, CipherEncrypt, &padding, &error), error,
+                      CipherAlignmentError);
+    }
+}
+
+TEST(VLCommonCrypto, DeciphersWithTheWordAsGiven)
+{
+    VLCommonCrypto engine = engineFor(QStringLiteral("secret"), QByteArray(16, '\0'));
+    const QByteArray cipher = enciphered(engine, "contacts");
+    const QByteArray withPadding = QByteArray("contacts") + QByteArray(8, '\x08');
+    const struct
+    {
+        const char *rule;
+        quint32 word;
+        QByteArray plain;
+    } cases[] = {
+        {"no bit: chained, padding stays", 0, withPadding},
+        {"padding goes", CipherPKCS7Padding, "contacts"},
+        {"one block under a vector of zeros needs no chain", CipherECBMode, withPadding},
+        {"both bits", CipherPKCS7Padding | CipherECBMode, "contacts"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        quint32 padding = c.word;
+        qint32 error = 1;
+        EXPECT_EQ(engine.doCipher(cipher, {}, CipherDecrypt, &padding, &error), c.plain);
+        EXPECT_EQ(error, CipherSuccess);
+        EXPECT_EQ(padding, c.word);
+    }
+}
+
+TEST(VLCommonCrypto, RefusesAnUnknownOperationButDerives)
+{
+    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    engine.setAESKey(QByteArray());
+    quint32 padding = CipherPKCS7Padding;
+    qint32 error = 1;
+    expectFailure(engine.doCipher("contacts", {}, 2, &padding, &error), error, CipherParameterError);
+    EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(QStringLiteral("secret"), Salt));
+}
+
+TEST(VLCommonCrypto, MakesVectorThenSaltThenKey)
+{
+    const ScriptedRandomSource source;
+    VLCommonCrypto engine(QStringLiteral("secret"));
+    char draws = 0;
+    const auto expectRenewed = [&](const QString &password) {
+        EXPECT_EQ(engine.password(), password);
+        EXPECT_EQ(engine.IV(), QByteArray(16, ++draws));
+        EXPECT_EQ(engine.salt(), QByteArray(8, ++draws));
+        EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(password, engine.salt()));
+    };
+    expectRenewed(QStringLiteral("secret"));
+    engine.recalcIV_Salt_AESKey();
+    expectRenewed(QStringLiteral("secret"));
+    engine.setPasswordToEncrypt(QStringLiteral("changed"));
+    expectRenewed(QStringLiteral("changed"));
+}
+
+TEST(VLCommonCrypto, GoesOnWithNothingWhenTheRandomSourceFails)
+{
+    ScriptedRandomSource source;
+    VLCommonCrypto engine(QStringLiteral("secret"));
+    source.fails = true;
+    EXPECT_EQ(VLCommonCrypto::randomDataOfLength(8), std::nullopt);
+    engine.recalcIV_Salt_AESKey();
+    EXPECT_TRUE(engine.IV().isNull());
+    EXPECT_TRUE(engine.salt().isNull());
+    EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(QStringLiteral("secret"), QByteArray("")));
+    qint32 error = 1;
+    expectFailure(engine.encrypt("contacts", &error), error, CipherParameterError);
+}
+
+TEST(VLCommonCrypto, TwoEnginesShareNothingRandom)
+{
+    const VLCommonCrypto one(QStringLiteral("secret"));
+    const VLCommonCrypto other(QStringLiteral("secret"));
+    EXPECT_EQ(one.IV().size(), 16);
+    EXPECT_EQ(one.salt().size(), 8);
+    EXPECT_NE(one.IV(), other.IV());
+    EXPECT_NE(one.salt(), other.salt());
+    EXPECT_NE(one.AESKey(), other.AESKey());
+    EXPECT_TRUE(VLCommonCrypto().password().isNull());
+}
+
+TEST(VLCommonCrypto, CheckStringFollowsThePlainGenerator)
+{
+    randomLongInRange(0, 0); // Takes the one seeding from the clock.
+    srandom(7);
+    const QString text = VLCommonCrypto::generateRandom256AsciiString();
+    ASSERT_EQ(text.size(), 256);
+    EXPECT_THAT(text.toUtf8().size(), AllOf(Ge(256), Le(512)));
+    srandom(7);
+    for (const QChar character : text)
+        ASSERT_EQ(character.unicode(), 1 + random() % 255);
+}
+
+TEST(VLCommonCrypto, DigestsAsPublished)
+{
+    const struct
+    {
+        const char *origin;
+        QByteArray data;
+        QByteArray digest;
+    } cases[] = {
+        {"nothing", QByteArray(), "da39a3ee5e6b4b0d3255bfef95601890afd80709"},
+        {"FIPS 180, one block", "abc", "a9993e364706816aba3e25717850c26c9cd0d89d"},
+        {"FIPS 180, a million letters", QByteArray(1000000, 'a'), "34aa973cd4c4daa4f61eeb2bdbad27316534016f"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.origin);
+        EXPECT_EQ(VLCommonCrypto::dataSHA1(c.data).value_or(QByteArray()).toHex(), c.digest);
+    }
+}
+
+} // namespace
