@@ -1,0 +1,46 @@
+#pragma once
+
+#include "browse/FilteringArrayController.h"
+#include "foundation/Actions.h"
+
+// The commands with which the user adds and deletes records. Each change goes through a pair of operations
+// that record one another with the undo manager, so that undo and redo simply call the other half; both
+// halves mark the document as edited. Takes part in the responder chain of its document.
+class RecordCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Record = Foundation::ArrayController::Object;
+
+    // None is owned; all outlive the commands.
+    RecordCommands(BrowseHost &host, FilteringArrayController &records,
+                   VLColoredCategoryArrayController &categories, QObject *parent = nullptr);
+
+    // Adds a new record, unless the document is locked.
+    Q_INVOKABLE void addRow(const Foundation::ActionSender &sender);
+    // Both ask first and then delete exactly one record, however many are selected: the last selected, and
+    // the first. The buttons of the two questions stand in opposite orders.
+    Q_INVOKABLE void deleteRow(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void deleteRows(const Foundation::ActionSender &sender);
+    // The company switch of the form changes the name in the table.
+    Q_INVOKABLE void isACompanySwitched(const Foundation::ActionSender &sender);
+    // The category pop-up of the form, whose items stand in the order of the category list. Cannot be undone.
+    Q_INVOKABLE void categoryWasSet(const Foundation::ActionSender &sender);
+
+    void addTheRecord(const Record &record);
+    void addTheRecordUndo(const Record &record);
+    void deleteTheRecord(const Record &record);
+    void deleteTheRecordUndo(const Record &record);
+
+    // A field of the form was typed into. Fields of tag 1 feed the name in the table.
+    void controlTextDidChange(int tag);
+
+private:
+    using Operation = void (RecordCommands::*)(const Record &);
+    void recordInverse(Operation inverse, const Record &record, const QString &actionName);
+
+    BrowseHost &m_host;
+    FilteringArrayController &m_records;
+    VLColoredCategoryArrayController &m_categories;
+};

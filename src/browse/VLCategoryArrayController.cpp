@@ -1,0 +1,48 @@
+#include "browse/VLCategoryArrayController.h"
+
+#include "core/RecordModel.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+using Foundation::Dictionary;
+using Foundation::Key;
+using Foundation::Value;
+
+namespace
+{
+constexpr int LastNumberTried = 31999;
+}
+
+bool VLCategoryArrayController::testForUnusedString(const QString &text, const Key &key) const
+{
+    const Value wanted(text);
+    return std::none_of(arrangedObjects().begin(), arrangedObjects().end(),
+                        [&](const Object &row) { return row->value(key) == wanted; });
+}
+
+QString VLCategoryArrayController::unusedCategoryNameWithPostfix(const QString &word) const
+{
+    // The names at once, so that a long list does not make a long walk of every try.
+    QSet<QString> taken;
+    for (const Object &row : arrangedObjects())
+        taken.insert(row->value(CategoryKey::cat_category).stringValue());
+    QString name = word;
+    for (int number = 1; taken.contains(name) && number <= LastNumberTried; ++number)
+        name = QStringLiteral("%1 %2").arg(word).arg(number);
+    return name;
+}
+
+VLCategoryArrayController::Object VLCategoryArrayController::newObject()
+{
+    Object row = ArrayController::newObject();
+    row->setValue(CategoryKey::cat_category, unusedCategoryNameWithPostfix(QStringLiteral("Untitled")));
+    return row;
+}
+
+VLCategoryArrayController::Object VLCategoryArrayController::getLastCategory() const
+{
+    const auto &rows = content()->values;
+    return rows.empty() ? nullptr : rows.back().dictionary();
+}

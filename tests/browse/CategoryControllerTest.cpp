@@ -1,0 +1,94 @@
+#include "browse/VLColoredCategoryArrayController.h"
+#include "core/RecordModel.h"
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+using Foundation::Value;
+
+namespace
+{
+
+QString nameOf(const Foundation::ArrayController::Object &category)
+{
+    return category->value(CategoryKey::cat_category).stringValue();
+}
+
+qint64 idOf(const VLColoredCategoryArrayController::Object &category)
+{
+    return category->value(CategoryKey::cat_uniqueID).longValue();
+}
+
+TEST(CategoryController, NamesAndIdsAreTheFirstFreeOnes)
+{
+    VLColoredCategoryArrayController categories;
+    const auto first = categories.addDefault();
+    const auto second = categories.addDefault();
+    const auto third = categories.addWithName(QStringLiteral("generic"));
+    EXPECT_EQ(nameOf(first), u"Generic");
+    EXPECT_EQ(idOf(first), 1);
+    EXPECT_EQ(nameOf(second), u"Generic 1");
+    EXPECT_EQ(idOf(second), 2);
+    EXPECT_EQ(idOf(third), 3);
+    categories.removeObject(second);
+    const auto again = categories.addDefault(); // The freed name and id are given again.
+    EXPECT_EQ(nameOf(again), u"Generic 1");
+    EXPECT_EQ(idOf(again), 2);
+    EXPECT_EQ(categories.getLastCategory(), again);
+}
+
+TEST(CategoryController, NamesAreTriedUpTo31999WhateverTheirOrder)
+{
+    VLCategoryArrayController rows;
+    auto content = Foundation::Array::create();
+    const auto addRow = [&content](const QString &name) {
+        auto row = Foundation::Dictionary::create();
+        row->setValue(CategoryKey::cat_category, name);
+        content->values.emplace_back(row);
+    };
+    for (const auto *name : {u"Untitled 1", u"Untitled", u"Untitled 3"})
+        addRow(QString::fromUtf16(name));
+    rows.setContent(content);
+    EXPECT_EQ(nameOf(rows.newObject()), u"Untitled 2");
+    EXPECT_EQ(rows.unusedCategoryNameWithPostfix(QStringLiteral("untitled")), u"untitled");
+
+    for (int i = 2; i <= 32000; ++i)
+        addRow(QStringLiteral("Untitled %1").arg(i));
+    rows.setContent(content);
+    // The last one tried is given, free or not.
+    EXPECT_EQ(nameOf(rows.newObject()), u"Untitled 31999");
+}
+
+TEST(CategoryController, ANewCategoryHasExactlyItsSixKeys)
+{
+    VLColoredCategoryArrayController categories;
+    const auto category = categories.newObject();
+    EXPECT_EQ(category->count(), 6);
+    const auto back = category->value(CategoryKey::cat_backColor).dictionary();
+    const auto text = category->value(CategoryKey::cat_textColor).dictionary();
+    ASSERT_TRUE(back && text);
+    EXPECT_EQ(back->value(u"r"), Value(0.75));
+    EXPECT_EQ(back->value(u"a"), Value(qint32(1)));
+    EXPECT_EQ(text->value(u"g"), Value(qint32(1)));
+    EXPECT_EQ(category->value(CategoryKey::records).type(), Value::Type::Array);
+    EXPECT_EQ(categories.content()->count(), 0);
+}
+
+TEST(CategoryController, CountsMoveOnlyForCategoriesOfTheList)
+{
+    VLColoredCategoryArrayController categories;
+    const auto category = categories.addDefault();
+    const auto stranger = categories.newObject();
+    EXPECT_TRUE(categories.incrementObj(category, 3));
+    EXPECT_FALSE(categories.incrementObj(stranger, 3));
+    EXPECT_TRUE(categories.incrementObjUsingThisInCategoryWithUniqueID(1, -1));
+    EXPECT_FALSE(categories.incrementObjUsingThisInCategoryWithUniqueID(9, -1));
+    EXPECT_EQ(category->value(CategoryKey::cat_howManyUsingThis).intValue(), 2);
+    // 0 stands for a missing id, even where a damaged category bears it.
+    category->setValue(CategoryKey::cat_uniqueID, Value());
+    EXPECT_FALSE(categories.incrementObjUsingThisInCategoryWithUniqueID(0, 1));
+    EXPECT_EQ(categories.categoryWithTitle(QStringLiteral("Generic")), category);
+    EXPECT_EQ(categories.categoryWithTitle(QStringLiteral("GENERIC")), nullptr);
+}
+
+} // namespace
