@@ -1,0 +1,219 @@
+#include "lifecycle/MyDocument.h"
+
+#include "core/DecryptPipeline.h"
+#include "core/DocumentReader.h"
+#include "core/SavePipeline.h"
+#include "foundation/Services.h"
+#include "helpers/VLAppSupportUtility.h"
+
+#include <QPointer>
+
+using Foundation::ActionSender;
+using Foundation::Array;
+using Foundation::Dictionary;
+using Foundation::Ref;
+using Foundation::Services;
+using Foundation::Value;
+
+MyDocument::MyDocument(QObject *parent)
+    : VLCryptoDoc(parent)
+    , m_records(*this, m_categories)
+    , m_recordCommands(*this, m_records, m_categories)
+{
+    setDocumentCreationDate(Value::date(Services::shared().clock().secondsSince2001()));
+    m_categories.setContent(state().myCategoryArray);
+    m_records.setContent(state().myArray);
+    m_allRecords.setContent(state().myArray);
+}
+
+MyDocument::~MyDocument() = default;
+
+void MyDocument::setMyArray(const Ref<Array> &records)
+{
+    mutableState().myArray = records;
+    m_records.setContent(records);
+}
+
+void MyDocument::setMyCategoryArray(const Ref<Array> &categories)
+{
+    mutableState().myCategoryArray = categories;
+    m_categories.setContent(categories);
+}
+
+void MyDocument::setMyLabelDictionary(const Ref<Dictionary> &labels)
+{
+    mutableState().myLabelDictionary = labels;
+    Q_EMIT myLabelDictionaryChanged();
+}
+
+void MyDocument::setDefaultDictionaryLabel(const ActionSender &)
+{
+    setMyLabelDictionary(defaultLabelDictionary());
+}
+
+void MyDocument::setSelectedView(int view)
+{
+    if (m_selectedView == view)
+        return;
+    m_selectedView = view;
+    Q_EMIT selectedViewChanged();
+}
+
+void MyDocument::switchViewEditMode(const ActionSender &)
+{
+    setSelectedView(m_selectedView == EditMode ? ViewMode : EditMode);
+}
+
+void MyDocument::controlTextDidChange(int tag)
+{
+    m_records.controlTextDidChange();
+    m_recordCommands.controlTextDidChange(tag);
+}
+
+void MyDocument::windowControllerDidLoadNib()
+{
+    window()->orderOut(); // Nothing of the preparation is seen.
+    VLCryptoDoc::windowControllerDidLoadNib();
+    if (!m_categories.canRemove())
+        m_categories.addObject(m_categories.newObject());
+    if (fileURL().isNull())
+        setDocumentCreationDate(Value::date(Services::shared().clock().secondsSince2001()));
+    if (isEncrypted())
+        window()->setToolbarVisible(false);
+    updateChangeCount(ChangeCleared); // A document comes up clean, whatever was done so far.
+    Services::shared().mainQueue().addOperation([document = QPointer(this)] {
+        if (!document || !document->window())
+            return;
+        document->window()->center();
+        document->window()->makeKeyAndOrderFront();
+    });
+}
+
+void MyDocument::windowDidBecomeKey()
+{
+    if (requiresMandatoryPassword() && plainPassword().isEmpty()) {
+        // The sheet comes after the window has finished becoming active.
+        Services::shared().mainQueue().addOperation([document = QPointer(this)] {
+            if (document)
+                document->askMandatoryPasswordToProtectDocument();
+        });
+    }
+    mutableState().requiresMandatoryPassword = false;
+}
+
+qint32 MyDocument::Decript()
+{
+    // Made while the controller still holds its former content: the name and id of a default category are
+    // those that are free there.
+    DecryptPipeline pipeline(mutableState(), [this] { return m_categories.newObject(); });
+    const qint32 status = pipeline.decript();
+    if (pipeline.hasReplacedLabels())
+        Q_EMIT myLabelDictionaryChanged();
+    if (status != DecryptSuccess)
+        return status;
+    setMyCategoryArray(state().myCategoryArray);
+    setMyArray(state().myArray);
+    m_allRecords.rearrangeObjects();
+    updateChangeCount(ChangeCleared);
+    return DecryptSuccess;
+}
+
+qint32 MyDocument::decryptDone()
+{
+    setIsEncrypted(false);
+    mutableState().myEncryptedArray = nullptr;
+    m_allRecords.setContent(state().myArray);
+    if (myWindow())
+        myWindow()->clearPasswordToDecryptField();
+    switchToViewMode();
+    if (window()) {
+        window()->setToolbarVisible(makeToolbarVisibleAtDecrypt());
+        if (useMyWinRect())
+            window()->setFrame(myWinRectToUse(), true);
+    }
+    setYouCanSave(true);
+    return 1;
+}
+
+std::optional<QByteArray> MyDocument::dataOfType(const QString &)
+{
+    SavePipeline::WindowPlacement placement;
+    if (window())
+        placement = {window()->frame(), window()->isToolbarVisible()};
+    return SavePipeline(mutableState()).dataOfType(placement);
+}
+
+bool MyDocument::readFromData(const QByteArray &bytes, const QString &, QString *reason)
+{
+    const ReadOutcome outcome = readDocument(bytes, mutableState());
+    if (outcome == ReadOutcome::NotADocument) {
+        *reason = tr("It is not a Vexarel document or is damaged.");
+        return false;
+    }
+    if (window())
+        window()->setToolbarVisible(false);
+    Q_EMIT isEncryptedChanged();
+    if (outcome == ReadOutcome::Loaded)
+        return true;
+    *reason = QString(); // The user is told here.
+    // The alert opens the maker's site itself, so that it is asked for twice.
+    if (VLAppSupportUtility::sayFilecreatedWithANewerVersion(this))
+        VLAppSupportUtility::visitUs(this);
+    return false;
+}
+
+QString MyDocument::reasonNotToWrite() const
+{
+    // Bytes written now could never be opened again, so that this guards every way to the disk.
+    if (isEncrypted())
+        return tr("It is locked. Enter the master password first.");
+    if (plainPassword().isEmpty())
+        return tr("It has no master password yet.");
+    return {};
+}
+
+bool MyDocument::lastDataCanBeRead() const
+{
+    return SavePipeline::canBeRead(state());
+}
+
+QString MyDocument::autosavingFileType() const
+{
+    return isEncrypted() || plainPassword().isEmpty() ? QString() : VLCryptoDoc::autosavingFileType();
+}
+
+bool MyDocument::validateMenuItem(Foundation::MenuItem &item)
+{
+    static const QStringList needOpenContent = {QStringLiteral("importFromAddressBook"),
+                                                QStringLiteral("exportToText"),
+                                                QStringLiteral("importFromText"),
+                                                QStringLiteral("addRow"),
+                                                QStringLiteral("deleteRow"),
+                                                QStringLiteral("switchViewEditMode"),
+                                                QStringLiteral("editLabelSheet"),
+                                                QStringLiteral("editCategoriesSheet"),
+                                                QStringLiteral("deleteRows"),
+                                                QStringLiteral("lockDocument")};
+    if (item.action == u"switchViewEditMode")
+        item.isChecked = m_selectedView == EditMode;
+    if (needOpenContent.contains(item.action))
+        return isDecrypted();
+    return VLCryptoDoc::validateMenuItem(item);
+}
+
+void MyDocument::beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered)
+{
+    showAlert(alert, std::move(answered));
+}
+
+void MyDocument::scrollRowToVisible(qsizetype row)
+{
+    if (myWindow())
+        myWindow()->scrollRowToVisible(row);
+}
+
+void MyDocument::redrawColumn(const QString &identifier)
+{
+    if (myWindow())
+        myWindow()->redrawColumn(identifier);
+}

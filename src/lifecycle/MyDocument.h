@@ -1,0 +1,118 @@
+#pragma once
+
+#include "browse/RecordCommands.h"
+#include "lifecycle/VLCryptoDoc.h"
+
+// The address book of one file. Holds the state of DocumentState and hands the work on: saving and
+// deciphering to the pipelines of core/, records and categories to the controllers and commands of browse/.
+// What belongs to the document's window stands in MyDocumentWindow.
+class MyDocument : public VLCryptoDoc, private BrowseHost
+{
+    Q_OBJECT
+    Q_PROPERTY(FilteringArrayController *myArrayController READ myArrayController CONSTANT)
+    Q_PROPERTY(Foundation::ArrayController *myAllArrayController READ myAllArrayController CONSTANT)
+    Q_PROPERTY(
+        VLColoredCategoryArrayController *myCategoryArrayController READ myCategoryArrayController CONSTANT)
+    Q_PROPERTY(
+        Foundation::Value myLabelDictionary READ myLabelDictionaryValue NOTIFY myLabelDictionaryChanged)
+    Q_PROPERTY(int selectedView READ selectedView WRITE setSelectedView NOTIFY selectedViewChanged)
+    Q_PROPERTY(QString fileDocRelease READ fileDocRelease NOTIFY isEncryptedChanged)
+    Q_PROPERTY(bool falseValue READ falseValue CONSTANT)
+    Q_PROPERTY(bool yesVal READ yesVal CONSTANT)
+
+public:
+    using Array = Foundation::Array;
+    using Dictionary = Foundation::Dictionary;
+
+    // The two faces of the detail side.
+    enum DetailView { ViewMode = 0, EditMode = 1 };
+
+    explicit MyDocument(QObject *parent = nullptr);
+    ~MyDocument() override;
+
+    static QString windowNibName() { return QStringLiteral("MyDocument"); }
+
+    FilteringArrayController *myArrayController() { return &m_records; }
+    Foundation::ArrayController *myAllArrayController() { return &m_allRecords; }
+    VLColoredCategoryArrayController *myCategoryArrayController() { return &m_categories; }
+    RecordCommands &recordCommands() { return m_recordCommands; }
+
+    // The content. A setter replaces the object, and the controllers show the new one.
+    const Foundation::Ref<Array> &myArray() const { return state().myArray; }
+    void setMyArray(const Foundation::Ref<Array> &records);
+    const Foundation::Ref<Array> &myCategoryArray() const { return state().myCategoryArray; }
+    void setMyCategoryArray(const Foundation::Ref<Array> &categories);
+    const Foundation::Ref<Dictionary> &myLabelDictionary() const { return state().myLabelDictionary; }
+    void setMyLabelDictionary(const Foundation::Ref<Dictionary> &labels);
+    static Foundation::Ref<Dictionary> defaultLabelDictionary() { return ::defaultLabelDictionary(); }
+    Q_INVOKABLE void setDefaultDictionaryLabel(const Foundation::ActionSender &sender);
+    const Foundation::Value &documentCreationDate() const { return state().documentCreationDate; }
+    void setDocumentCreationDate(const Foundation::Value &date)
+    {
+        mutableState().documentCreationDate = date;
+    }
+    const Foundation::Ref<Array> &arrayForExport() const { return m_arrayForExport; }
+    const Foundation::Ref<Array> &arrayForImport() const { return m_arrayForImport; }
+
+    // What was read of the file, and whether it may be written.
+    const QString &fileDocRelease() const { return state().fileDocRelease; }
+    quint64 myOpeningDocumentVersion() const { return state().myOpeningDocumentVersion; }
+    bool YouCanSave() const { return state().YouCanSave; }
+    void setYouCanSave(bool canSave) { mutableState().YouCanSave = canSave; }
+    bool requiresMandatoryPassword() const { return state().requiresMandatoryPassword; }
+    bool useMyWinRect() const { return state().useMyWinRect; }
+    const Foundation::Rect &myWinRectToUse() const { return state().myWinRectToUse; }
+    bool makeToolbarVisibleAtDecrypt() const { return state().makeToolbarVisibleAtDecrypt; }
+
+    int selectedView() const { return m_selectedView; }
+    void setSelectedView(int view);
+    void switchToEditMode() override { setSelectedView(EditMode); }
+    void switchToViewMode() { setSelectedView(ViewMode); }
+    Q_INVOKABLE void switchViewEditMode(const Foundation::ActionSender &sender);
+
+    // Fresh constants for bindings.
+    bool falseValue() const { return false; }
+    bool yesVal() const { return true; }
+
+    // A field of the form, of the tag that the interface file gives it, was typed into.
+    void controlTextDidChange(int tag);
+
+    // The window tells when it stands and when it becomes the active one for the first time or again.
+    void windowControllerDidLoadNib() override;
+    void windowDidBecomeKey();
+
+    qint32 Decript() override;
+    qint32 decryptDone() override;
+
+    std::optional<QByteArray> dataOfType(const QString &type) override;
+    bool readFromData(const QByteArray &bytes, const QString &type, QString *reason) override;
+    QString reasonNotToWrite() const override;
+    bool lastDataCanBeRead() const override;
+    QString autosavingFileType() const override;
+
+    QList<QObject *> responders() override { return {&m_recordCommands, this}; }
+    bool validateMenuItem(Foundation::MenuItem &item) override;
+
+    bool isDecrypted() const override { return VLCryptoDoc::isDecrypted(); }
+    void updateChangeCount(int change) override { VLCryptoDoc::updateChangeCount(change); }
+    Foundation::UndoManager &undoManager() override { return VLCryptoDoc::undoManager(); }
+
+Q_SIGNALS:
+    void myLabelDictionaryChanged();
+    void selectedViewChanged();
+
+private:
+    Foundation::Value myLabelDictionaryValue() const { return state().myLabelDictionary; }
+
+    void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered) override;
+    void scrollRowToVisible(qsizetype row) override;
+    void redrawColumn(const QString &identifier) override;
+
+    VLColoredCategoryArrayController m_categories;
+    FilteringArrayController m_records;
+    Foundation::ArrayController m_allRecords;
+    RecordCommands m_recordCommands;
+    Foundation::Ref<Array> m_arrayForExport = newArrayForExport();
+    Foundation::Ref<Array> m_arrayForImport = newArrayForImport();
+    int m_selectedView = ViewMode;
+};

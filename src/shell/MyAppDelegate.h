@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QObject>
+#include <QVariantHash>
+
+// The one object that lives as long as the application.
+class MyAppDelegate : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    // Registers the settings' defaults. Must run before anything reads a setting.
+    static void initialize();
+    // Exactly the ten settings that have a default; two more begin absent.
+    static QVariantHash registeredDefaults();
+};

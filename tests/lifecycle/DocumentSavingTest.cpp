@@ -1,0 +1,160 @@
+#include "support/DocumentFixture.h"
+
+#include <QFile>
+
+namespace
+{
+
+class DocumentSaving : public DocumentFixture
+{
+protected:
+    static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    // An open document with one record, saved.
+    void savedDocument(const QString &path)
+    {
+        newProtectedDocument();
+        document->recordCommands().addRow({});
+        window->savePath = path;
+        document->saveDocument({});
+        ASSERT_FALSE(document->isDocumentEdited());
+    }
+};
+
+TEST_F(DocumentSaving, AsksForANameOnceAndSavesThereAgain)
+{
+    newProtectedDocument();
+    document->recordCommands().addRow({});
+    document->saveDocument({}); // given up in the panel
+    EXPECT_TRUE(document->isDocumentEdited());
+    EXPECT_TRUE(document->fileURL().isNull());
+    savedDocument(pathOf("b.vexcards"));
+    window->savePath = pathOf("c.vexcards");
+    typeNote(QStringLiteral("x"));
+    document->saveDocument({});
+    EXPECT_FALSE(document->isDocumentEdited());
+    EXPECT_FALSE(QFile::exists(pathOf("c.vexcards")));
+    document->saveDocumentAs({});
+    EXPECT_TRUE(QFile::exists(pathOf("c.vexcards")));
+    EXPECT_EQ(document->displayName(), u"c.vexcards");
+}
+
+TEST_F(DocumentSaving, AFailureSaysWhyAndKeepsEverything)
+{
+    const QString path = pathOf("d.vexcards");
+    savedDocument(path);
+    const QByteArray before = contentOf(path);
+    QFile::setPermissions(path, QFile::ReadOwner);
+    typeNote(QStringLiteral("lost?"));
+    document->saveDocument({});
+    EXPECT_EQ(window->alert().message, u"The document “d.vexcards” could not be saved.");
+    EXPECT_FALSE(window->alert().informativeText.isEmpty());
+    window->answer(1000);
+    EXPECT_TRUE(document->isDocumentEdited());
+    EXPECT_EQ(note(), u"lost?");
+    EXPECT_EQ(contentOf(path), before);
+}
+
+TEST_F(DocumentSaving, AFileThatAnotherProgramTouchedIsOnlyReplacedAfterAQuestion)
+{
+    const QString path = pathOf("e.vexcards");
+    savedDocument(path);
+    typeNote(QStringLiteral("mine"));
+    QFile other(path);
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("theirs");
+    other.close();
+    document->saveDocument({});
+    EXPECT_EQ(window->alert().message,
+              u"The file of the document “e.vexcards” has been changed by another program.");
+    window->answer(1001);
+    EXPECT_EQ(contentOf(path), "theirs");
+    EXPECT_TRUE(document->isDocumentEdited());
+    document->saveDocument({});
+    window->answer(1000);
+    EXPECT_FALSE(document->isDocumentEdited());
+    typeNote(QStringLiteral("again"));
+    document->saveDocument({});
+    EXPECT_FALSE(window->hasAlert()) << "the file is ours again";
+
+    QFile::remove(path);
+    typeNote(QStringLiteral("more"));
+    document->saveDocument({});
+    EXPECT_EQ(window->alert().message, u"The file of the document “e.vexcards” is no longer there.");
+    window->answer(1000);
+    EXPECT_TRUE(QFile::exists(path));
+}
+
+TEST_F(DocumentSaving, ClosingAsksOnlyAboutUnsavedWorkInAnOpenDocument)
+{
+    const QString path = pathOf("f.vexcards");
+    savedDocument(path);
+    const auto close = [this] {
+        std::optional<bool> answer;
+        document->canCloseDocument([&answer](bool shouldClose) { answer = shouldClose; });
+        return answer;
+    };
+    EXPECT_EQ(close(), true);
+    const struct
+    {
+        int button;
+        bool closes, edited;
+    } answers[] = {{1001, false, true}, {1002, true, true}, {1000, true, false}};
+    for (const auto &c : answers) {
+        SCOPED_TRACE(c.button);
+        typeNote(QStringLiteral("note %1").arg(c.button));
+        std::optional<bool> answer;
+        document->canCloseDocument([&answer](bool shouldClose) { answer = shouldClose; });
+        EXPECT_EQ(window->alert().message, u"Do you want to save the changes to the document “f.vexcards”?");
+        EXPECT_EQ(window->alert().buttons,
+                  (QStringList{QStringLiteral("Save"), QStringLiteral("Cancel"), QStringLiteral("Discard")}));
+        EXPECT_FALSE(answer.has_value());
+        window->answer(c.button);
+        EXPECT_EQ(answer, c.closes);
+        EXPECT_EQ(document->isDocumentEdited(), c.edited);
+    }
+
+    ASSERT_TRUE(open(path));
+    document->updateChangeCount(0);
+    MyDocument *locked = document.release(); // closing deletes it
+    bool called = false;
+    locked->canCloseDocument([&called](bool) { called = true; });
+    EXPECT_TRUE(window->closed);
+    EXPECT_FALSE(called) << "a locked document never answers";
+    endEvent();
+}
+
+TEST_F(DocumentSaving, OneFileIsOneDocumentAndQuittingAsksEachOfThem)
+{
+    const QString path = pathOf("g.vexcards");
+    savedDocument(path);
+    ASSERT_TRUE(QFile::link(path, pathOf("link.vexcards")));
+    Foundation::DocumentController controller([] { return std::make_unique<MyDocument>(); });
+    std::vector<std::unique_ptr<ScriptedDocumentWindow>> windows;
+    QObject::connect(&controller, &Foundation::DocumentController::documentAdded,
+                     [&windows](Foundation::Document *added) {
+                         windows.push_back(std::make_unique<ScriptedDocumentWindow>());
+                         added->setWindow(windows.back().get());
+                     });
+    Foundation::Document *locked = controller.openDocument(path);
+    EXPECT_EQ(controller.openDocument(pathOf("link.vexcards")), locked);
+    Foundation::Document *fresh = controller.newDocument();
+    EXPECT_EQ(controller.newDocument()->displayName(), u"Untitled 2");
+    fresh->updateChangeCount(0);
+
+    std::optional<bool> done;
+    controller.closeAllDocuments([&done](bool all) { done = all; });
+    windows[1]->answer(1001);
+    EXPECT_EQ(done, false);
+    EXPECT_EQ(controller.documents().size(), 2) << "the clean one has gone, the other two stay";
+    controller.closeAllDocuments([&done](bool all) { done = all; });
+    windows[1]->answer(1002);
+    EXPECT_EQ(done, true);
+    EXPECT_TRUE(controller.documents().isEmpty());
+    endEvent();
+}
+
+} // namespace

@@ -1,0 +1,182 @@
+#include "core/FileLayout.h"
+#include "foundation/KeyedArchive.h"
+#include "shell/MyAppDelegate.h"
+#include "support/DocumentFixture.h"
+
+#include <QFile>
+
+using Foundation::Value;
+
+namespace
+{
+
+class MyDocumentTest : public DocumentFixture
+{
+protected:
+    static QString sample(const char *name)
+    {
+        return QStringLiteral(VEXAREL_TEST_DATA "/documents/") + QString::fromLatin1(name);
+    }
+    void saveTo(const QString &path)
+    {
+        QString reason;
+        ASSERT_TRUE(document->writeToFile(path, &reason)) << qPrintable(reason);
+    }
+    static bool isEnabled(MyDocument &document, const QString &action)
+    {
+        Foundation::MenuItem item;
+        item.action = action;
+        return document.validateMenuItem(item);
+    }
+};
+
+TEST_F(MyDocumentTest, ANewDocumentComesUpCleanWithOneCategoryAndIsDatedByItsWindow)
+{
+    ManualClock clock(QDateTime(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC));
+    document = std::make_unique<MyDocument>();
+    EXPECT_EQ(document->myCategoryArray()->count(), 0);
+    clock.moment = clock.moment.addSecs(60);
+    newDocument();
+    EXPECT_EQ(document->documentCreationDate(), Value::date(60));
+    EXPECT_EQ(document->myCategoryArray()->count(), 1);
+    EXPECT_FALSE(document->isDocumentEdited());
+    EXPECT_TRUE(window->visible);
+    EXPECT_EQ(document->displayName(), u"Untitled");
+    EXPECT_TRUE(document->autosavingFileType().isNull());
+}
+
+TEST_F(MyDocumentTest, TheWholeRoadThroughTheDisk)
+{
+    newProtectedDocument();
+    EXPECT_FALSE(document->autosavingFileType().isNull());
+    document->recordCommands().addRow({});
+    EXPECT_EQ(document->selectedView(), MyDocument::EditMode);
+    typeNote(QStringLiteral("zażółć \U0001F600"));
+    saveTo(pathOf("a.vexcards"));
+    EXPECT_FALSE(document->isDocumentEdited());
+    EXPECT_EQ(document->displayName(), u"a.vexcards");
+
+    ASSERT_TRUE(open(pathOf("a.vexcards")));
+    EXPECT_TRUE(document->isEncrypted());
+    EXPECT_FALSE(window->toolbarVisible);
+    document->windowDidBecomeKey();
+    EXPECT_EQ(queue.waiting(), 0U) << "a file has its password already";
+
+    submit(QString());
+    EXPECT_TRUE(window->progress.isEmpty() && !window->hasAlert()) << "an empty password does nothing";
+    submit(QStringLiteral("wrong"));
+    EXPECT_EQ(window->alert().message, u"Wrong Password");
+    EXPECT_EQ(window->alert().informativeText,
+              u"You inserted a wrong password.\nTo access this document you must insert exactly the password "
+              u"used to protect it");
+    EXPECT_EQ(window->alert().buttons, QStringList{QStringLiteral("OK")});
+    window->answer(1000);
+    EXPECT_EQ(document->plainPassword(), u"wrong"); // The attempt is not rolled back.
+    EXPECT_TRUE(document->isEncrypted());
+
+    document->updateChangeCount(0);
+    submit(password);
+    EXPECT_EQ(window->progress, (QList<bool>{true, false, true, false}));
+    EXPECT_FALSE(document->isEncrypted());
+    EXPECT_FALSE(document->isDocumentEdited());
+    EXPECT_EQ(document->plainPasswordInserted(), u"");
+    EXPECT_TRUE(window->passwordFieldCleared);
+    EXPECT_TRUE(window->toolbarVisible);
+    EXPECT_EQ(window->frameNow, (Foundation::Rect{100, 200, 900, 600})); // Fractions are dropped at reading.
+    EXPECT_EQ(document->selectedView(), MyDocument::ViewMode);
+    EXPECT_EQ(note(), u"zażółć \U0001F600");
+    EXPECT_EQ(document->myAllArrayController()->arrangedObjects().size(), 1U);
+}
+
+TEST_F(MyDocumentTest, AFileWithoutCategoriesGetsOneThatIsFreeInTheFormerList)
+{
+    ASSERT_TRUE(open(sample("categories-empty.vexcards")));
+    submit(password);
+    ASSERT_FALSE(document->isEncrypted());
+    const auto category = document->myCategoryArray()->at(0).dictionary();
+    // The window had a category of its own by then.
+    EXPECT_EQ(category->value(CategoryKey::cat_category).stringValue(), u"Generic 1");
+    EXPECT_EQ(category->value(CategoryKey::cat_uniqueID).longValue(), 2);
+    EXPECT_EQ(category->value(CategoryKey::cat_howManyUsingThis).intValue(), 2);
+}
+
+TEST_F(MyDocumentTest, ANewerFileIsRefusedAndTheSiteAskedForTwice)
+{
+    for (const int answer : {1001, 1000}) {
+        modalAlerts.nextAnswers = {answer};
+        EXPECT_FALSE(open(sample("version-refused-30601.vexcards")));
+        EXPECT_TRUE(refusal.isNull());
+        EXPECT_EQ(workspace.openedUrls.size(), answer == 1000 ? 2 : 0);
+    }
+    EXPECT_EQ(modalAlerts.shown.size(), 2);
+}
+
+TEST_F(MyDocumentTest, WhatIsNoDocumentIsRefusedInPlainWords)
+{
+    EXPECT_FALSE(open(sample("hostile-text.vexcards")));
+    EXPECT_EQ(refusal, u"It is not a Vexarel document or is damaged.");
+    Foundation::DocumentController controller([] { return std::make_unique<MyDocument>(); });
+    modalAlerts.nextAnswers = {1000, 1000};
+    EXPECT_EQ(controller.openDocument(sample("hostile-cut.vexcards")), nullptr);
+    EXPECT_EQ(modalAlerts.shown.last().message, u"The document “hostile-cut.vexcards” could not be opened.");
+    EXPECT_EQ(controller.openDocument(pathOf("missing.vexcards")), nullptr);
+    EXPECT_FALSE(modalAlerts.shown.last().informativeText.isEmpty());
+    EXPECT_TRUE(controller.documents().isEmpty());
+}
+
+TEST_F(MyDocumentTest, NothingIsEverWrittenThatNobodyCouldOpen)
+{
+    const QString path = pathOf("kept.vexcards");
+    ASSERT_TRUE(QFile::copy(sample("version-30600.vexcards"), path));
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    QString reason;
+
+    ASSERT_TRUE(open(path));
+    EXPECT_FALSE(document->writeToFile(path, &reason));
+    EXPECT_FALSE(reason.isEmpty());
+    submit(QStringLiteral("wrong"));
+    EXPECT_FALSE(document->writeToFile(path, &reason));
+    EXPECT_TRUE(document->autosavingFileType().isNull());
+    window->answer(1000);
+    submit(password);
+    EXPECT_TRUE(document->isDecrypted()) << "the refused saves have left the buffers alone";
+
+    newDocument(); // without a password nobody could ever type one
+    EXPECT_FALSE(document->writeToFile(path, &reason));
+    EXPECT_TRUE(open(path));
+}
+
+TEST_F(MyDocumentTest, MenusFollowTheLock)
+{
+    ASSERT_TRUE(open(sample("version-30600.vexcards")));
+    const QString needContent[] = {QStringLiteral("addRow"),         QStringLiteral("deleteRow"),
+                                   QStringLiteral("deleteRows"),     QStringLiteral("saveDocument"),
+                                   QStringLiteral("saveDocumentAs"), QStringLiteral("switchViewEditMode"),
+                                   QStringLiteral("lockDocument"),   QStringLiteral("printDocument"),
+                                   QStringLiteral("exportToText")};
+    for (const QString &action : needContent)
+        EXPECT_FALSE(isEnabled(*document, action)) << qPrintable(action);
+    EXPECT_TRUE(isEnabled(*document, QStringLiteral("duplicateRow"))); // has its own guard
+    submit(password);
+    for (const QString &action : needContent)
+        EXPECT_TRUE(isEnabled(*document, action)) << qPrintable(action);
+
+    Foundation::MenuItem item;
+    item.action = QStringLiteral("switchViewEditMode");
+    document->validateMenuItem(item);
+    EXPECT_FALSE(item.isChecked);
+    document->switchViewEditMode({});
+    document->validateMenuItem(item);
+    EXPECT_TRUE(item.isChecked);
+}
+
+TEST(MyAppDelegateTest, RegistersTenDefaults)
+{
+    const QVariantHash defaults = MyAppDelegate::registeredDefaults();
+    EXPECT_EQ(defaults.size(), 10);
+    EXPECT_EQ(defaults.value(QStringLiteral("autolocBackgroundInterval")), QVariant(120));
+    EXPECT_EQ(defaults.value(QStringLiteral("tableFontFamily")), QVariant(QStringLiteral("Lucida Grande")));
+    EXPECT_FALSE(defaults.contains(QStringLiteral("StartupSelectedDocBookmark")));
+}
+
+} // namespace

@@ -1,0 +1,104 @@
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace
+{
+
+// The headless program as its users call it.
+class Probe : public testing::Test
+{
+protected:
+    Probe() { write(passwordFile, "correct horse"); }
+    static void write(const QString &path, const QByteArray &bytes)
+    {
+        QFile written(path);
+        ASSERT_TRUE(written.open(QIODevice::WriteOnly));
+        written.write(bytes);
+    }
+    int run(const QStringList &words)
+    {
+        QProcess process;
+        process.setProcessChannelMode(QProcess::SeparateChannels);
+        process.start(QStringLiteral(VEXAREL_PROBE), words);
+        EXPECT_TRUE(process.waitForFinished(60000));
+        output = process.readAllStandardOutput().trimmed();
+        return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    }
+    QByteArray contentOf(const QString &path)
+    {
+        QFile read(path);
+        return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray();
+    }
+
+    QTemporaryDir folder;
+    const QString passwordFile = folder.filePath(QStringLiteral("password"));
+    const QString file = folder.filePath(QStringLiteral("a.vexcards"));
+    QByteArray output;
+};
+
+TEST_F(Probe, OpensInEachOutcome)
+{
+    const QString documents = QStringLiteral(VEXAREL_TEST_DATA "/documents/");
+    const struct
+    {
+        const char *file, *password, *outcome;
+    } cases[] = {
+        {"version-30600", "correct horse", R"({"outcome":"unlocked","records":6,"categories":3})"},
+        {"version-30600", "wrong", R"({"outcome":"wrong-password"})"},
+        {"version-30600", "", R"({"outcome":"locked"})"},
+        {"version-refused-30601", "correct horse", R"({"outcome":"refused-newer"})"},
+        {"hostile-text", "correct horse",
+         R"({"outcome":"refused","message":"It is not a Vexarel document or is damaged."})"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.file);
+        EXPECT_EQ(run({QStringLiteral("open"),
+                       documents + QString::fromLatin1(c.file) + QStringLiteral(".vexcards"),
+                       QString::fromLatin1(c.password)}),
+                  0);
+        EXPECT_EQ(output, c.outcome);
+    }
+}
+
+TEST_F(Probe, SavesANewDocumentAndChangesAnOldOne)
+{
+    const QStringList save{QStringLiteral("save"), file, passwordFile};
+    EXPECT_EQ(run(save), 0);
+    EXPECT_EQ(run(save), 0);
+    EXPECT_EQ(run({QStringLiteral("inspect"), file, passwordFile}), 0);
+    EXPECT_TRUE(output.contains(R"("note":"**")")) << output.constData();
+
+    // What another program did to the file meanwhile is not overwritten: nobody is there to be asked.
+    qputenv("SAVETEST_HOOK", "echo >> " + QFile::encodeName(file));
+    EXPECT_EQ(run(save), 1);
+    qunsetenv("SAVETEST_HOOK");
+    write(passwordFile, "wrong");
+    const QByteArray before = contentOf(file);
+    EXPECT_EQ(run(save), 1);
+    EXPECT_EQ(contentOf(file), before);
+}
+
+TEST_F(Probe, ResavesEveryReadableDocumentWithoutLoss)
+{
+    const QDir documents(QStringLiteral(VEXAREL_TEST_DATA "/documents"));
+    const QStringList names{QStringLiteral("records-extra-types.vexcards"),
+                            QStringLiteral("date-nil.vexcards"), QStringLiteral("labels-own.vexcards"),
+                            QStringLiteral("spelling-outer-xml.vexcards")};
+    for (const QString &name : names) {
+        SCOPED_TRACE(name.toStdString());
+        ASSERT_EQ(run({QStringLiteral("resave"), documents.filePath(name), passwordFile, file}), 0);
+        ASSERT_EQ(run({QStringLiteral("inspect"), documents.filePath(name), passwordFile}), 0);
+        const QByteArray original = output;
+        EXPECT_TRUE(original.startsWith(R"({"archive":"ok","refused":false,"status":0,"records":[{)"));
+        ASSERT_EQ(run({QStringLiteral("inspect"), file, passwordFile}), 0);
+        EXPECT_EQ(output, original);
+    }
+}
+
+} // namespace

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "foundation/DocumentController.h"
+#include "lifecycle/MyDocument.h"
+#include "support/Printers.h"
+#include "support/ScriptedDocumentWindow.h"
+#include "support/TestServices.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTemporaryDir>
+
+#include <memory>
+
+// Documents in scripted windows, on a queue turned by hand, with files in a folder of their own.
+class DocumentFixture : public testing::Test
+{
+protected:
+    static inline const QString password = QStringLiteral("correct horse");
+
+    // Takes place of the previous document.
+    MyDocument &newDocument()
+    {
+        document = std::make_unique<MyDocument>();
+        showWindow();
+        return *document;
+    }
+    bool open(const QString &path)
+    {
+        document = std::make_unique<MyDocument>();
+        QString reason;
+        const bool opened = document->readFromFile(path, &reason);
+        refusal = reason;
+        if (opened)
+            showWindow();
+        return opened;
+    }
+    // A new document that has its password.
+    MyDocument &newProtectedDocument()
+    {
+        newDocument().setPlainPassword(password);
+        return *document;
+    }
+    void submit(const QString &text)
+    {
+        Foundation::ActionSender field;
+        field.stringValue = text;
+        document->submitPasswordToDecrypt(field);
+    }
+    void pressSheetButton(int tag)
+    {
+        Foundation::ActionSender button;
+        button.tag = tag;
+        document->confirmMandatoryPasswordSheet(button);
+    }
+    void typeNote(const QString &text)
+    {
+        document->myArrayController()->setValueForSelection(RecordKey::note, text);
+        document->controlTextDidChange(0);
+    }
+    QString note() const { return document->myArrayController()->valueForSelection(u"note").stringValue(); }
+    // Documents that closed go at the end of the event.
+    static void endEvent() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+    QString pathOf(const char *name) const { return folder.filePath(QString::fromLatin1(name)); }
+
+    ManualQueue queue;
+    RecordingWorkspace workspace;
+    ScriptedModalAlerts modalAlerts;
+    QTemporaryDir folder;
+    std::unique_ptr<ScriptedDocumentWindow> window;
+    std::unique_ptr<MyDocument> document;
+    QString refusal;
+
+private:
+    void showWindow()
+    {
+        window = std::make_unique<ScriptedDocumentWindow>();
+        document->setWindow(window.get());
+        document->windowControllerDidLoadNib();
+        queue.drain();
+    }
+};

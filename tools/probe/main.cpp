@@ -1,0 +1,181 @@
+#include "DocumentJson.h"
+#include "core/DecryptPipeline.h"
+#include "lifecycle/MyDocument.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QStringDecoder>
+
+#include <cstdio>
+#include <cstdlib>
+
+// Opens, prints and saves documents without any window, over the same logic as the application. For checks of
+// interoperability, faults and scale; see docs/probe.md.
+
+using Foundation::ActionSender;
+using Foundation::Value;
+
+namespace
+{
+
+constexpr int Done = 0;
+constexpr int NotSaved = 1;
+constexpr int WrongUse = 2;
+
+void print(const QByteArray &json)
+{
+    std::printf("%s\n", json.constData());
+}
+
+QByteArray jsonText(const QString &text)
+{
+    return jsonOfValue(Value(text));
+}
+
+// The content of a password file, taken whole: no line end is cut off and no byte-order mark swallowed.
+QString passwordIn(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        std::fprintf(stderr, "vexarel-probe: cannot read %s\n", qPrintable(path));
+        std::exit(WrongUse);
+    }
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
+    const QString password = decoder.decode(file.readAll());
+    return password.isNull() ? QStringLiteral("") : password;
+}
+
+qint32 unlock(MyDocument &document, const QString &password)
+{
+    document.setPlainPassword(password);
+    const qint32 status = document.Decript();
+    if (status == DecryptSuccess)
+        document.decryptDone();
+    return status;
+}
+
+int inspect(const QString &path, const QString &passwordPath)
+{
+    const QString password = passwordIn(passwordPath);
+    MyDocument document;
+    QString reason;
+    if (!document.readFromFile(path, &reason)) {
+        // Nothing is left to say where the document itself has told of a newer format.
+        print(reason.isNull() ? R"({"archive":"ok","refused":true})" : R"({"archive":"broken"})");
+        return Done;
+    }
+    const qint32 status = unlock(document, password);
+    QByteArray json = R"({"archive":"ok","refused":false,"status":)" + QByteArray::number(status);
+    if (status == DecryptSuccess)
+        json += ',' + jsonOfDocument(document.state()).sliced(1);
+    else
+        json += '}';
+    print(json);
+    return Done;
+}
+
+int open(const QString &path, const QString &password)
+{
+    MyDocument document;
+    QString reason;
+    if (!document.readFromFile(path, &reason)) {
+        print(reason.isNull() ? QByteArray(R"({"outcome":"refused-newer"})")
+                              : R"({"outcome":"refused","message":)" + jsonText(reason) + '}');
+        return Done;
+    }
+    ActionSender field;
+    field.stringValue = password;
+    document.submitPasswordToDecrypt(field);
+    if (document.isEncrypted()) {
+        print(password.isEmpty() ? R"({"outcome":"locked"})" : R"({"outcome":"wrong-password"})");
+        return Done;
+    }
+    print(R"({"outcome":"unlocked","records":)" + QByteArray::number(document.myArray()->count()) +
+          R"(,"categories":)" + QByteArray::number(document.myCategoryArray()->count()) + '}');
+    return Done;
+}
+
+int sayNotSaved(const QString &reason)
+{
+    std::fprintf(stderr, "vexarel-probe: not saved. %s\n", qPrintable(reason));
+    return NotSaved;
+}
+
+int resave(const QString &path, const QString &passwordPath, const QString &target)
+{
+    const QString password = passwordIn(passwordPath);
+    MyDocument document;
+    QString reason;
+    if (!document.readFromFile(path, &reason))
+        return sayNotSaved(reason);
+    if (unlock(document, password) != DecryptSuccess)
+        return sayNotSaved(QStringLiteral("The document stays locked."));
+    return document.writeToFile(target, &reason) ? Done : sayNotSaved(reason);
+}
+
+// The first record gets another note; a document without records gets a record.
+void change(MyDocument &document)
+{
+    if (document.myArray()->values.empty())
+        document.recordCommands().addRow({});
+    document.myArrayController()->setSelectionIndex(0);
+    const QString note = document.myArrayController()->valueForSelection(u"note").stringValue();
+    document.myArrayController()->setValueForSelection(RecordKey::note, note + QStringLiteral("*"));
+    document.controlTextDidChange(0);
+}
+
+int save(const QString &path, const QString &passwordPath)
+{
+    const QString password = passwordIn(passwordPath);
+    MyDocument document;
+    QString reason;
+    const bool isNew = !QFileInfo::exists(path);
+    if (isNew) {
+        document.setPlainPassword(password);
+        document.myCategoryArrayController()->addDefault();
+    } else if (!document.readFromFile(path, &reason)) {
+        return sayNotSaved(reason);
+    } else if (unlock(document, password) != DecryptSuccess) {
+        return sayNotSaved(QStringLiteral("The document stays locked."));
+    }
+    if (const QByteArray hook = qgetenv("SAVETEST_HOOK"); !hook.isEmpty()) {
+        if (std::system(hook.constData()) == -1)
+            return sayNotSaved(QStringLiteral("The hook could not be run."));
+    }
+    change(document);
+    bool saved = false;
+    if (isNew)
+        saved = document.writeToFile(path, &reason);
+    else
+        document.saveWithCompletion([&saved](bool succeeded) { saved = succeeded; });
+    return saved && !document.isDocumentEdited() ? Done : sayNotSaved(reason);
+}
+
+int sayUse()
+{
+    std::fputs("vexarel-probe inspect FILE PASSWORD_FILE\n"
+               "vexarel-probe resave FILE PASSWORD_FILE OUT\n"
+               "vexarel-probe open FILE PASSWORD\n"
+               "vexarel-probe save FILE PASSWORD_FILE\n",
+               stderr);
+    return WrongUse;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    const QStringList words = application.arguments();
+    const QString command = words.value(1);
+    if (words.size() == 4 && command == u"inspect")
+        return inspect(words[2], words[3]);
+    if (words.size() == 5 && command == u"resave")
+        return resave(words[2], words[3], words[4]);
+    if (words.size() == 4 && command == u"open")
+        return open(words[2], words[3]);
+    if (words.size() == 4 && command == u"save")
+        return save(words[2], words[3]);
+    return sayUse();
+}
