@@ -19,28 +19,17 @@ qsizetype contentSizeOf(const Value &value)
 
 } // namespace
 
-ArchiveNumbering::ArchiveNumbering(const Value &root) : m_objects(1, nullptr)
+ArchiveNumbering::ArchiveNumbering(const Value &root)
+    : m_objects(1, nullptr)
 {
     m_rootUid = uidOf(root);
-    // The list of objects is the queue of those whose children are still to be numbered.
-    for (std::size_t i = 1; i < m_objects.size(); ++i) {
-        const Value &value = *m_objects[i];
-        switch (value.type()) {
-        case Value::Type::Dictionary:
-            numberChildren(*value.dictionary());
-            break;
-        case Value::Type::Array:
-            numberChildren(*value.array());
-            break;
-        case Value::Type::Date:
-            useClass(ArchivedClass::Date);
-            break;
-        case Value::Type::ArchivedNull:
-            useClass(ArchivedClass::Null);
-            break;
-        default:
-            break;
-        }
+    // The list of containers is the queue of those whose children are still to be numbered.
+    for (std::size_t i = 0; i < m_containers.size(); ++i) {
+        const Value &container = *m_containers[i];
+        if (const auto dictionary = container.dictionary())
+            numberChildren(*dictionary);
+        else
+            numberChildren(*container.array());
     }
     numberClasses();
 }
@@ -93,17 +82,38 @@ ArchiveNumbering::Uid ArchiveNumbering::once(Uid &uid, const Value &value)
 ArchiveNumbering::Uid ArchiveNumbering::append(const Value &value)
 {
     m_objects.push_back(&value);
-    m_contentSize += contentSizeOf(value);
+    switch (value.type()) {
+    case Value::Type::Dictionary:
+        m_containers.push_back(&value);
+        m_innerObjectCount += 2;
+        useClass(ArchivedClass::MutableDictionary);
+        break;
+    case Value::Type::Array:
+        m_containers.push_back(&value);
+        m_innerObjectCount += 1;
+        useClass(ArchivedClass::MutableArray);
+        break;
+    case Value::Type::Date:
+        m_innerObjectCount += 1;
+        useClass(ArchivedClass::Date);
+        break;
+    case Value::Type::ArchivedNull:
+        useClass(ArchivedClass::Null);
+        break;
+    default:
+        m_contentSize += contentSizeOf(value);
+        break;
+    }
     return Uid(m_objects.size() - 1);
 }
 
 void ArchiveNumbering::numberChildren(const Dictionary &dictionary)
 {
-    useClass(ArchivedClass::MutableDictionary);
     const auto &entries = dictionary.entries();
     // Records mostly have the keys of the record before them.
-    const bool sameKeys = std::equal(entries.begin(), entries.end(), m_lastKeys.begin(), m_lastKeys.end(),
-                                     [](const auto &entry, const auto &last) { return entry.key == last.first; });
+    const bool sameKeys =
+        std::equal(entries.begin(), entries.end(), m_lastKeys.begin(), m_lastKeys.end(),
+                   [](const auto &entry, const auto &last) { return entry.key == last.first; });
     if (!sameKeys) {
         m_lastKeys.clear();
         for (const auto &entry : entries)
@@ -117,7 +127,6 @@ void ArchiveNumbering::numberChildren(const Dictionary &dictionary)
 
 void ArchiveNumbering::numberChildren(const Array &array)
 {
-    useClass(ArchivedClass::MutableArray);
     for (const Value &value : array.values)
         m_children.push_back(uidOf(value));
 }

@@ -16,8 +16,8 @@ enum class ArchivedClass { MutableDictionary, MutableArray, Date, Null };
 constexpr std::size_t ArchivedClassCount = 4;
 
 // The first pass over a graph that becomes a keyed archive: gives every object its UID, breadth first and
-// without recursion. An object that is shared gets one UID; so do the empty text, the null object, booleans and
-// small numbers. UID 0 is the archive's own null object.
+// without recursion. An object that is shared gets one UID; so do the empty text, the null object, booleans
+// and small numbers. UID 0 is the archive's own null object.
 //
 // The graph must stay as it is while the numbering lives, since it points into it.
 class ArchiveNumbering
@@ -36,7 +36,10 @@ public:
     // 0 for a class that the archive does not need.
     const std::array<Uid, ArchivedClassCount> &classUids() const noexcept { return m_classUids; }
     Uid uidCount() const noexcept { return m_uidCount; }
-    // Bytes of all texts and data, about.
+    // Objects of the property list that lie inside archived ones: the lists of a dictionary, the number of a
+    // date. Those of the class descriptions are not among them.
+    quint64 innerObjectCount() const noexcept { return m_innerObjectCount; }
+    // Bytes of all texts, data and numbers, about.
     qsizetype contentSize() const noexcept { return m_contentSize; }
 
 private:
@@ -52,10 +55,12 @@ private:
     void numberClasses();
 
     std::vector<const Value *> m_objects;
+    std::vector<const Value *> m_containers; // those among the objects, in their order
     std::vector<Uid> m_children;
     std::array<Uid, ArchivedClassCount> m_classUids = {};
     Uid m_rootUid = 0;
     Uid m_uidCount = 0;
+    quint64 m_innerObjectCount = 0;
     qsizetype m_contentSize = 0;
 
     Uid m_nullObject = 0;

@@ -24,11 +24,11 @@ std::optional<BinaryObjectTable> BinaryObjectTable::open(QByteArrayView bytes)
     table.m_topObject = qFromBigEndian<quint64>(trailer + 16);
     const auto tableOffset = qFromBigEndian<quint64>(trailer + 24);
     const auto tableLimit = quint64(trailer - start);
-    if (table.m_offsetSize < 1 || table.m_offsetSize > 8 || table.m_referenceSize < 1
-        || table.m_referenceSize > 8 || table.m_objectCount > LargestCount
-        || table.m_topObject >= table.m_objectCount || tableOffset < quint64(Magic.size())
-        || tableOffset > tableLimit
-        || table.m_objectCount * quint64(table.m_offsetSize) > tableLimit - tableOffset)
+    if (table.m_offsetSize < 1 || table.m_offsetSize > 8 || table.m_referenceSize < 1 ||
+        table.m_referenceSize > 8 || table.m_objectCount > LargestCount ||
+        table.m_topObject >= table.m_objectCount || tableOffset < quint64(Magic.size()) ||
+        tableOffset > tableLimit ||
+        table.m_objectCount * quint64(table.m_offsetSize) > tableLimit - tableOffset)
         return std::nullopt;
     table.m_bytes = start;
     table.m_end = start + tableOffset;

@@ -17,11 +17,25 @@ namespace Foundation
 class BinaryObjectTable
 {
 public:
-    enum class Kind : quint8 { Invalid, Null, False, True, Integer, Real, Date, Data, Ascii, Units, Uid, Array, Dictionary };
+    enum class Kind : quint8 {
+        Invalid,
+        Null,
+        False,
+        True,
+        Integer,
+        Real,
+        Date,
+        Data,
+        Ascii,
+        Units,
+        Uid,
+        Array,
+        Dictionary
+    };
 
-    // `count`: bytes of a number, data or ASCII text, units of a UTF-16 text, references of an array, pairs of
-    // a dictionary (whose payload is all key references, then all value references). The payload lies whole
-    // inside the objects' part of the file.
+    // `count`: bytes of a number, data or ASCII text, units of a UTF-16 text, references of an array, pairs
+    // of a dictionary (whose payload is all key references, then all value references). The payload lies
+    // whole inside the objects' part of the file.
     struct Object
     {
         Kind kind = Kind::Invalid;
@@ -87,8 +101,8 @@ private:
 inline BinaryObjectTable::Object BinaryObjectTable::checked(int sort, quint64 count,
                                                             const uchar *payload) const noexcept
 {
-    static constexpr Kind kinds[] = {Kind::Data, Kind::Ascii, Kind::Units, Kind::Invalid,
-                                     Kind::Uid,  Kind::Invalid, Kind::Array, Kind::Invalid,
+    static constexpr Kind kinds[] = {Kind::Data,    Kind::Ascii,      Kind::Units,   Kind::Invalid,
+                                     Kind::Uid,     Kind::Invalid,    Kind::Array,   Kind::Invalid,
                                      Kind::Invalid, Kind::Dictionary, Kind::Invalid, Kind::Invalid};
     const Kind kind = kinds[sort - 4];
     quint64 unit = 1;

@@ -15,7 +15,8 @@ namespace Foundation
 namespace
 {
 
-constexpr qsizetype LongestHead = 10; // marker, marker of the count, count
+// Marker, marker of the count, count; and what putNumber() writes beyond a number.
+constexpr qsizetype LongestHead = 10 + 8;
 constexpr qsizetype TrailerSize = 32;
 
 int bytesFor(quint64 number)
@@ -38,7 +39,8 @@ uchar widthBits(int bytes)
 
 BinaryObjectWriter::BinaryObjectWriter(quint64 objectCount, qsizetype sizeEstimate)
     : m_bytes(BinaryObjectTable::Magic.size() + sizeEstimate, Qt::Uninitialized)
-    , m_offsets(objectCount)
+    , m_offsets(std::make_unique_for_overwrite<quint64[]>(objectCount))
+    , m_objectCount(objectCount)
     , m_referenceSize(bytesFor(objectCount))
 {
     m_at = reinterpret_cast<uchar *>(m_bytes.data());
@@ -65,8 +67,9 @@ void BinaryObjectWriter::begin(quint64 index, qsizetype size)
 
 void BinaryObjectWriter::putNumber(quint64 number, int size)
 {
-    for (int shift = 8 * (size - 1); shift >= 0; shift -= 8)
-        *m_at++ = uchar(number >> shift);
+    // One store of eight bytes, of which those behind the number are overwritten next: begin() leaves room.
+    qToBigEndian<quint64>(number << (64 - 8 * size), m_at);
+    m_at += size;
 }
 
 void BinaryObjectWriter::putHead(uchar sort, quint64 count)
@@ -175,13 +178,13 @@ QByteArray BinaryObjectWriter::finish(quint64 topObject)
 {
     const auto tableOffset = quint64(m_at - reinterpret_cast<const uchar *>(m_bytes.constData()));
     const int offsetSize = bytesFor(tableOffset);
-    makeRoom(qsizetype(m_offsets.size()) * offsetSize + TrailerSize);
-    for (const quint64 offset : m_offsets)
-        putNumber(offset, offsetSize);
+    makeRoom(qsizetype(m_objectCount) * offsetSize + TrailerSize + LongestHead);
+    for (quint64 i = 0; i < m_objectCount; ++i)
+        putNumber(m_offsets[i], offsetSize);
     putNumber(0, 6);
     putByte(uchar(offsetSize));
     putByte(uchar(m_referenceSize));
-    putNumber(m_offsets.size(), 8);
+    putNumber(m_objectCount, 8);
     putNumber(topObject, 8);
     putNumber(tableOffset, 8);
     m_bytes.truncate(m_at - reinterpret_cast<const uchar *>(m_bytes.constData()));

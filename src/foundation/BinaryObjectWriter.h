@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
-#include <vector>
+#include <memory>
 
 namespace Foundation
 {
@@ -48,7 +48,8 @@ private:
     QByteArray m_bytes;
     uchar *m_at;
     uchar *m_limit;
-    std::vector<quint64> m_offsets;
+    std::unique_ptr<quint64[]> m_offsets; // by number; uninitialised until the object is written
+    quint64 m_objectCount;
     int m_referenceSize;
 };
 

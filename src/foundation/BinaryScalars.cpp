@@ -1,7 +1,5 @@
 #include "foundation/BinaryScalars.h"
 
-#include "foundation/ReadBudget.h"
-
 #include <bit>
 #include <limits>
 
@@ -78,13 +76,6 @@ std::optional<Value> scalarValue(const Object &object)
     default:
         return std::nullopt;
     }
-}
-
-quint64 scalarCost(const Object &object) noexcept
-{
-    constexpr quint64 LargestFree = 16; // Numbers and short texts leave nothing behind.
-    const quint64 bytes = object.kind == Kind::Units ? 2 * object.count : object.count;
-    return bytes <= LargestFree && object.kind != Kind::Data ? 0 : ReadBudget::SharedScalar + bytes;
 }
 
 } // namespace Foundation

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/BinaryObjectTable.h"
+#include "foundation/ReadBudget.h"
 #include "foundation/Value.h"
 
 #include <optional>
@@ -12,7 +13,13 @@ namespace Foundation
 // object, and for a text object of ASCII kind with bytes beyond ASCII or an integer beyond 64 bits.
 std::optional<Value> scalarValue(const BinaryObjectTable::Object &object);
 
-// What making that value costs, for a ReadBudget.
-quint64 scalarCost(const BinaryObjectTable::Object &object) noexcept;
+// What making that value costs, for a ReadBudget. Numbers and short texts leave nothing behind.
+inline quint64 scalarCost(const BinaryObjectTable::Object &object) noexcept
+{
+    using Kind = BinaryObjectTable::Kind;
+    constexpr quint64 LargestFree = 16;
+    const quint64 bytes = object.kind == Kind::Units ? 2 * object.count : object.count;
+    return bytes <= LargestFree && object.kind != Kind::Data ? 0 : ReadBudget::SharedScalar + bytes;
+}
 
 } // namespace Foundation

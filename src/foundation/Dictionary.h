@@ -11,8 +11,8 @@ namespace Foundation
 {
 
 // Mutable dictionary, shared by reference and kept in the order in which its keys were first set: the form of
-// contact records, categories, captions and of the file's root. Reading an absent key gives Null, storing Null
-// removes the key. Nobody is told of a change: edits of shown values go through controllers, which tell.
+// contact records, categories, captions and of the file's root. Reading an absent key gives Null, storing
+// Null removes the key. Nobody is told of a change: edits of shown values go through controllers, which tell.
 //
 // Entries lie side by side; beyond `IndexThreshold` of them an index keeps look-ups constant.
 class Dictionary : public RefCounted

@@ -29,12 +29,12 @@ struct FileIdentity
     // Moves with renaming and changes of rights as well, and nobody can set it back.
     Moment statusChanged;
 
-    // Whether the content is the same as far as can be told without reading it: unlike equality this passes over
-    // a change of name or rights, which a user makes on purpose and does not want to be asked about.
+    // Whether the content is the same as far as can be told without reading it: unlike equality this passes
+    // over a change of name or rights, which a user makes on purpose and does not want to be asked about.
     bool hasSameContentAs(const FileIdentity &other) const
     {
-        return device == other.device && inode == other.inode && size == other.size
-               && contentChanged == other.contentChanged;
+        return device == other.device && inode == other.inode && size == other.size &&
+               contentChanged == other.contentChanged;
     }
 
     friend bool operator==(const FileIdentity &, const FileIdentity &) = default;

@@ -9,20 +9,22 @@
 namespace Foundation
 {
 
-// The platform's public keyed archive format (archiver name "NSKeyedArchiver", version 100000): a property list
-// whose objects refer to each other by UID. The container of document files and of everything enciphered in
-// them.
+// The platform's public keyed archive format (archiver name "NSKeyedArchiver", version 100000): a property
+// list whose objects refer to each other by UID. The container of document files and of everything enciphered
+// in them.
 //
 // Reading takes binary and XML lists; classes NSDictionary, NSArray, NSString, NSData (each also mutable),
 // NSDate, NSNull and their subclasses, and numbers, booleans, texts and data that stand bare. Writing gives a
 // binary list with the mutable dictionary and array classes, as a document's content is mutable.
 //
-// Every value comes back with its type, every number with its width, every text with its UTF-16 units. Objects
-// that are shared stay shared and are written once. Only object 0 is the null object: a text "$null" is a text.
+// Every value comes back with its type, every real with its width (integers as 64-bit ones, since the format
+// tells no other apart), every text with its UTF-16 units. Objects that are shared stay shared and are
+// written once. Only object 0 is the null object: a text "$null" is a text.
 
 // The root object; Null if the archive's root is the null object. Nothing if the bytes are no archive, are
-// damaged or cut off, hold an object of another class, an object that contains itself, nesting deeper than 512,
-// or sharing that expands beyond use. Time and memory are linear in the size of `bytes`, whatever they hold.
+// damaged or cut off, hold an object of another class, an object that contains itself, nesting deeper than
+// 512, or sharing that expands beyond use. Time and memory are bounded by the size of `bytes`, whatever they
+// hold (see ReadBudget).
 std::optional<Value> unarchivedRoot(const QByteArray &bytes);
 
 // `root` may be Null. The graph below it must not contain itself.

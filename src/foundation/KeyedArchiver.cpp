@@ -37,10 +37,11 @@ constexpr struct
 {
     FixedObject object;
     QByteArrayView text;
-} fixedTexts[] = {{VersionName, "$version"},       {ArchiverName, "$archiver"}, {TopName, "$top"},
-                  {ObjectsName, "$objects"},       {RootName, "root"},          {ArchiverText, "NSKeyedArchiver"},
-                  {KeysField, "NS.keys"},          {ObjectsField, "NS.objects"}, {TimeField, "NS.time"},
-                  {ClassNameField, "$classname"},  {ClassField, "$class"},      {ClassesField, "$classes"}};
+} fixedTexts[] = {
+    {VersionName, "$version"},      {ArchiverName, "$archiver"},  {TopName, "$top"},
+    {ObjectsName, "$objects"},      {RootName, "root"},           {ArchiverText, "NSKeyedArchiver"},
+    {KeysField, "NS.keys"},         {ObjectsField, "NS.objects"}, {TimeField, "NS.time"},
+    {ClassNameField, "$classname"}, {ClassField, "$class"},       {ClassesField, "$classes"}};
 
 // Each class with its ancestors, itself first.
 struct Lineage
@@ -53,9 +54,9 @@ constexpr Lineage lineages[ArchivedClassCount] = {{{"NSMutableDictionary", "NSDi
                                                   {{"NSDate", "NSObject"}, 2},
                                                   {{"NSNull", "NSObject"}, 2}};
 
-// The second pass: writes the numbered objects. Object `uid` of the archive is object FixedObjectCount + uid of
-// the property list; the UID objects that refer to them follow behind, one for each; last come the objects that
-// lie inside archived ones, such as the arrays of a dictionary.
+// The second pass: writes the numbered objects. Object `uid` of the archive is object FixedObjectCount + uid
+// of the property list; the UID objects that refer to them follow behind, one for each; last come the objects
+// that lie inside archived ones, such as the arrays of a dictionary.
 class ArchiveWriter
 {
 public:
@@ -91,13 +92,7 @@ private:
 
     quint64 innerObjectCount() const
     {
-        quint64 count = 0;
-        for (const Value *value : m_numbering.objects()) {
-            if (value && value->type() == Value::Type::Dictionary)
-                count += 2;
-            else if (value && (value->type() == Value::Type::Array || value->isDate()))
-                count += 1;
-        }
+        quint64 count = m_numbering.innerObjectCount();
         for (std::size_t i = 0; i < ArchivedClassCount; ++i) {
             if (m_numbering.classUids()[i] != 0)
                 count += 1 + lineages[i].count; // the list and the names on it
@@ -110,8 +105,8 @@ private:
     {
         constexpr qsizetype PerUid = 5 + 9 + 18 + 5;
         constexpr qsizetype Frame = 1024;
-        return m_numbering.contentSize() + qsizetype(m_numbering.children().size()) * 4
-               + qsizetype(m_numbering.uidCount()) * PerUid + Frame;
+        return m_numbering.contentSize() + qsizetype(m_numbering.children().size()) * 4 +
+               qsizetype(m_numbering.uidCount()) * PerUid + Frame;
     }
 
     void writeReferences(std::initializer_list<quint64> references)

@@ -13,12 +13,14 @@ namespace Foundation
 // keyed archives have, stands as the dictionary with the one integer entry "CF$UID", as in the XML form.
 //
 // Reading gives nothing for bytes that are no property list, damaged, nested deeper than 512, or (binary)
-// objects that contain themselves or expand beyond use. Time and memory are linear in the size of `bytes`.
+// objects that contain themselves or expand beyond use. Time and memory are bounded by the size of `bytes`
+// (see ReadBudget).
 
 // Binary ("bplist00") or XML, by the first bytes.
 std::optional<Value> readPropertyList(const QByteArray &bytes);
 
-// XML 1.0 with the public property list DTD. Entities of the document's own are refused, never expanded.
+// XML 1.0 with the public property list DTD, in UTF-8, UTF-16, UTF-32 or Latin-1. Declarations of the
+// document's own and tags of more than 1024 bytes are refused, entities are never expanded.
 std::optional<Value> readXmlPropertyList(const QByteArray &bytes);
 
 // An archived null and a Null inside an array become texts "$null": the format has no such value.

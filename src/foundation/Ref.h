@@ -36,13 +36,20 @@ class Ref
 public:
     Ref() noexcept = default;
     Ref(std::nullptr_t) noexcept {}
-    explicit Ref(T *object) noexcept : m_object(object)
+    explicit Ref(T *object) noexcept
+        : m_object(object)
     {
         if (m_object)
             m_object->retain();
     }
-    Ref(const Ref &other) noexcept : Ref(other.m_object) {}
-    Ref(Ref &&other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
+    Ref(const Ref &other) noexcept
+        : Ref(other.m_object)
+    {
+    }
+    Ref(Ref &&other) noexcept
+        : m_object(std::exchange(other.m_object, nullptr))
+    {
+    }
     ~Ref()
     {
         if (m_object && m_object->release())

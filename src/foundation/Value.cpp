@@ -208,24 +208,6 @@ void Value::destroyShared() noexcept
     }
 }
 
-Value::Type Value::type() const noexcept
-{
-    switch (kind()) {
-    case Kind::InlineAscii:
-    case Kind::InlineUnits:
-    case Kind::Text:
-        return Type::String;
-    case Kind::Data:
-        return Type::Data;
-    case Kind::Array:
-        return Type::Array;
-    case Kind::Dictionary:
-        return Type::Dictionary;
-    default:
-        return Type(kind()); // Null to Date have the same numbers in both.
-    }
-}
-
 TextView Value::text() const noexcept
 {
     switch (kind()) {

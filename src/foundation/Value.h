@@ -25,10 +25,10 @@ struct TextView
 
 // One dynamically typed value of a document: what a record, category or caption holds under a key.
 //
-// 16 bytes. Numbers, dates and short texts (to 14 ASCII characters or 7 UTF-16 units) lie in the value itself;
-// longer texts, data, arrays and dictionaries are shared by reference, so that copying never copies content.
-// A number keeps the kind that it was made or read with. Texts keep every UTF-16 unit, lone surrogates and
-// NULs included.
+// 16 bytes. Numbers, dates and short texts (to 14 ASCII characters or 7 UTF-16 units) lie in the value
+// itself; longer texts, data, arrays and dictionaries are shared by reference, so that copying never copies
+// content. A number keeps the kind that it was made or read with. Texts keep every UTF-16 unit, lone
+// surrogates and NULs included.
 //
 // Reading never fails: a value of another type reads as the number 0, false, a null text or a null reference.
 // Number readings follow the platform's: narrowing keeps the low bits, a real is cut toward zero (and held at
@@ -59,7 +59,10 @@ public:
     Value(long value) noexcept { setScalar(Kind::Int64, qint64(value)); }
     // Becomes Int64 where the number fits, since no reader of the format can tell them apart below.
     Value(quint64 value) noexcept;
-    Value(unsigned long value) noexcept : Value(quint64(value)) {}
+    Value(unsigned long value) noexcept
+        : Value(quint64(value))
+    {
+    }
     Value(float value) noexcept { setScalar(Kind::Real32, value); }
     Value(double value) noexcept { setScalar(Kind::Real64, value); }
     // A null text gives Null, an empty one an empty text.
@@ -108,7 +111,7 @@ public:
     }
     void swap(Value &other) noexcept { std::swap(m_bytes, other.m_bytes); }
 
-    Type type() const noexcept;
+    Type type() const noexcept { return typeOfKind[m_bytes[KindIndex]]; }
     bool isNull() const noexcept { return kind() == Kind::Null; }
     bool isString() const noexcept { return type() == Type::String; }
     bool isDate() const noexcept { return kind() == Kind::Date; }
@@ -158,6 +161,10 @@ private:
         Dictionary,
     };
 
+    static constexpr Type typeOfKind[] = {Type::Null,  Type::ArchivedNull, Type::Bool,      Type::Int32,
+                                          Type::Int64, Type::UInt64,       Type::Real32,    Type::Real64,
+                                          Type::Date,  Type::String,       Type::String,    Type::String,
+                                          Type::Data,  Type::Array,        Type::Dictionary};
     static constexpr qsizetype InlineBytes = 14;
     static constexpr qsizetype SizeIndex = 14;
     static constexpr qsizetype KindIndex = 15;

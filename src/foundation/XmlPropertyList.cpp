@@ -2,11 +2,14 @@
 #include "foundation/Dictionary.h"
 #include "foundation/PropertyList.h"
 #include "foundation/ReadBudget.h"
+#include "foundation/XmlMarkup.h"
 
 #include <QBuffer>
 #include <QDateTime>
+#include <QStringDecoder>
 #include <QXmlStreamReader>
 
+#include <algorithm>
 #include <limits>
 #include <vector>
 
@@ -91,6 +94,7 @@ public:
 class XmlReader
 {
 public:
+    // Bytes in an encoding of which ASCII is a part.
     explicit XmlReader(const QByteArray &bytes)
         : m_budget(quint64(bytes.size()))
     {
@@ -98,7 +102,12 @@ public:
         m_device.setData(bytes);
         m_device.open(QIODevice::ReadOnly);
         m_xml.setDevice(&m_device);
-        m_xml.setEntityExpansionLimit(0);
+        m_xml.setEntityResolver(&m_undeclaredEntities);
+    }
+    explicit XmlReader(const QString &text)
+        : m_budget(quint64(text.size()))
+    {
+        m_xml.addData(text);
         m_xml.setEntityResolver(&m_undeclaredEntities);
     }
 
@@ -107,6 +116,10 @@ public:
         bool seenList = false;
         while (!m_xml.atEnd()) {
             switch (m_xml.readNext()) {
+            case QXmlStreamReader::StartDocument:
+                if (m_xml.device() && !isKnownEncoding(m_xml.documentEncoding()))
+                    return std::nullopt;
+                break;
             case QXmlStreamReader::StartElement:
                 if (!seenList && m_xml.name() == u"plist")
                     seenList = true;
@@ -115,10 +128,6 @@ public:
                 break;
             case QXmlStreamReader::EndElement:
                 if (m_xml.name() != u"plist" && !closeContainer())
-                    return std::nullopt;
-                break;
-            case QXmlStreamReader::DTD:
-                if (!m_xml.entityDeclarations().isEmpty())
                     return std::nullopt;
                 break;
             case QXmlStreamReader::Characters:
@@ -134,6 +143,14 @@ public:
     }
 
 private:
+    // Of the bytes behind the declaration. Others could hide markup from isPlainXml().
+    static bool isKnownEncoding(QStringView name)
+    {
+        static constexpr QStringView known[] = {u"", u"UTF-8", u"US-ASCII", u"ISO-8859-1"};
+        return std::any_of(std::begin(known), std::end(known),
+                           [&](QStringView one) { return name.compare(one, Qt::CaseInsensitive) == 0; });
+    }
+
     struct Container
     {
         Ref<Dictionary> dictionary; // null for an array
@@ -233,7 +250,12 @@ private:
 
 std::optional<Value> readXmlPropertyList(const QByteArray &bytes)
 {
-    return XmlReader(bytes).read();
+    const auto encoding = QStringConverter::encodingForData(bytes, u'<');
+    if (!encoding || *encoding == QStringConverter::Utf8)
+        return isPlainXml(bytes) ? XmlReader(bytes).read() : std::nullopt;
+    QStringDecoder decoder(*encoding);
+    const QString text = decoder(bytes);
+    return !decoder.hasError() && isPlainXml(text.toUtf8()) ? XmlReader(text).read() : std::nullopt;
 }
 
 } // namespace Foundation
