@@ -118,7 +118,8 @@ qint32 DecryptPipeline::readWithEngine(bool resetsOpenFlags)
     if (const qint32 status = provePassword(); status != DecryptSuccess)
         return status;
     Ref<Array> records;
-    if (const qint32 status = takeDictionaries(m_state.myEncryptedArrayData, &records); status != DecryptSuccess)
+    if (const qint32 status = takeDictionaries(m_state.myEncryptedArrayData, &records);
+        status != DecryptSuccess)
         return status;
     Ref<Array> categories;
     if (const qint32 status = takeDictionaries(m_state.myEncryptedCategoryArrayData, &categories);
@@ -148,7 +149,8 @@ void DecryptPipeline::restoreFromSaveOperationContent(const Array &records, Arra
 {
     if (categories.values.empty())
         categories.values.emplace_back(m_makeDefaultCategory());
-    // One look-up a record instead of a walk: the same answers as catInArray, however many categories there are.
+    // One look-up a record instead of a walk: the same answers as catInArray, however many categories there
+    // are.
     std::unordered_map<qint64, Dictionary *> byID;
     std::unordered_map<Dictionary *, qint32> uses;
     for (const Value &entry : categories.values) {

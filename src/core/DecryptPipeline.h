@@ -8,18 +8,18 @@
 // What a decryption reports beside the ciphers' own negative statuses. Callers only tell zero from the rest.
 enum DecryptStatus : qint32 {
     DecryptSuccess = 0,
-    DecryptWrongPassword = 1, // the digest of the check value differs, or nothing can decipher such a file
+    DecryptWrongPassword = 1,   // the digest of the check value differs, or nothing can decipher such a file
     DecryptUnreadableField = 2, // of a file whose fields are enciphered one by one
-    DecryptDamagedContent = 3, // behind a right password
+    DecryptDamagedContent = 3,  // behind a right password
 };
 
-// Opens the buffers of a document with its password: proves the password by the check pair, deciphers records,
-// categories, captions and creation date, and links every record to its category.
+// Opens the buffers of a document with its password: proves the password by the check pair, deciphers
+// records, categories, captions and creation date, and links every record to its category.
 //
-// Works from the state's buffers only, never from the file, so that it serves after a reading and after a lock.
-// Blocks for six key derivations. A wrong password changes nothing but the engine. Damage behind a right
-// password leaves what was done done: buffers already opened are gone and the captions may be replaced, while
-// records and categories stay as they were.
+// Works from the state's buffers only, never from the file, so that it serves after a reading and after a
+// lock. Blocks for six key derivations. A wrong password changes nothing but the engine. Damage behind a
+// right password leaves what was done done: buffers already opened are gone and the captions may be replaced,
+// while records and categories stay as they were.
 class DecryptPipeline
 {
 public:
@@ -30,7 +30,8 @@ public:
     using DefaultCategoryMaker = std::function<Foundation::Ref<Dictionary>()>;
 
     DecryptPipeline(DocumentState &state, DefaultCategoryMaker makeDefaultCategory)
-        : m_state(state), m_makeDefaultCategory(std::move(makeDefaultCategory))
+        : m_state(state)
+        , m_makeDefaultCategory(std::move(makeDefaultCategory))
     {
     }
 
@@ -50,7 +51,8 @@ private:
     qint32 provePassword();
     // Deciphers a buffer and reads the archive in it.
     qint32 openBuffer(const QByteArray &buffer, Foundation::Value *root);
-    // The steps behind a right password. A step that succeeds consumes its buffer, except that of the captions.
+    // The steps behind a right password. A step that succeeds consumes its buffer, except that of the
+    // captions.
     qint32 takeDictionaries(QByteArray &buffer, Foundation::Ref<Array> *dictionaries);
     qint32 readLabels(bool resetsFlags);
     qint32 takeCreationDate();

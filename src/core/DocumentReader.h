@@ -8,6 +8,6 @@ enum class ReadOutcome {
     NewerFormat,  // nothing but the version was taken from the file: the document must not be opened
 };
 
-// Loads what lies in a document file, still enciphered, into the state. Needs no password and makes no record.
-// Values of a wrong type count as absent; what is absent shows when the document is deciphered.
+// Loads what lies in a document file, still enciphered, into the state. Needs no password and makes no
+// record. Values of a wrong type count as absent; what is absent shows when the document is deciphered.
 ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state);

@@ -6,8 +6,8 @@
 
 #include <memory>
 
-// All that a document holds apart from its window: content, password, cipher engine and enciphered buffers. The
-// pipelines of this folder work on it, so that password and content go in and bytes come out without any
+// All that a document holds apart from its window: content, password, cipher engine and enciphered buffers.
+// The pipelines of this folder work on it, so that password and content go in and bytes come out without any
 // document object. A null byte array stands for an absent buffer.
 //
 // The arrays own their dictionaries; a record's `categoryPtr` is the very dictionary that stands in
@@ -35,8 +35,8 @@ struct DocumentState
     QByteArray myEncryptedCategoryArrayData;
     QByteArray myEncriptedLabelDictionaryData;
     QByteArray myEncryptedDocumentCreationDateData;
-    // The four buffers were made under the salt, vector and check pair above. False once a locked document got
-    // new ones that its buffers do not know.
+    // The four buffers were made under the salt, vector and check pair above. False once a locked document
+    // got new ones that its buffers do not know.
     bool buffersBelongToCheckPair = true;
 
     // Old layouts, whose fields are enciphered one by one.

@@ -10,8 +10,8 @@ constexpr quint64 perFieldVersions[] = {2000, 2010, 20100, 20200, 20300, 20301, 
 
 bool isPerFieldVersion(quint64 appversion)
 {
-    return std::find(std::begin(perFieldVersions), std::end(perFieldVersions), appversion)
-           != std::end(perFieldVersions);
+    return std::find(std::begin(perFieldVersions), std::end(perFieldVersions), appversion) !=
+           std::end(perFieldVersions);
 }
 
 } // namespace

@@ -10,7 +10,8 @@
 namespace FileKey
 {
 inline const Foundation::Key appversion{u"appversion"};
-inline const Foundation::Key latestPlatform{u"latestPlatform"}; // Written for other readers; nobody here reads it.
+inline const Foundation::Key latestPlatform{
+    u"latestPlatform"}; // Written for other readers; nobody here reads it.
 inline const Foundation::Key dataArrayData{u"dataArrayData"};
 inline const Foundation::Key catArrayData{u"catArrayData"};
 inline const Foundation::Key labelDict{u"labelDict"}; // Data from 30100 on, a dictionary before.
@@ -44,7 +45,8 @@ constexpr quint64 FirstEngineVersion = 30100;
 // Which keys the root of a file holds.
 enum class FileLayout { A, B, C, D };
 
-// How the loaded buffers are deciphered. Chosen apart from the layout: the two do not change at the same numbers.
+// How the loaded buffers are deciphered. Chosen apart from the layout: the two do not change at the same
+// numbers.
 enum class DecryptPath {
     Release1000,
     Release1100,

@@ -103,8 +103,8 @@ const std::array<Key, ContactTextCount> &contactTextKeys()
 {
     using namespace RecordKey;
     static const std::array<Key, ContactTextCount> keys = {
-        firstName,     lastName,  company, phoneWork, faxWork,       emailWork,   addressWork,     webWork,
-        phonePersonal, faxPersonal, mobile, pager,    emailPersonal, webPersonal, addressPersonal, note};
+        firstName,     lastName,    company, phoneWork, faxWork,       emailWork,   addressWork,     webWork,
+        phonePersonal, faxPersonal, mobile,  pager,     emailPersonal, webPersonal, addressPersonal, note};
     return keys;
 }
 

@@ -6,8 +6,8 @@
 #include <array>
 
 // What a document holds: the keys of contact records, category records and captions, and the tables made of
-// them. Records, categories and captions are plain dictionaries, so a new field is a new key; the keys stand in
-// files and never change.
+// them. Records, categories and captions are plain dictionaries, so a new field is a new key; the keys stand
+// in files and never change.
 
 namespace RecordKey
 {
@@ -57,8 +57,8 @@ constexpr std::size_t ContactTextCount = 16;
 const std::array<Foundation::Key, ContactTextCount> &contactTextKeys();
 
 // A new record of the nineteen keys that every new record has.
-Foundation::Ref<Foundation::Dictionary> newContactRecord(const Foundation::Ref<Foundation::Dictionary> &category,
-                                                         double secondsSince2001);
+Foundation::Ref<Foundation::Dictionary>
+newContactRecord(const Foundation::Ref<Foundation::Dictionary> &category, double secondsSince2001);
 
 // A new category record of the six keys, in mid grey with white text.
 Foundation::Ref<Foundation::Dictionary> newCategoryRecord(const QString &name, qint64 uniqueID);

@@ -57,8 +57,8 @@ void SavePipeline::makeCheckPair()
     const SecretBytes check(VLCommonCrypto::generateRandom256AsciiString().toUtf8());
     m_state.mySha1_RcData = VLCommonCrypto::dataSHA1(check.bytes()).value_or(QByteArray());
     qint32 status = 0;
-    m_state.myRCDataEncrypted
-        = m_state.myCommonCrypto->encrypt(check.bytes(), &status).value_or(QByteArray());
+    m_state.myRCDataEncrypted =
+        m_state.myCommonCrypto->encrypt(check.bytes(), &status).value_or(QByteArray());
 }
 
 QByteArray SavePipeline::enciphered(const Value &root)
@@ -126,8 +126,8 @@ std::optional<QByteArray> SavePipeline::dataOfType(const WindowPlacement &window
 
 bool SavePipeline::canBeRead(const DocumentState &state)
 {
-    return state.buffersBelongToCheckPair && !state.myEncryptedArrayData.isEmpty()
-           && !state.myEncryptedCategoryArrayData.isEmpty() && !state.myEncriptedLabelDictionaryData.isEmpty()
-           && !state.myEncryptedDocumentCreationDateData.isEmpty() && !state.mySalt.isEmpty()
-           && !state.myIV.isEmpty() && !state.myRCDataEncrypted.isEmpty() && !state.mySha1_RcData.isEmpty();
+    return state.buffersBelongToCheckPair && !state.myEncryptedArrayData.isEmpty() &&
+           !state.myEncryptedCategoryArrayData.isEmpty() && !state.myEncriptedLabelDictionaryData.isEmpty() &&
+           !state.myEncryptedDocumentCreationDateData.isEmpty() && !state.mySalt.isEmpty() &&
+           !state.myIV.isEmpty() && !state.myRCDataEncrypted.isEmpty() && !state.mySha1_RcData.isEmpty();
 }

@@ -20,24 +20,27 @@ public:
         bool isToolbarVisible = false;
     };
 
-    explicit SavePipeline(DocumentState &state) : m_state(state) {}
+    explicit SavePipeline(DocumentState &state)
+        : m_state(state)
+    {
+    }
 
     // New arrays of new dictionaries that share their values with the live ones: records with the id of their
     // category in place of the reference, categories without `records`.
     Foundation::Ref<Foundation::Array> getCopyOfContentArrayForSaveOperation() const;
     Foundation::Ref<Foundation::Array> getCopyOfCategoryArrayForSaveOperation() const;
 
-    // Refreshes the four enciphered buffers from the plain content. A cipher step that fails leaves its buffer
-    // absent and is not reported.
+    // Refreshes the four enciphered buffers from the plain content. A cipher step that fails leaves its
+    // buffer absent and is not reported.
     void encryptData();
 
     // The bytes of the file; nothing, and a line in the log, while the gate YouCanSave is shut. A locked
-    // document gives the buffers that it has. An absent buffer is left out, so the caller that writes the bytes
-    // asks canBeRead() first.
+    // document gives the buffers that it has. An absent buffer is left out, so the caller that writes the
+    // bytes asks canBeRead() first.
     std::optional<QByteArray> dataOfType(const WindowPlacement &window);
 
-    // Whether what dataOfType gave last can ever be opened again: every buffer is there, and a locked document
-    // has the salt, vector and check pair that belong to its buffers.
+    // Whether what dataOfType gave last can ever be opened again: every buffer is there, and a locked
+    // document has the salt, vector and check pair that belong to its buffers.
     static bool canBeRead(const DocumentState &state);
 
     static Foundation::Ref<Foundation::Dictionary> platformDictionary(const WindowPlacement &window);

@@ -10,7 +10,10 @@ void wipe(QByteArray &bytes);
 class SecretBytes
 {
 public:
-    explicit SecretBytes(QByteArray bytes) : m_bytes(std::move(bytes)) {}
+    explicit SecretBytes(QByteArray bytes)
+        : m_bytes(std::move(bytes))
+    {
+    }
     ~SecretBytes() { wipe(m_bytes); }
     SecretBytes(const SecretBytes &) = delete;
     SecretBytes &operator=(const SecretBytes &) = delete;

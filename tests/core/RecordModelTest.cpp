@@ -12,16 +12,13 @@ using Foundation::Array;
 using Foundation::Value;
 
 // "Title=key path" of each entry of a field table.
-QStringList fieldsOf(const Array &table)
+QString fieldsOf(const Array &table)
 {
     QStringList fields;
-    for (const Value &entry : table.values) {
-        const auto field = entry.dictionary();
-        EXPECT_EQ(field->count(), 2);
-        fields << field->value(u"publicKey").stringValue() + QLatin1Char('=') +
-                      field->value(u"innerKey").stringValue();
-    }
-    return fields;
+    for (const Value &entry : table.values)
+        fields << entry.dictionary()->value(u"publicKey").stringValue() + QLatin1Char('=') +
+                      entry.dictionary()->value(u"innerKey").stringValue();
+    return fields.join(QStringLiteral(", "));
 }
 
 TEST(RecordModel, ANewRecordHasNineteenKeysAndItsCategoryByReference)
@@ -79,26 +76,14 @@ TEST(RecordModel, ResettingFlagsLeavesCaptionsAlone)
 
 TEST(RecordModel, FieldTablesHaveTheOrderOfExports)
 {
-    QStringList fields{QStringLiteral("First name=firstName"),
-                       QStringLiteral("Last name=lastName"),
-                       QStringLiteral("Company=company"),
-                       QStringLiteral("Phone work=phoneWork"),
-                       QStringLiteral("Fax work=faxWork"),
-                       QStringLiteral("Address work=addressWork"),
-                       QStringLiteral("Email work=emailWork"),
-                       QStringLiteral("Web work=webWork"),
-                       QStringLiteral("Phone personal=phonePersonal"),
-                       QStringLiteral("Fax personal=faxPersonal"),
-                       QStringLiteral("Mobile personal=mobile"),
-                       QStringLiteral("Mobile work=pager"),
-                       QStringLiteral("Email personal=emailPersonal"),
-                       QStringLiteral("Web personal=webPersonal"),
-                       QStringLiteral("Address personal=addressPersonal"),
-                       QStringLiteral("Note=note")};
-    fields.prepend(QStringLiteral("Category=categoryPtr.cat_category"));
-    EXPECT_EQ(fieldsOf(*newArrayForExport()), fields);
-    fields.first() = QStringLiteral("Category=categoryNAME");
-    EXPECT_EQ(fieldsOf(*newArrayForImport()), fields);
+    const QString fields = QStringLiteral(
+        ", First name=firstName, Last name=lastName, Company=company, Phone work=phoneWork, Fax "
+        "work=faxWork, "
+        "Address work=addressWork, Email work=emailWork, Web work=webWork, Phone personal=phonePersonal, "
+        "Fax personal=faxPersonal, Mobile personal=mobile, Mobile work=pager, Email personal=emailPersonal, "
+        "Web personal=webPersonal, Address personal=addressPersonal, Note=note");
+    EXPECT_EQ(fieldsOf(*newArrayForExport()), QStringLiteral("Category=categoryPtr.cat_category") + fields);
+    EXPECT_EQ(fieldsOf(*newArrayForImport()), QStringLiteral("Category=categoryNAME") + fields);
 }
 
 // Users change captions, flags and tables of one document; the next one starts with the defaults.
@@ -108,9 +93,6 @@ TEST(RecordModel, DefaultsAreMadeAfresh)
     EXPECT_EQ(defaultLabelDictionary()->value(u"note").stringValue(), QStringLiteral("Note"));
     newArrayForExport()->values.clear();
     EXPECT_EQ(newArrayForExport()->count(), 17);
-    const auto one = newCategoryRecord(QStringLiteral("One"), 1);
-    one->value(CategoryKey::cat_backColor).dictionary()->setValue(u"r", Value(0.0));
-    EXPECT_EQ(newCategoryRecord(QStringLiteral("Two"), 2)->valueForKeyPath(u"cat_backColor.r"), Value(0.75));
 }
 
 } // namespace

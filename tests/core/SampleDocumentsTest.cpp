@@ -1,10 +1,8 @@
-#include "DocumentJson.h"
 #include "core/TestDocument.h"
 #include "support/Printers.h"
 
 #include <gtest/gtest.h>
 
-#include <QHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -61,52 +59,29 @@ QList<Sample> samples()
     return samples;
 }
 
-// The members of a JSON object as texts, without the blanks between tokens. Compared so, and not parsed,
-// numbers are equal only digit by digit.
-QHash<QByteArray, QByteArray> membersOf(const QByteArray &json)
+QByteArray withoutBlanks(const QByteArray &json)
 {
-    QHash<QByteArray, QByteArray> members;
-    QByteArray token;
-    QByteArray name;
+    QByteArray dense;
     bool inText = false;
-    int depth = 0;
     for (qsizetype i = 0; i < json.size(); ++i) {
-        const char c = json[i];
-        if (inText && c == '\\') {
-            token += c;
-            token += json[++i];
-            continue;
-        }
-        if (c == '"')
+        if (inText && json[i] == '\\')
+            dense += json[i++];
+        else if (json[i] == '"')
             inText = !inText;
-        if (!inText && (c == '}' || c == ']'))
-            --depth;
-        if (!inText && depth == 1 && c == ':') {
-            name = std::exchange(token, {});
-        } else if (!inText && ((depth == 1 && c == ',') || depth == 0)) {
-            if (!name.isEmpty())
-                members.insert(name.mid(1, name.size() - 2), std::exchange(token, {}));
-            name.clear();
-        } else if (inText || !QByteArrayView(" \r\n\t").contains(c)) {
-            token += c;
-        }
-        if (!inText && (c == '{' || c == '[')) {
-            if (++depth == 1)
-                token.clear();
-        }
+        if (inText || !QByteArrayView(" \r\n\t").contains(json[i]))
+            dense += json[i];
     }
-    return members;
+    return dense;
 }
 
+// Compared as texts and not parsed, numbers are equal only digit by digit.
 void expectContent(const TestDocument &document, const QByteArray &expected)
 {
-    const auto ours = membersOf(jsonOfDocument(document.state));
-    const auto theirs = membersOf(expected);
-    EXPECT_EQ(ours.size(), 4);
-    for (auto member = ours.cbegin(); member != ours.cend(); ++member) {
-        SCOPED_TRACE(member.key().constData());
-        EXPECT_EQ(jsonLines(member.value()), jsonLines(theirs[member.key()]));
-    }
+    QByteArray content = withoutBlanks(expected);
+    for (const char *member : {R"("status":0,)", R"("defaultCategoryAdded":false,)",
+                               R"("defaultCategoryAdded":true,)", R"(,"creationDateCertain":true)"})
+        content.replace(member, "");
+    EXPECT_EQ(document.json(), jsonLines(content));
 }
 
 TEST(SampleDocuments, LoadAsTold)

@@ -47,14 +47,20 @@ void TestDocument::lock()
     state.isEncrypted = true;
 }
 
-qint32 TestDocument::openWith(const QString &password)
+DecryptPipeline TestDocument::decryption()
 {
-    state.plainPassword = password;
-    DecryptPipeline pipeline(state, [this] {
+    return DecryptPipeline(state, [this] {
         ++defaultCategoriesMade;
         return newCategoryRecord(QStringLiteral("Generic"), 1);
     });
+}
+
+qint32 TestDocument::openWith(const QString &password)
+{
+    state.plainPassword = password;
+    DecryptPipeline pipeline = decryption();
     const qint32 status = pipeline.decript();
+    hasReplacedLabels = pipeline.hasReplacedLabels();
     if (status == DecryptSuccess) {
         state.isEncrypted = false;
         state.YouCanSave = true;
@@ -90,23 +96,18 @@ Ref<Dictionary> TestDocument::category(qsizetype index) const
 QString TestDocument::filing() const
 {
     QStringList filed;
-    for (const Value &entry : state.myArray->values) {
-        const auto record = entry.dictionary();
-        filed << record->value(RecordKey::firstName).stringValue() + QStringLiteral(": ") +
-                     record->valueForKeyPath(u"categoryPtr.cat_category").stringValue();
+    for (const Value &category : state.myCategoryArray->values) {
+        const auto entries = category.dictionary();
+        QString line = entries->value(CategoryKey::cat_category).stringValue() + QLatin1Char(' ') +
+                       QString::number(entries->value(CategoryKey::cat_howManyUsingThis).intValue()) +
+                       QLatin1Char(':');
+        for (const Value &record : state.myArray->values) {
+            if (record.dictionary()->value(RecordKey::categoryPtr) == category)
+                line += QLatin1Char(' ') + record.dictionary()->value(RecordKey::firstName).stringValue();
+        }
+        filed << line;
     }
     return filed.join(QStringLiteral(", "));
-}
-
-QString TestDocument::counts() const
-{
-    QStringList counted;
-    for (const Value &entry : state.myCategoryArray->values) {
-        const auto category = entry.dictionary();
-        counted << category->value(CategoryKey::cat_category).stringValue() + QLatin1Char(' ') +
-                       QString::number(category->value(CategoryKey::cat_howManyUsingThis).intValue());
-    }
-    return counted.join(QStringLiteral(", "));
 }
 
 std::string TestDocument::json() const

@@ -19,21 +19,23 @@ public:
     void lock();
     // Types the password into the locked face; the status of the decryption.
     qint32 openWith(const QString &password);
+    // Its default category is Generic with id 1.
+    DecryptPipeline decryption();
 
     Foundation::Ref<Foundation::Dictionary> addCategory(const QString &name, qint64 uniqueID);
     Foundation::Ref<Foundation::Dictionary>
     addRecord(const QString &firstName, const Foundation::Ref<Foundation::Dictionary> &category);
     Foundation::Ref<Foundation::Dictionary> record(qsizetype index) const;
     Foundation::Ref<Foundation::Dictionary> category(qsizetype index) const;
-    // The names of the categories that the records point at, by first name: "Ada: Generic, Grace: Generic".
+    // Every category with its count and the first names of the records that point at it:
+    // "Generic 2: Ada Grace, Friends 1: Emmy".
     QString filing() const;
-    // How many records each category counts: "Generic 2, Friends 1".
-    QString counts() const;
     // The whole content; of several lines, so that a failed comparison shows the ones that differ.
     std::string json() const;
 
     DocumentState state;
     int defaultCategoriesMade = 0;
+    bool hasReplacedLabels = false; // as the last decryption told
 };
 
 inline const QString Password = QStringLiteral("correct horse");

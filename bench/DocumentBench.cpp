@@ -1,0 +1,148 @@
+#include "SampleContacts.h"
+#include "core/DecryptPipeline.h"
+#include "core/DocumentReader.h"
+#include "core/SavePipeline.h"
+#include "foundation/KeyedArchive.h"
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <malloc.h>
+#include <memory>
+
+// The argument of every benchmark is the number of records. `perRecord` is the bytes that a record takes, in
+// the archive or in the file, and `toCopy` how many times longer the work takes than copying these bytes into
+// memory already in use.
+
+namespace
+{
+
+using Foundation::Array;
+using Foundation::Ref;
+using Foundation::Value;
+
+Ref<Foundation::Dictionary> defaultCategory()
+{
+    return newCategoryRecord(QStringLiteral("Generic"), 1);
+}
+
+QByteArray archiveOf(DocumentState &document)
+{
+    return Foundation::archivedData(SavePipeline(document).getCopyOfContentArrayForSaveOperation());
+}
+
+// Bytes that the program has taken and not given back.
+double bytesInUse()
+{
+    const auto info = mallinfo2();
+    return double(info.uordblks) + double(info.hblkhd);
+}
+
+double secondsToCopy(const QByteArray &bytes)
+{
+    constexpr int Rounds = 5;
+    QByteArray target(bytes.size(), 't');
+    double best = 1e9;
+    for (int round = 0; round < Rounds; ++round) {
+        const auto start = std::chrono::steady_clock::now();
+        std::memcpy(target.data(), bytes.constData(), std::size_t(bytes.size()));
+        benchmark::ClobberMemory();
+        best =
+            std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+    return best;
+}
+
+// Runs `work` and tells its figures.
+template <class Work>
+void measure(benchmark::State &state, const QByteArray &bytes, Work work)
+{
+    double seconds = 0;
+    for (auto iteration : state) {
+        (void)iteration;
+        const auto start = std::chrono::steady_clock::now();
+        const auto made = work();
+        benchmark::DoNotOptimize(made);
+        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+        seconds += elapsed.count();
+        state.SetIterationTime(elapsed.count()); // Without what it takes to destroy what was made.
+    }
+    state.counters["perRecord"] = double(bytes.size()) / double(state.range(0));
+    state.counters["toCopy"] = seconds / double(state.iterations()) / secondsToCopy(bytes);
+}
+
+Ref<Array> liveRecords(const QByteArray &archive, DocumentState &document)
+{
+    const auto root = Foundation::unarchivedRoot(archive);
+    Ref<Array> records = root ? root->array() : Array::create();
+    DecryptPipeline(document, &defaultCategory)
+        .restoreFromSaveOperationContent(*records, *document.myCategoryArray);
+    return records;
+}
+
+void decodeRecords(benchmark::State &state)
+{
+    DocumentState document = sampleDocument(int(state.range(0)));
+    const QByteArray archive = archiveOf(document);
+    measure(state, archive, [&] { return liveRecords(archive, document); });
+}
+
+void encodeRecords(benchmark::State &state)
+{
+    DocumentState document = sampleDocument(int(state.range(0)));
+    measure(state, archiveOf(document), [&] { return archiveOf(document); });
+}
+
+void memoryOfRecords(benchmark::State &state)
+{
+    constexpr double Mebibyte = 1024.0 * 1024.0;
+    QByteArray archive;
+    {
+        DocumentState document = sampleDocument(int(state.range(0)));
+        archive = archiveOf(document);
+    }
+    for (auto iteration : state) {
+        (void)iteration;
+        DocumentState document;
+        const double before = bytesInUse();
+        const Ref<Array> records = liveRecords(archive, document);
+        state.counters["MiB"] = (bytesInUse() - before) / Mebibyte;
+        state.counters["perRecord"] = (bytesInUse() - before) / double(state.range(0));
+    }
+}
+
+void openDocument(benchmark::State &state)
+{
+    DocumentState saved = sampleDocument(int(state.range(0)));
+    const QByteArray file = SavePipeline(saved).dataOfType({}).value_or(QByteArray());
+    measure(state, file, [&] {
+        auto document = std::make_unique<DocumentState>();
+        readDocument(file, *document);
+        document->plainPassword = saved.plainPassword;
+        if (DecryptPipeline(*document, &defaultCategory).decript() != DecryptSuccess)
+            state.SkipWithError("the document does not open");
+        return document;
+    });
+}
+
+void saveDocument(benchmark::State &state)
+{
+    DocumentState document = sampleDocument(int(state.range(0)));
+    const QByteArray file = SavePipeline(document).dataOfType({}).value_or(QByteArray());
+    measure(state, file, [&] { return SavePipeline(document).dataOfType({}); });
+}
+
+void ofRecords(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseManualTime();
+}
+
+BENCHMARK(decodeRecords)->Apply(&ofRecords);
+BENCHMARK(encodeRecords)->Apply(&ofRecords);
+BENCHMARK(memoryOfRecords)->Arg(1000)->Arg(10000)->Arg(100000)->Iterations(1);
+BENCHMARK(openDocument)->Apply(&ofRecords);
+BENCHMARK(saveDocument)->Apply(&ofRecords);
+
+} // namespace
