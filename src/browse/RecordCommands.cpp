@@ -82,6 +82,7 @@ void RecordCommands::addTheRecord(const Record &record)
     m_host.updateChangeCount(0);
     m_host.scrollRowToVisible(m_records.arrangedIndexOf(record));
     m_host.switchToEditMode();
+    Q_EMIT recordAdded();
 }
 
 void RecordCommands::addTheRecordUndo(const Record &record)

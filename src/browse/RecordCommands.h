@@ -36,6 +36,10 @@ public:
     // A field of the form was typed into. Fields of tag 1 feed the name in the table.
     void controlTextDidChange(int tag);
 
+Q_SIGNALS:
+    // A record was added, anew or by redo, and the form is to be ready for typing.
+    void recordAdded();
+
 private:
     using Operation = void (RecordCommands::*)(const Record &);
     void recordInverse(Operation inverse, const Record &record, const QString &actionName);

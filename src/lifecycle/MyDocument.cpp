@@ -17,6 +17,7 @@ using Foundation::Value;
 
 MyDocument::MyDocument(QObject *parent)
     : VLCryptoDoc(parent)
+    , DocumentProperties(mutableState())
     , m_records(*this, m_categories)
     , m_recordCommands(*this, m_records, m_categories)
 {

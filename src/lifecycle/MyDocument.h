@@ -1,12 +1,13 @@
 #pragma once
 
 #include "browse/RecordCommands.h"
+#include "lifecycle/DocumentProperties.h"
 #include "lifecycle/VLCryptoDoc.h"
 
 // The address book of one file. Holds the state of DocumentState and hands the work on: saving and
 // deciphering to the pipelines of core/, records and categories to the controllers and commands of browse/.
 // What belongs to the document's window stands in MyDocumentWindow.
-class MyDocument : public VLCryptoDoc, private BrowseHost
+class MyDocument : public VLCryptoDoc, public DocumentProperties, private BrowseHost
 {
     Q_OBJECT
     Q_PROPERTY(FilteringArrayController *myArrayController READ myArrayController CONSTANT)
@@ -21,9 +22,6 @@ class MyDocument : public VLCryptoDoc, private BrowseHost
     Q_PROPERTY(bool yesVal READ yesVal CONSTANT)
 
 public:
-    using Array = Foundation::Array;
-    using Dictionary = Foundation::Dictionary;
-
     // The two faces of the detail side.
     enum DetailView { ViewMode = 0, EditMode = 1 };
 
@@ -38,37 +36,23 @@ public:
     RecordCommands &recordCommands() { return m_recordCommands; }
 
     // The content. A setter replaces the object, and the controllers show the new one.
-    const Foundation::Ref<Array> &myArray() const { return state().myArray; }
-    void setMyArray(const Foundation::Ref<Array> &records);
-    const Foundation::Ref<Array> &myCategoryArray() const { return state().myCategoryArray; }
-    void setMyCategoryArray(const Foundation::Ref<Array> &categories);
-    const Foundation::Ref<Dictionary> &myLabelDictionary() const { return state().myLabelDictionary; }
-    void setMyLabelDictionary(const Foundation::Ref<Dictionary> &labels);
-    static Foundation::Ref<Dictionary> defaultLabelDictionary() { return ::defaultLabelDictionary(); }
+    const Ref<Array> &myArray() const { return state().myArray; }
+    void setMyArray(const Ref<Array> &records);
+    const Ref<Array> &myCategoryArray() const { return state().myCategoryArray; }
+    void setMyCategoryArray(const Ref<Array> &categories);
+    const Ref<Dictionary> &myLabelDictionary() const { return state().myLabelDictionary; }
+    void setMyLabelDictionary(const Ref<Dictionary> &labels);
+    static Ref<Dictionary> defaultLabelDictionary() { return ::defaultLabelDictionary(); }
     Q_INVOKABLE void setDefaultDictionaryLabel(const Foundation::ActionSender &sender);
-    const Foundation::Value &documentCreationDate() const { return state().documentCreationDate; }
-    void setDocumentCreationDate(const Foundation::Value &date)
-    {
-        mutableState().documentCreationDate = date;
-    }
-    const Foundation::Ref<Array> &arrayForExport() const { return m_arrayForExport; }
-    const Foundation::Ref<Array> &arrayForImport() const { return m_arrayForImport; }
-
-    // What was read of the file, and whether it may be written.
-    const QString &fileDocRelease() const { return state().fileDocRelease; }
-    quint64 myOpeningDocumentVersion() const { return state().myOpeningDocumentVersion; }
-    bool YouCanSave() const { return state().YouCanSave; }
-    void setYouCanSave(bool canSave) { mutableState().YouCanSave = canSave; }
-    bool requiresMandatoryPassword() const { return state().requiresMandatoryPassword; }
-    bool useMyWinRect() const { return state().useMyWinRect; }
-    const Foundation::Rect &myWinRectToUse() const { return state().myWinRectToUse; }
-    bool makeToolbarVisibleAtDecrypt() const { return state().makeToolbarVisibleAtDecrypt; }
-
     int selectedView() const { return m_selectedView; }
     void setSelectedView(int view);
     void switchToEditMode() override { setSelectedView(EditMode); }
     void switchToViewMode() { setSelectedView(ViewMode); }
     Q_INVOKABLE void switchViewEditMode(const Foundation::ActionSender &sender);
+
+    // What the category filter shows, for the menus' check marks; empty for all.
+    const QString &categoryString() const { return m_categoryString; }
+    void setCategoryString(const QString &category) { m_categoryString = category; }
 
     // Fresh constants for bindings.
     bool falseValue() const { return false; }
@@ -112,7 +96,6 @@ private:
     FilteringArrayController m_records;
     Foundation::ArrayController m_allRecords;
     RecordCommands m_recordCommands;
-    Foundation::Ref<Array> m_arrayForExport = newArrayForExport();
-    Foundation::Ref<Array> m_arrayForImport = newArrayForImport();
     int m_selectedView = ViewMode;
+    QString m_categoryString = QStringLiteral("");
 };

@@ -1,6 +1,5 @@
 #include "core/FileLayout.h"
 #include "foundation/KeyedArchive.h"
-#include "shell/MyAppDelegate.h"
 #include "support/DocumentFixture.h"
 
 #include <QFile>
@@ -168,15 +167,6 @@ TEST_F(MyDocumentTest, MenusFollowTheLock)
     document->switchViewEditMode({});
     document->validateMenuItem(item);
     EXPECT_TRUE(item.isChecked);
-}
-
-TEST(MyAppDelegateTest, RegistersTenDefaults)
-{
-    const QVariantHash defaults = MyAppDelegate::registeredDefaults();
-    EXPECT_EQ(defaults.size(), 10);
-    EXPECT_EQ(defaults.value(QStringLiteral("autolocBackgroundInterval")), QVariant(120));
-    EXPECT_EQ(defaults.value(QStringLiteral("tableFontFamily")), QVariant(QStringLiteral("Lucida Grande")));
-    EXPECT_FALSE(defaults.contains(QStringLiteral("StartupSelectedDocBookmark")));
 }
 
 } // namespace

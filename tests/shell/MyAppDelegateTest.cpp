@@ -1,0 +1,29 @@
+#include "shell/MyAppDelegate.h"
+
+#include "foundation/UserDefaults.h"
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+TEST(MyAppDelegateTest, RegistersTenDefaultsBelowWhatTheUserSet)
+{
+    const QVariantHash defaults = MyAppDelegate::registeredDefaults();
+    EXPECT_EQ(defaults.size(), 10);
+    EXPECT_EQ(defaults.value(QStringLiteral("tableFontFamily")), QVariant(QStringLiteral("Lucida Grande")));
+
+    MyAppDelegate::initialize();
+    auto &settings = Foundation::UserDefaults::standardUserDefaults();
+    const QString interval = QStringLiteral("autolocBackgroundInterval");
+    EXPECT_EQ(settings.integerForKey(interval), 120);
+    settings.setValue(interval, 31);
+    MyAppDelegate::initialize();
+    EXPECT_EQ(settings.integerForKey(interval), 31);
+    settings.setValue(interval, QVariant());
+    EXPECT_EQ(settings.integerForKey(interval), 120);
+    EXPECT_FALSE(settings.value(QStringLiteral("StartupSelectedDocBookmark")).isValid());
+}
+
+} // namespace
