@@ -1,5 +1,6 @@
 #include "DocumentJson.h"
 #include "core/DecryptPipeline.h"
+#include "foundation/ProcessSetup.h"
 #include "lifecycle/MyDocument.h"
 
 #include <QCoreApplication>
@@ -166,6 +167,7 @@ int sayUse()
 
 int main(int argc, char **argv)
 {
+    Foundation::prepareProcess();
     QCoreApplication application(argc, argv);
     const QStringList words = application.arguments();
     const QString command = words.value(1);

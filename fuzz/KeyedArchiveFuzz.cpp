@@ -1,0 +1,20 @@
+#include "foundation/KeyedArchive.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+// Archives are what document files and everything enciphered in them consist of. What is read once must be
+// archived such that it reads as the same again.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    // Not copied, so that the sanitizer sees every byte read beyond the input.
+    const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size));
+    const auto root = Foundation::unarchivedRoot(bytes);
+    if (!root)
+        return 0;
+    const QByteArray archived = Foundation::archivedData(*root);
+    const auto again = Foundation::unarchivedRoot(archived);
+    if (!again || Foundation::archivedData(*again) != archived)
+        std::abort();
+    return 0;
+}

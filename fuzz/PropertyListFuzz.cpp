@@ -1,0 +1,19 @@
+#include "foundation/PropertyList.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+// Property lists come from a server. What is read once must be written such that it reads as the same again.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    // Not copied, so that the sanitizer sees every byte read beyond the input.
+    const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size));
+    const auto list = Foundation::readPropertyList(bytes);
+    if (!list)
+        return 0;
+    const QByteArray written = Foundation::writeBinaryPropertyList(*list);
+    const auto again = Foundation::readPropertyList(written);
+    if (!again || Foundation::writeBinaryPropertyList(*again) != written)
+        std::abort();
+    return 0;
+}
