@@ -1,0 +1,59 @@
+# Shared by ./run, ./test and the scripts beside this file. To be sourced by bash.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+say() { printf '%s\n' "$*"; }
+complain() { printf '%s\n' "$*" >&2; }
+
+# The packages of packages.txt that are not installed, one a line.
+missing_packages() {
+    local listed
+    mapfile -t listed < <(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$root/scripts/packages.txt")
+    # dpkg-query fails for a package that it never heard of, and still answers for the others.
+    comm -23 <(printf '%s\n' "${listed[@]}" | sort -u) \
+        <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "${listed[@]}" 2>/dev/null \
+            | sed -n 's/^installed //p' | sort -u)
+}
+
+# Installs what is missing, as root or through sudo. Needs neither, and no network, once everything is there.
+install_packages() {
+    local missing as_root=()
+    if ! command -v dpkg-query >/dev/null; then
+        complain "This is no Debian system: going on in the hope that all of scripts/packages.txt is there."
+        return 0
+    fi
+    mapfile -t missing < <(missing_packages)
+    ((${#missing[@]})) || return 0
+    say "Installing: ${missing[*]}"
+    if ((EUID != 0)); then
+        if ! command -v sudo >/dev/null; then
+            complain "Neither root nor sudo. Ask an administrator to run:"
+            complain "  apt-get install --no-install-recommends ${missing[*]}"
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    # The wait is for a machine that has just started and is still updating itself.
+    local apt=(env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300)
+    "${as_root[@]}" "${apt[@]}" update || complain "The package lists are not up to date; trying with those that are there."
+    "${as_root[@]}" "${apt[@]}" install -y --no-install-recommends "${missing[@]}"
+}
+
+# build PRESET [TARGET...]: without targets, those of the preset. A terminal sees the progress; otherwise the
+# compiler speaks only if it fails, and build/PRESET/build.log has every word.
+build() {
+    local preset=$1 log="$root/build/$1/build.log" command=(cmake --build --preset "$1")
+    shift
+    (($# == 0)) || command+=(--target "$@")
+    mkdir -p "${log%/*}"
+    if ! (cd "$root" && cmake --preset "$preset") >"$log" 2>&1; then
+        cat "$log" >&2
+        return 1
+    fi
+    if [[ -t 1 ]]; then
+        (cd "$root" && "${command[@]}")
+    elif ! (cd "$root" && "${command[@]}") >>"$log" 2>&1; then
+        grep -vE '^\[[0-9]+/[0-9]+\] ' "$log" | tail -n 80 >&2
+        return 1
+    fi
+}
