@@ -75,7 +75,7 @@ void DocumentController::add(std::unique_ptr<Document> document)
     Q_EMIT documentAdded(added);
 }
 
-void DocumentController::closeAllDocuments(Document::Completion done)
+void DocumentController::closeAllDocuments(const Document::Completion &done)
 {
     if (m_documents.isEmpty()) {
         done(true);

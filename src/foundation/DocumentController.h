@@ -32,7 +32,7 @@ public:
 
     // Asks about the changes of each document in turn and closes it, and calls `done` with true when all are
     // closed. Nothing more is asked once the user has kept a document, and `done` is called with false.
-    void closeAllDocuments(Document::Completion done);
+    void closeAllDocuments(const Document::Completion &done);
 
 Q_SIGNALS:
     // The receiver makes the document's window and calls windowControllerDidLoadNib.

@@ -10,17 +10,17 @@ ValueTransformerRegistry &ValueTransformerRegistry::shared()
 }
 
 void ValueTransformerRegistry::setValueTransformer(const QString &name,
-                                                   std::shared_ptr<ValueTransformer> transformer)
+                                                   const std::shared_ptr<ValueTransformer> &transformer)
 {
     if (transformer)
-        m_installed.insert(name, std::move(transformer));
+        m_installed.insert(name, transformer);
     else
         m_installed.remove(name);
 }
 
-void ValueTransformerRegistry::registerClass(const QString &className, Maker maker)
+void ValueTransformerRegistry::registerClass(const QString &className, const Maker &maker)
 {
-    m_classes.insert(className, std::move(maker));
+    m_classes.insert(className, maker);
 }
 
 std::shared_ptr<ValueTransformer> ValueTransformerRegistry::valueTransformerForName(const QString &name)

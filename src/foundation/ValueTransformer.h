@@ -32,8 +32,8 @@ public:
     static ValueTransformerRegistry &shared();
 
     // Replaces the former transformer of that name. Null removes it.
-    void setValueTransformer(const QString &name, std::shared_ptr<ValueTransformer> transformer);
-    void registerClass(const QString &className, Maker maker);
+    void setValueTransformer(const QString &name, const std::shared_ptr<ValueTransformer> &transformer);
+    void registerClass(const QString &className, const Maker &maker);
     // Null for an unknown name.
     std::shared_ptr<ValueTransformer> valueTransformerForName(const QString &name);
 

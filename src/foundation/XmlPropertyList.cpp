@@ -56,7 +56,8 @@ std::optional<Value> dateIn(const QString &text)
     // The XML form holds whole seconds of UTC, whatever the zone of this machine.
     if (date.timeSpec() == Qt::LocalTime)
         date.setTimeSpec(Qt::UTC);
-    return Value::date(double((date.toMSecsSinceEpoch() - MillisecondsTo2001) / 1000));
+    const qint64 seconds = (date.toMSecsSinceEpoch() - MillisecondsTo2001) / 1000;
+    return Value::date(double(seconds));
 }
 
 std::optional<Value> dataIn(const QString &text)
