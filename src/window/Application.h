@@ -1,0 +1,44 @@
+#pragma once
+
+#include "foundation/DocumentController.h"
+#include "window/AlertDialog.h"
+#include "window/DesktopWorkspace.h"
+#include "window/DocumentWindowController.h"
+
+#include <QFileDialog>
+
+// The application around its documents: gives the logic the services of the desktop, makes a window for each
+// document, and takes the commands that belong to no document, as the last responder of every window. Quits
+// when the last document has gone. Needs a QApplication, and is made once.
+class Application : public QObject, public MenuItemValidator
+{
+    Q_OBJECT
+
+public:
+    Application();
+    ~Application() override;
+
+    // Opens the files, or a new document if none is named.
+    void start(const QStringList &paths);
+
+    Foundation::DocumentController &documentController() { return m_documents; }
+    // Null for a document without a window.
+    DocumentWindowController *windowOf(const Foundation::Document *document) const;
+
+    bool validateMenuItem(Foundation::MenuItem &) override { return true; }
+    Q_INVOKABLE void newDocument(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void openDocument(const Foundation::ActionSender &sender);
+    // Asks about the changes of each document; quits unless the user keeps one.
+    Q_INVOKABLE void terminate(const Foundation::ActionSender &sender);
+
+private:
+    void openDocuments(const QStringList &paths);
+    void makeWindow(Foundation::Document *document);
+    void quitWithoutDocuments();
+
+    DesktopWorkspace m_workspace;
+    ModalAlerts m_modalAlerts;
+    Foundation::DocumentController m_documents;
+    QList<QPointer<DocumentWindowController>> m_windows;
+    QPointer<QFileDialog> m_openPanel;
+};

@@ -1,0 +1,214 @@
+#include "window/Binder.h"
+
+#include "window/ControlAccess.h"
+#include "window/InterfaceProperties.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTextEdit>
+
+using Foundation::Value;
+
+Binder::Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange)
+    : m_document(document)
+    , m_dispatcher(dispatcher)
+    , m_textDidChange(std::move(textDidChange))
+{
+}
+
+void Binder::bind(QWidget *interface)
+{
+    for (QAction *item : interface->findChildren<QAction *>()) {
+        if (!textProperty(item, InterfaceProperty::Action).isEmpty())
+            bindItem(item);
+    }
+    bindControl(interface);
+    for (QWidget *control : interface->findChildren<QWidget *>())
+        bindControl(control);
+}
+
+Binding *Binder::follow(QObject *control, const char *property, const char *transformerProperty,
+                        Binding::Show show)
+{
+    const QString text = textProperty(control, property);
+    if (text.isEmpty())
+        return nullptr;
+    const QString transformer = transformerProperty ? textProperty(control, transformerProperty) : QString();
+    return new Binding(BindingExpression(m_document, text, transformer), std::move(show), control);
+}
+
+void Binder::bindItem(QAction *item)
+{
+    const Binding *enabled =
+        follow(item, InterfaceProperty::BindEnabled, InterfaceProperty::EnabledTransformer,
+               [this](const BindingExpression &) { m_dispatcher.validateLater(); });
+    m_dispatcher.addItem(item, enabled ? [enabled] { return enabled->expression().holds(); }
+                                       : ActionDispatcher::Condition());
+}
+
+void Binder::bindControl(QWidget *control)
+{
+    bindConditions(control);
+    bindValue(control);
+    bindAction(control);
+}
+
+void Binder::bindConditions(QWidget *control)
+{
+    follow(control, InterfaceProperty::BindVisible, InterfaceProperty::VisibleTransformer,
+           [control](const BindingExpression &expression) { control->setVisible(expression.holds()); });
+    follow(control, InterfaceProperty::BindEnabled, InterfaceProperty::EnabledTransformer,
+           [control](const BindingExpression &expression) { control->setEnabled(expression.holds()); });
+    if (auto *field = qobject_cast<QLineEdit *>(control)) {
+        follow(field, InterfaceProperty::BindShowsText, nullptr,
+               [field](const BindingExpression &expression) {
+                   field->setEchoMode(expression.holds() ? QLineEdit::Normal : QLineEdit::Password);
+               });
+    }
+}
+
+void Binder::bindValue(QWidget *control)
+{
+    if (auto *line = qobject_cast<QLineEdit *>(control))
+        bindField(line);
+    else if (auto *text = qobject_cast<QPlainTextEdit *>(control))
+        bindField(text);
+    else if (auto *box = qobject_cast<QCheckBox *>(control))
+        bindSwitch(box);
+    else if (auto *label = qobject_cast<QLabel *>(control))
+        bindLabel(label);
+    else if (auto *readOnly = qobject_cast<QTextEdit *>(control))
+        bindReadOnlyText(readOnly);
+    else if (auto *pages = qobject_cast<QStackedWidget *>(control))
+        bindPages(pages);
+    else if (auto *popUp = qobject_cast<QComboBox *>(control))
+        bindPopUp(popUp);
+}
+
+template <class Field>
+void Binder::bindField(Field *field)
+{
+    liftLengthLimit(field);
+    const QString placeholder = field->placeholderText();
+    const Binding *binding =
+        follow(field, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
+               [field, placeholder](const BindingExpression &expression) {
+                   const BoundValue bound = expression.value();
+                   setTextOfField(field, bound.value.stringValue());
+                   field->setPlaceholderText(bound.isMixed ? tr("Multiple Values") : placeholder);
+                   enableBySelection(field, bound);
+               });
+    if (!binding)
+        return;
+    // Not at edits of the user alone: assistive technology and input methods change the text too.
+    connect(field, &Field::textChanged, this, [this, field, binding] {
+        const BoundValue bound = binding->expression().value();
+        const QString text = textOfField(field);
+        // An absent value shows like an empty one, and looking at it must not change it.
+        if (bound.isMixed || text != bound.value.stringValue())
+            write(*binding, text, tagOf(field));
+    });
+}
+
+void Binder::bindSwitch(QCheckBox *box)
+{
+    const Binding *binding = follow(box, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
+                                    [box](const BindingExpression &expression) {
+                                        const BoundValue bound = expression.value();
+                                        box->setTristate(bound.isMixed);
+                                        box->setCheckState(bound.isMixed             ? Qt::PartiallyChecked
+                                                           : bound.value.boolValue() ? Qt::Checked
+                                                                                     : Qt::Unchecked);
+                                        enableBySelection(box, bound);
+                                    });
+    if (!binding)
+        return;
+    connect(box, &QCheckBox::stateChanged, this, [this, box, binding](int state) {
+        if (binding->isShowing() || state == Qt::PartiallyChecked)
+            return;
+        const BoundValue bound = binding->expression().value();
+        if (bound.isMixed || bound.value.boolValue() != (state == Qt::Checked))
+            write(*binding, Value(state == Qt::Checked), tagOf(box));
+    });
+}
+
+void Binder::bindLabel(QLabel *label)
+{
+    label->setTextFormat(Qt::PlainText);
+    const QString format = textProperty(label, InterfaceProperty::BindFormat);
+    follow(label, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
+           [label, format](const BindingExpression &expression) {
+               const QString value = expression.value().value.stringValue();
+               const QString text = format.isEmpty() ? value : format.arg(value);
+               // With a buddy, "&" would mark a mnemonic.
+               label->setText(label->buddy() ? titleOfText(text) : text);
+           });
+}
+
+void Binder::bindReadOnlyText(QTextEdit *text)
+{
+    follow(text, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
+           [text](const BindingExpression &expression) {
+               const BoundValue bound = expression.value();
+               const QString shown = bound.isMixed ? tr("Multiple Values") : bound.value.stringValue();
+               text->setEnabled(!bound.isMixed);
+               if (text->toPlainText() != shown)
+                   text->setPlainText(shown);
+           });
+}
+
+void Binder::bindPages(QStackedWidget *pages)
+{
+    follow(pages, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
+           [pages](const BindingExpression &expression) {
+               pages->setCurrentIndex(expression.value().value.intValue());
+           });
+}
+
+void Binder::bindPopUp(QComboBox *popUp)
+{
+    const KeyPath rows(m_document, textProperty(popUp, InterfaceProperty::BindContent));
+    const KeyPath selected(m_document, textProperty(popUp, InterfaceProperty::BindSelectedObject));
+    const auto show = [popUp, rows, selected,
+                       placeholder = popUp->placeholderText()](const BindingExpression &) {
+        const BoundValue bound = selected.value();
+        setRowsOfPopUp(popUp, rows);
+        popUp->setPlaceholderText(bound.isMixed ? tr("Multiple Values") : placeholder);
+        popUp->setCurrentIndex(rowOfObject(rows, bound.value));
+        enableBySelection(popUp, bound);
+    };
+    follow(popUp, InterfaceProperty::BindContent, nullptr, show);
+    follow(popUp, InterfaceProperty::BindSelectedObject, nullptr, show);
+}
+
+void Binder::bindAction(QWidget *control)
+{
+    const QString action = textProperty(control, InterfaceProperty::Action);
+    if (action.isEmpty())
+        return;
+    const QString senderName = textProperty(control, InterfaceProperty::ActionSender);
+    const QWidget *sender =
+        senderName.isEmpty() ? control : control->window()->findChild<QWidget *>(senderName);
+    const auto send = [this, action, sender] { m_dispatcher.send(action, senderOfControl(sender)); };
+    if (auto *button = qobject_cast<QPushButton *>(control))
+        connect(button, &QPushButton::clicked, this, send);
+    else if (auto *box = qobject_cast<QCheckBox *>(control))
+        connect(box, &QCheckBox::clicked, this, send);
+    else if (auto *line = qobject_cast<QLineEdit *>(control))
+        connect(line, &QLineEdit::returnPressed, this, send);
+    else if (auto *popUp = qobject_cast<QComboBox *>(control))
+        connect(popUp, &QComboBox::activated, this, send);
+}
+
+void Binder::write(const Binding &binding, const Value &value, int tag)
+{
+    if (binding.isShowing() || !binding.expression().setValue(value))
+        return;
+    if (binding.expression().keyPath().isOfSelection())
+        m_textDidChange(tag);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "foundation/Actions.h"
+#include "window/KeyPath.h"
+
+class QComboBox;
+class QLineEdit;
+class QPlainTextEdit;
+class QWidget;
+
+// What the Binder needs of the different kinds of controls.
+
+// The text of a field, every character as it was put in.
+QString textOfField(const QLineEdit *field);
+QString textOfField(const QPlainTextEdit *field);
+// Leaves the field alone, with its caret and its undo steps, if it shows that text already.
+void setTextOfField(QLineEdit *field, const QString &text);
+void setTextOfField(QPlainTextEdit *field, const QString &text);
+// Lets a field hold any text: a cut one would be written back at the next keystroke.
+void liftLengthLimit(QLineEdit *field);
+void liftLengthLimit(QPlainTextEdit *field);
+
+// Disables a control that has no selected object to show, unless its interface file gives it another
+// condition.
+void enableBySelection(QWidget *control, const BoundValue &bound);
+
+// The rows of a pop-up are the objects that a controller shows, each by the text under one key.
+void setRowsOfPopUp(QComboBox *popUp, const KeyPath &rows);
+// -1 for an object that is not there.
+int rowOfObject(const KeyPath &rows, const Foundation::Value &object);
+
+// What an action learns of the control that sent it.
+Foundation::ActionSender senderOfControl(const QWidget *control);

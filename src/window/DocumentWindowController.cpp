@@ -1,0 +1,332 @@
+#include "window/DocumentWindowController.h"
+
+#include "ui_MyDocument.h"
+#include "window/AlertDialog.h"
+#include "window/FilePanels.h"
+#include "window/InterfaceStyle.h"
+#include "window/RecordCard.h"
+#include "window/SafeText.h"
+#include "window/SheetDialog.h"
+#include "window/WindowPlacement.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QScreen>
+#include <QStyle>
+
+using Foundation::ActionSender;
+using Foundation::Alert;
+using Foundation::AlertAnswer;
+using Foundation::ArrayController;
+using Foundation::Document;
+using Foundation::Rect;
+using Foundation::Size;
+
+namespace
+{
+
+constexpr QSize UsualSize(980, 640);
+constexpr int UsualListWidth = 280;
+constexpr QSize LeastLockedSize(560, 340);
+// The narrowest list beside the narrowest detail.
+constexpr QSize LeastOpenSize(662, 420);
+
+QList<QRect> availableScreens()
+{
+    QList<QRect> screens = {QGuiApplication::primaryScreen()->availableGeometry()};
+    for (const QScreen *screen : QGuiApplication::screens())
+        screens.append(screen->availableGeometry());
+    return screens;
+}
+
+QRect primaryScreen()
+{
+    return QGuiApplication::primaryScreen()->geometry();
+}
+
+} // namespace
+
+DocumentWindowController::DocumentWindowController(MyDocument *document, QList<QObject *> lastResponders)
+    : m_document(document)
+    , m_lastResponders(std::move(lastResponders))
+    , m_ui(std::make_unique<Ui::MyDocument>())
+    , m_dispatcher(document, [this](const QString &action) { return responders(action); })
+    , m_binder(document, m_dispatcher, [document](int tag) { document->controlTextDidChange(tag); })
+    , m_sheets(&m_window)
+    , m_savePanel(m_sheets)
+{
+    m_ui->setupUi(&m_window);
+    m_window.resize(document->isEncrypted() ? LeastLockedSize : UsualSize);
+    m_textCommands = std::make_unique<TextCommands>(&m_window);
+    setUpControls();
+    followDocument();
+    followItems();
+    updateTitle();
+    showFace();
+    m_takesUsualSizeAtDecrypt = document->isEncrypted();
+}
+
+DocumentWindowController::~DocumentWindowController() = default;
+
+void DocumentWindowController::setUpControls()
+{
+    styleInterface(&m_window);
+    // The toolbar is shown and hidden by the document and by its own item, which know when it may be.
+    m_window.setContextMenuPolicy(Qt::NoContextMenu);
+    m_ui->modernToolbar->setVisible(true);
+    m_ui->mySplitView->setStretchFactor(1, 1);
+    m_ui->mySplitView->setSizes({UsualListWidth, UsualSize.width() - UsualListWidth});
+    m_ui->myTableView->setRecords(m_document->myArrayController());
+    new RecordCard(m_document->myArrayController(),
+                   {m_ui->recordName, m_ui->recordSubtitle, m_ui->categoryView}, &m_window);
+    m_binder.bind(&m_window);
+}
+
+void DocumentWindowController::followDocument()
+{
+    connect(&m_window, &DocumentMainWindow::becameKey, m_document, &MyDocument::windowDidBecomeKey);
+    connect(&m_window, &DocumentMainWindow::closeRequested, m_document,
+            [document = m_document] { document->performClose({}); });
+    connect(m_document, &Document::fileURLChanged, this, &DocumentWindowController::updateTitle);
+    connect(m_document, &Document::documentEditedChanged, this, &DocumentWindowController::updateTitle);
+    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::updateTitle);
+    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::changeFace);
+    connect(m_document, &MyDocument::selectedViewChanged, this, &DocumentWindowController::keepFocusInSight);
+    connect(&m_document->recordCommands(), &RecordCommands::recordAdded, this,
+            &DocumentWindowController::prepareForTyping);
+    const auto updateHint = [this] {
+        m_ui->noSelectionHint->setText(m_document->myArrayController()->arrangedObjects().empty()
+                                           ? tr("Press Add to make your first contact")
+                                           : tr("Select a contact in the list to see it here"));
+    };
+    connect(m_document->myArrayController(), &ArrayController::arrangedObjectsChanged, this, updateHint);
+    updateHint();
+}
+
+void DocumentWindowController::followItems()
+{
+    for (QMenu *menu : m_window.findChildren<QMenu *>())
+        connect(menu, &QMenu::aboutToShow, &m_dispatcher, &ActionDispatcher::validate);
+    const auto validateLater = [this] { m_dispatcher.validateLater(); };
+    connect(m_textCommands.get(), &TextCommands::shortcutIsComing, &m_dispatcher,
+            &ActionDispatcher::validate);
+    connect(qApp, &QApplication::focusChanged, &m_dispatcher, validateLater);
+    connect(m_document, &VLCryptoDoc::isEncryptedChanged, &m_dispatcher, validateLater);
+    connect(m_document, &MyDocument::selectedViewChanged, &m_dispatcher, validateLater);
+    connect(&m_document->undoManager(), &Foundation::UndoManager::changed, &m_dispatcher, validateLater);
+    connect(&m_dispatcher, &ActionDispatcher::validated, this, &DocumentWindowController::updateUndoTitles);
+    m_dispatcher.validate();
+}
+
+QList<QObject *> DocumentWindowController::responders(const QString &action)
+{
+    QList<QObject *> chain;
+    if (m_textCommands->takes(action))
+        chain.append(m_textCommands.get());
+    chain.append(this);
+    chain.append(m_document->responders());
+    chain.append(m_lastResponders);
+    return chain;
+}
+
+void DocumentWindowController::updateTitle()
+{
+    QString name = withoutReorderingCharacters(m_document->displayName());
+    const QString suffix = u'.' + DocumentSuffix;
+    if (name.endsWith(suffix, Qt::CaseInsensitive) && name.size() > suffix.size())
+        name.chop(suffix.size());
+    // "[*]" is where the desktop's mark of an edited document goes; doubled it stands for itself.
+    name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    const QString title = name + QStringLiteral("[*]");
+    m_window.setWindowTitle(m_document->isEncrypted() ? tr("%1 — locked").arg(title) : title);
+    m_window.setWindowFilePath(m_document->fileURL());
+    m_window.setWindowModified(m_document->isDocumentEdited());
+}
+
+void DocumentWindowController::updateUndoTitles()
+{
+    const auto title = [this](const QString &action, const QString &verb, const QString &actionName) {
+        const QString name = m_textCommands->takes(action) ? tr("Typing") : actionName;
+        return name.isEmpty() ? verb : verb + u' ' + titleOfText(name);
+    };
+    const Foundation::UndoManager &manager = m_document->undoManager();
+    m_ui->undoItem->setText(title(QStringLiteral("undo"), tr("&Undo"), manager.undoActionName()));
+    m_ui->redoItem->setText(title(QStringLiteral("redo"), tr("&Redo"), manager.redoActionName()));
+}
+
+void DocumentWindowController::showFace()
+{
+    m_window.setMinimumSize(m_document->isEncrypted() ? LeastLockedSize : LeastOpenSize);
+    initialControl()->setFocus();
+}
+
+void DocumentWindowController::changeFace()
+{
+    showFace();
+    // A file may hold no frame for its window, which then leaves the small size of its locked face by itself.
+    if (m_document->isDecrypted() && std::exchange(m_takesUsualSizeAtDecrypt, false) &&
+        !m_document->useMyWinRect()) {
+        m_window.resize(UsualSize);
+        center();
+    }
+}
+
+QWidget *DocumentWindowController::initialControl() const
+{
+    return m_document->isEncrypted() ? static_cast<QWidget *>(m_ui->passwordToDecryptField)
+                                     : m_ui->myTableView;
+}
+
+void DocumentWindowController::keepFocusInSight()
+{
+    // The field that had it has gone with the form, and the arrow keys are of use in the list.
+    if (m_document->selectedView() == MyDocument::ViewMode && m_document->isDecrypted())
+        m_ui->myTableView->setFocus();
+}
+
+void DocumentWindowController::prepareForTyping()
+{
+    m_ui->firstName->setFocus();
+    m_ui->firstName->selectAll();
+}
+
+Rect DocumentWindowController::frame() const
+{
+    return frameOfScreenRect({m_window.pos(), m_window.size()}, primaryScreen());
+}
+
+void DocumentWindowController::setFrame(const Rect &frame, bool)
+{
+    if (m_window.isMaximized() || m_window.isFullScreen())
+        m_window.showNormal();
+    const QRect rect = reachableRect(screenRectOfFrame(frame, primaryScreen()), m_window.minimumSize(),
+                                     UsualSize, titleBarHeight(), availableScreens());
+    m_window.move(rect.topLeft());
+    m_window.resize(rect.size());
+}
+
+int DocumentWindowController::titleBarHeight() const
+{
+    // Until the window has been shown, the desktop's decoration is not known.
+    const int decoration = m_window.geometry().top() - m_window.pos().y();
+    return decoration > 0 ? decoration : m_window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+}
+
+Size DocumentWindowController::minSize() const
+{
+    return {double(m_window.minimumWidth()), double(m_window.minimumHeight())};
+}
+
+bool DocumentWindowController::isToolbarVisible() const
+{
+    // Not isVisible(): that is false as long as the window is hidden.
+    return !m_ui->modernToolbar->isHidden();
+}
+
+void DocumentWindowController::setToolbarVisible(bool visible)
+{
+    m_ui->modernToolbar->setVisible(visible);
+    m_dispatcher.validateLater();
+}
+
+void DocumentWindowController::orderOut()
+{
+    m_window.hide();
+}
+
+void DocumentWindowController::center()
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    m_window.resize(m_window.size().boundedTo(screen.size() - QSize(0, titleBarHeight())));
+    QRect rect(QPoint(), m_window.size());
+    rect.moveCenter(screen.center());
+    // Windows in the same place would hide one another.
+    constexpr QPoint Cascade(28, 28);
+    const auto isTaken = [this](const QPoint &place) {
+        for (const QWidget *other : QApplication::topLevelWidgets()) {
+            const bool isDocument = qobject_cast<const DocumentMainWindow *>(other) != nullptr;
+            if (isDocument && other != &m_window && other->isVisible() && other->pos() == place)
+                return true;
+        }
+        return false;
+    };
+    while (isTaken(rect.topLeft()) && screen.contains(rect.translated(Cascade)))
+        rect.translate(Cascade);
+    m_window.move(rect.topLeft());
+}
+
+void DocumentWindowController::makeKeyAndOrderFront()
+{
+    if (m_window.isMinimized())
+        m_window.showNormal();
+    m_window.show();
+    m_window.raise();
+    m_window.activateWindow();
+}
+
+void DocumentWindowController::close()
+{
+    m_sheets.drop();
+    m_window.hide();
+    deleteLater();
+}
+
+void DocumentWindowController::beginSheet(const QString &name, SheetEnd ended)
+{
+    m_sheets.begin(
+        name, [this, name](QWidget *parent) { return newSheet(name, m_binder, parent); }, std::move(ended));
+}
+
+void DocumentWindowController::endSheet(const QString &name, int returnCode)
+{
+    m_sheets.end(name, returnCode);
+}
+
+void DocumentWindowController::beginAlert(const Alert &alert, AlertAnswer answered)
+{
+    m_sheets.begin(
+        QString(), [alert](QWidget *parent) { return new AlertDialog(alert, parent); }, std::move(answered));
+}
+
+void DocumentWindowController::beginSavePanel(const QString &suggestedPath, SavePanel::PathChosen ended)
+{
+    m_savePanel.begin(suggestedPath, ended);
+}
+
+void DocumentWindowController::setDecryptProgressShown(bool shown)
+{
+    // Both are on the screen before the work begins, which lets no event through until it is done.
+    if (shown)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+    m_ui->decryptProgressIndicator->setRunning(shown);
+    if (!shown)
+        m_ui->passwordToDecryptField->selectAll();
+}
+
+void DocumentWindowController::clearPasswordToDecryptField()
+{
+    m_ui->passwordToDecryptField->clear();
+}
+
+void DocumentWindowController::scrollRowToVisible(qsizetype row)
+{
+    m_ui->myTableView->scrollRowToVisible(row);
+}
+
+void DocumentWindowController::redrawColumn(const QString &identifier)
+{
+    m_ui->myTableView->redrawColumn(identifier);
+}
+
+bool DocumentWindowController::validateMenuItem(Foundation::MenuItem &item)
+{
+    item.isChecked = isToolbarVisible();
+    return m_document->isDecrypted();
+}
+
+void DocumentWindowController::toggleToolbarShown(const ActionSender &)
+{
+    setToolbarVisible(!isToolbarVisible());
+}

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "lifecycle/MyDocument.h"
+#include "window/ActionDispatcher.h"
+#include "window/Binder.h"
+#include "window/DocumentMainWindow.h"
+#include "window/MenuItemValidator.h"
+#include "window/SavePanel.h"
+#include "window/SheetQueue.h"
+#include "window/TextCommands.h"
+
+#include <memory>
+
+namespace Ui
+{
+class MyDocument;
+}
+
+// The window of one document, made from the interface file "MyDocument": its two faces, locked and open,
+// follow the document by the bindings of that file, and what the document asks of its window is done here.
+//
+// Deletes itself, on a later turn of the event loop, when the document closes its window.
+class DocumentWindowController : public QObject, public MyDocumentWindow, public MenuItemValidator
+{
+    Q_OBJECT
+
+public:
+    // The responders come behind the document in the chain. The document must outlive the controller or close
+    // it; the responders must outlive it.
+    DocumentWindowController(MyDocument *document, QList<QObject *> lastResponders);
+    ~DocumentWindowController() override;
+
+    DocumentMainWindow *mainWindow() { return &m_window; }
+    SavePanel &savePanel() { return m_savePanel; }
+
+    Foundation::Rect frame() const override;
+    // The frame may be anything: a window stays in reach and no smaller than its minimum. Moves at once:
+    // windows of this desktop do not glide.
+    void setFrame(const Foundation::Rect &frame, bool animate) override;
+    Foundation::Size minSize() const override;
+    bool isToolbarVisible() const override;
+    void setToolbarVisible(bool visible) override;
+
+    void orderOut() override;
+    void center() override;
+    void makeKeyAndOrderFront() override;
+    void close() override;
+
+    void beginSheet(const QString &name, SheetEnd ended) override;
+    void endSheet(const QString &name, int returnCode) override;
+    bool hasAttachedSheet() const override { return m_sheets.hasSheet(); }
+    void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered) override;
+    void beginSavePanel(const QString &suggestedPath, SavePanel::PathChosen ended) override;
+
+    void setDecryptProgressShown(bool shown) override;
+    void clearPasswordToDecryptField() override;
+    void scrollRowToVisible(qsizetype row) override;
+    void redrawColumn(const QString &identifier) override;
+
+    bool validateMenuItem(Foundation::MenuItem &item) override;
+    Q_INVOKABLE void toggleToolbarShown(const Foundation::ActionSender &sender);
+
+private:
+    QList<QObject *> responders(const QString &action);
+    void setUpControls();
+    void followDocument();
+    void followItems();
+    void updateTitle();
+    void updateUndoTitles();
+    void showFace();
+    void changeFace();
+    void keepFocusInSight();
+    void prepareForTyping();
+    QWidget *initialControl() const;
+    int titleBarHeight() const;
+
+    MyDocument *m_document;
+    QList<QObject *> m_lastResponders;
+    DocumentMainWindow m_window;
+    std::unique_ptr<Ui::MyDocument> m_ui;
+    ActionDispatcher m_dispatcher;
+    Binder m_binder;
+    std::unique_ptr<TextCommands> m_textCommands;
+    SheetQueue m_sheets;
+    SavePanel m_savePanel;
+    bool m_takesUsualSizeAtDecrypt = false;
+};

@@ -1,0 +1,50 @@
+#include "window/FilePanels.h"
+
+#include <QFileDialog>
+#include <QSettings>
+
+const QString DocumentSuffix = QStringLiteral("vexcards");
+
+namespace
+{
+
+void setUpPanel(QFileDialog *panel)
+{
+    panel->setNameFilters(
+        {QFileDialog::tr("Vexarel documents (*.vexcards)"), QFileDialog::tr("All files (*)")});
+}
+
+} // namespace
+
+QFileDialog *newSavePanel(const QString &suggestedPath, QWidget *parent)
+{
+    auto *panel = new QFileDialog(parent, QFileDialog::tr("Save Document"));
+    setUpPanel(panel);
+    panel->setAcceptMode(QFileDialog::AcceptSave);
+    panel->setDefaultSuffix(DocumentSuffix);
+    // Its own question would read mark-up in the file's name, and come before the suffix is complete.
+    panel->setOption(QFileDialog::DontConfirmOverwrite);
+    const QFileInfo suggestion(suggestedPath);
+    panel->setDirectory(suggestion.absolutePath());
+    panel->selectFile(suggestion.fileName());
+    return panel;
+}
+
+QFileDialog *newOpenPanel(QWidget *parent)
+{
+    auto *panel = new QFileDialog(parent, QFileDialog::tr("Open Documents"));
+    setUpPanel(panel);
+    panel->setFileMode(QFileDialog::ExistingFiles);
+    return panel;
+}
+
+QString withDocumentSuffix(const QString &path)
+{
+    const QString suffix = u'.' + DocumentSuffix;
+    return path.endsWith(suffix, Qt::CaseInsensitive) ? path : path + suffix;
+}
+
+void keepNoPanelHistory()
+{
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QObject>
+#include <QVariant>
+
+// The dynamic properties by which an interface file tells what a control is for. Binder says what each means.
+namespace InterfaceProperty
+{
+inline constexpr char BindValue[] = "bindValue";
+inline constexpr char Transformer[] = "transformer";
+inline constexpr char BindFormat[] = "bindFormat";
+inline constexpr char BindVisible[] = "bindVisible";
+inline constexpr char VisibleTransformer[] = "visibleTransformer";
+inline constexpr char BindEnabled[] = "bindEnabled";
+inline constexpr char EnabledTransformer[] = "enabledTransformer";
+inline constexpr char BindShowsText[] = "bindShowsText";
+inline constexpr char BindContent[] = "bindContent";
+inline constexpr char BindSelectedObject[] = "bindSelectedObject";
+inline constexpr char Action[] = "action";
+inline constexpr char ActionSender[] = "actionSender";
+inline constexpr char Tag[] = "tag";
+} // namespace InterfaceProperty
+
+// Null where the object has no such property.
+inline QString textProperty(const QObject *object, const char *name)
+{
+    return object->property(name).toString();
+}
+
+// 0 where the object has none.
+inline int tagOf(const QObject *object)
+{
+    return object->property(InterfaceProperty::Tag).toInt();
+}

@@ -1,0 +1,23 @@
+#include "window/InterfaceStyle.h"
+
+#include "window/SymbolIcon.h"
+
+#include <QAbstractButton>
+#include <QAction>
+
+void styleInterface(QWidget *interface)
+{
+    for (QWidget *control : interface->findChildren<QWidget *>()) {
+        const QVariant scale = control->property("fontScale");
+        if (!scale.isValid())
+            continue;
+        QFont font = control->font();
+        font.setPointSizeF(QFontInfo(font).pointSizeF() * scale.toDouble());
+        control->setFont(font);
+    }
+    for (QAction *item : interface->findChildren<QAction *>()) {
+        const QString symbol = item->property("symbol").toString();
+        if (!symbol.isEmpty())
+            item->setIcon(symbolIcon(symbol));
+    }
+}

@@ -1,0 +1,61 @@
+#include "window/RecordCard.h"
+
+#include "browse/RecordName.h"
+#include "core/RecordModel.h"
+
+using Foundation::ArrayController;
+using Foundation::Dictionary;
+using Foundation::Value;
+
+namespace
+{
+
+// What the name leaves out: the person behind a company, or the company of a person.
+QString subtitleOfRecord(const Dictionary &record)
+{
+    const QString name = displayedNameOfRecord(record);
+    const auto person = record.copy();
+    person->setValue(RecordKey::isCompany, Value(false));
+    for (const QString &other :
+         {displayedNameOfRecord(*person), record.value(RecordKey::company).stringValue()}) {
+        if (!other.isEmpty() && other != name)
+            return other;
+    }
+    return {};
+}
+
+} // namespace
+
+RecordCard::RecordCard(ArrayController *records, Parts parts, QObject *parent)
+    : QObject(parent)
+    , m_records(records)
+    , m_parts(parts)
+{
+    QPalette quiet = parts.subtitle->palette();
+    quiet.setColor(QPalette::Text, quietTextColor(quiet));
+    parts.subtitle->setPalette(quiet);
+    connect(records, &ArrayController::selectionChanged, this, &RecordCard::refresh);
+    connect(records, &ArrayController::objectChanged, this, [this](qsizetype index) {
+        if (index == m_records->selectionIndex())
+            refresh();
+    });
+    refresh();
+}
+
+void RecordCard::refresh()
+{
+    const auto &selected = m_records->selectionIndexes();
+    if (selected.empty()) {
+        m_parts.name->clear();
+        m_parts.subtitle->clear();
+        m_parts.category->setPill(std::nullopt);
+        return;
+    }
+    const Dictionary &first = *m_records->arrangedObjects()[selected.front()];
+    const bool isOne = selected.size() == 1;
+    m_parts.name->setPlainText(isOne ? displayedNameOfRecord(first)
+                                     : tr("%1 contacts selected").arg(selected.size()));
+    m_parts.subtitle->setPlainText(isOne ? subtitleOfRecord(first) : QString());
+    m_parts.subtitle->setVisible(!m_parts.subtitle->toPlainText().isEmpty());
+    m_parts.category->setPill(CategoryPill::ofRecord(first));
+}

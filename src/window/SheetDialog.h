@@ -1,0 +1,25 @@
+#pragma once
+
+#include "window/Binder.h"
+
+#include <QDialog>
+
+// A sheet made from an interface file. Escape and the closing of the sheet press its button of tag 1001.
+class SheetDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    using QDialog::QDialog;
+
+    void reject() override;
+
+    // Puts the buttons that bear a tag into the button box: 1000 confirms, 1001 cancels.
+    void arrangeButtons();
+
+private:
+    QPushButton *buttonOfTag(int tag) const;
+};
+
+// The sheet of that name, bound to the document. Null for a name that no interface file has.
+SheetDialog *newSheet(const QString &name, Binder &binder, QWidget *parent);

@@ -1,0 +1,65 @@
+#include "window/SheetQueue.h"
+
+#include "foundation/Services.h"
+
+SheetQueue::SheetQueue(QWidget *window)
+    : m_window(window)
+{
+}
+
+void SheetQueue::begin(const QString &name, DialogMaker make, Ended ended)
+{
+    m_waiting.push_back({name, std::move(make), std::move(ended)});
+    beginNext();
+}
+
+void SheetQueue::beginNext()
+{
+    if (m_isBusy || m_waiting.empty())
+        return;
+    m_isBusy = true;
+    m_current = std::move(m_waiting.front());
+    m_waiting.pop_front();
+    m_dialog = m_current.make(m_window);
+    m_dialog->setWindowModality(Qt::WindowModal);
+    connect(m_dialog, &QDialog::finished, this, &SheetQueue::finished);
+    m_dialog->open();
+    Q_EMIT changed();
+}
+
+void SheetQueue::finished(int result)
+{
+    m_dialog->deleteLater();
+    m_dialog = nullptr;
+    Foundation::Services::shared().mainQueue().addOperation(
+        [queue = QPointer(this), ended = std::move(m_current.ended), result] {
+            if (!queue || !queue->m_isBusy)
+                return;
+            if (ended)
+                ended(result);
+            // The end may have closed the window.
+            if (!queue)
+                return;
+            queue->m_isBusy = false;
+            queue->beginNext();
+        });
+    Q_EMIT changed();
+}
+
+void SheetQueue::end(const QString &name, int result)
+{
+    if (m_dialog && m_current.name == name)
+        m_dialog->done(result);
+}
+
+void SheetQueue::drop()
+{
+    m_waiting.clear();
+    m_isBusy = false;
+    if (!m_dialog)
+        return;
+    m_dialog->disconnect(this);
+    m_dialog->hide();
+    m_dialog->deleteLater();
+    m_dialog = nullptr;
+}

@@ -1,0 +1,79 @@
+#include "window/DesktopWorkspace.h"
+
+#include <gtest/gtest.h>
+
+#include <QDesktopServices>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QUrl>
+
+// Stands in for the desktop: keeps what it is handed.
+class UrlCatcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    UrlCatcher()
+    {
+        for (const QString &scheme : schemes)
+            QDesktopServices::setUrlHandler(scheme, this, "take");
+    }
+    ~UrlCatcher() override
+    {
+        for (const QString &scheme : schemes)
+            QDesktopServices::unsetUrlHandler(scheme);
+    }
+    Q_INVOKABLE void take(const QUrl &url) { urls.append(url); }
+
+    const QStringList schemes = {QStringLiteral("file"), QStringLiteral("https")};
+    QList<QUrl> urls;
+};
+
+TEST(DesktopWorkspace, ShowsProgramsInTheirFolderAndOpensTheRest)
+{
+    const struct
+    {
+        const char *name;
+        QByteArray content;
+        bool isExecutable;
+        bool isProgram;
+    } cases[] = {
+        {"letter.txt", "Dear Ada", false, false},
+        {"card.pdf", "%PDF-1.4", false, false},
+        {"run.txt", "Dear Ada", true, true},
+        {"start.desktop", "[Desktop Entry]\nType=Application\nExec=true\n", false, true},
+        {"START.Desktop", "anything", false, true},
+        {"script.sh", "echo", false, true},
+        {"hidden.pdf", "#!/bin/sh\necho\n", false, true},
+        {"setup.exe", "MZ", false, true},
+        {"tool.py", "print(1)", false, true},
+    };
+    const QTemporaryDir folder;
+    UrlCatcher desktop;
+    DesktopWorkspace workspace;
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name);
+        const QString path = folder.filePath(QString::fromLatin1(c.name));
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(c.content) >= 0);
+        file.close();
+        if (c.isExecutable)
+            file.setPermissions(file.permissions() | QFile::ExeOwner | QFile::ExeUser);
+        EXPECT_TRUE(workspace.openUrl(QUrl::fromLocalFile(path)));
+        EXPECT_EQ(desktop.urls.last(), QUrl::fromLocalFile(c.isProgram ? folder.path() : path));
+    }
+}
+
+TEST(DesktopWorkspace, OpensAddressesAndNothingElse)
+{
+    UrlCatcher desktop;
+    DesktopWorkspace workspace;
+    const QUrl page(QStringLiteral("https://example.org/a?b=c"));
+    EXPECT_TRUE(workspace.openUrl(page));
+    EXPECT_EQ(desktop.urls, QList<QUrl>{page});
+    EXPECT_FALSE(workspace.openUrl(QUrl()));
+    EXPECT_FALSE(workspace.openFile(QStringLiteral("/nowhere/at all")));
+    EXPECT_EQ(desktop.urls.size(), 1);
+}
+
+#include "DesktopWorkspaceTest.moc"

@@ -1,0 +1,391 @@
+#include "core/RecordModel.h"
+#include "support/Printers.h"
+#include "window/InterfaceProperties.h"
+#include "window/ProgressSpinner.h"
+#include "window/RecordTable.h"
+#include "window/WindowTest.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+using Foundation::Rect;
+
+namespace
+{
+
+const QString sample = QStringLiteral(VEXAREL_TEST_DATA "/documents/");
+
+} // namespace
+
+class DocumentWindowTest : public WindowTest
+{
+protected:
+    QStringList names() const
+    {
+        QStringList names;
+        const auto *model = control<RecordTable>("myTableView")->model();
+        for (int row = 0; row < model->rowCount(); ++row)
+            names.append(model->index(row, RecordTableModel::NameColumn).data().toString());
+        return names;
+    }
+    // With the keys alone.
+    void addContact(const QString &firstName, const QString &lastName)
+    {
+        press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+        ASSERT_EQ(QApplication::focusWidget(), control<QLineEdit>("firstName"));
+        type(firstName);
+        press(Qt::Key_Tab);
+        press(Qt::Key_A, Qt::ControlModifier);
+        type(lastName);
+    }
+    // A saved document of that many contacts with a free-text name.
+    void makeSavedDocument(const QStringList &firstNames)
+    {
+        makeProtectedDocument();
+        for (const QString &name : firstNames)
+            addContact(name, QStringLiteral("X"));
+        chooseNextPath(pathOf(QStringLiteral("Friends.vexcards")));
+        press(Qt::Key_S, Qt::ControlModifier);
+        ASSERT_FALSE(document()->isDocumentEdited());
+    }
+    bool isClosed() const
+    {
+        return eventually([this] { return document() == nullptr; });
+    }
+};
+
+TEST_F(DocumentWindowTest, NewDocumentRefusesBadPasswordsUntilAGoodOne)
+{
+    const struct
+    {
+        QString first;
+        QString second;
+        QStringList alert;
+    } refusals[] = {
+        {password,
+         QStringLiteral("correct house"),
+         {QStringLiteral("Password inserted in the two fields doesn't match"),
+          QStringLiteral("You must insert exactly the same password in the two fields.")}},
+        {QStringLiteral("short"),
+         QStringLiteral("short"),
+         {QStringLiteral("Password too short"),
+          QStringLiteral("You have to use a password which is at least six character long.")}},
+    };
+    makeNewDocument();
+    EXPECT_EQ(control<QLineEdit>("password")->echoMode(), QLineEdit::Password);
+    for (const auto &refusal : refusals) {
+        enterFirstPasswords(refusal.first, refusal.second);
+        EXPECT_EQ(nextAlert(), refusal.alert);
+        press(Qt::Key_Return);
+        ASSERT_TRUE(sheetComes(VLCryptoDoc::MandatoryPasswordSheet));
+        EXPECT_EQ(field("password"), refusal.first) << "it comes back as the user left it";
+        EXPECT_EQ(field("passwordRetype"), refusal.second);
+    }
+    // Once the sheet has been answered it shows what is typed: that is how the flag is left.
+    EXPECT_TRUE(control<QCheckBox>("showPassword")->isChecked());
+    EXPECT_EQ(control<QLineEdit>("password")->echoMode(), QLineEdit::Normal);
+
+    enterFirstPasswords(password, password);
+    const QStringList accepted = nextAlert();
+    EXPECT_EQ(accepted.value(0), QStringLiteral("Password accepted"));
+    EXPECT_TRUE(accepted.value(1).startsWith(u"This password will be used when saving this document.\n"));
+    EXPECT_EQ(document()->plainPassword(), password);
+    EXPECT_TRUE(window()->isWindowModified());
+}
+
+TEST_F(DocumentWindowTest, CancellingTheFirstPasswordClosesTheDocument)
+{
+    for (const int way : {0, 1}) {
+        makeNewDocument();
+        if (way == 0)
+            press(Qt::Key_Escape);
+        else
+            answer(QStringLiteral("Cancel"));
+        EXPECT_TRUE(isClosed());
+    }
+}
+
+TEST_F(DocumentWindowTest, MainJobIsDoneByKeysAlone)
+{
+    makeProtectedDocument();
+    addContact(QStringLiteral("Zoë"), QStringLiteral("Åström"));
+    addContact(QStringLiteral("Борис"), QStringLiteral("Кант"));
+    addContact(QStringLiteral("😀 “R&D”"), QStringLiteral("<b>bold</b>"));
+    const QStringList all = {QStringLiteral("Zoë Åström"), QStringLiteral("Борис Кант"),
+                             QStringLiteral("😀 “R&D” <b>bold</b>")};
+    EXPECT_EQ(names(), all);
+    const QString path = pathOf(QStringLiteral("Friends.vexcards"));
+    chooseNextPath(pathOf(QStringLiteral("Friends")));
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(QFileInfo::exists(path)) << "the suffix is added";
+    press(Qt::Key_W, Qt::ControlModifier);
+    ASSERT_TRUE(isClosed()) << "nothing to ask";
+
+    openDocument(path);
+    EXPECT_TRUE(control<QWidget>("openFace")->isHidden());
+    EXPECT_EQ(control<QLabel>("lockedTitle")->text(), QStringLiteral("Friends.vexcards is locked"));
+    EXPECT_EQ(window()->windowTitle(), QStringLiteral("Friends[*] — locked"));
+    EXPECT_FALSE(controller()->isToolbarVisible());
+    unlock(QStringLiteral("wrong horse"));
+    EXPECT_EQ(nextAlert(),
+              QStringList({QStringLiteral("Wrong Password"),
+                           QStringLiteral("You inserted a wrong password.\nTo access this document you must "
+                                          "insert exactly the password used to protect it")}));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(windowIsActive());
+    EXPECT_TRUE(document()->isEncrypted());
+    unlock(password); // The wrong one is selected and gets replaced.
+    ASSERT_TRUE(document()->isDecrypted());
+    EXPECT_EQ(names(), all);
+    EXPECT_TRUE(control<QWidget>("lockedFace")->isHidden());
+    EXPECT_TRUE(controller()->isToolbarVisible());
+    EXPECT_EQ(control<QLineEdit>("passwordToDecryptField")->text(), QString());
+    EXPECT_EQ(QApplication::focusWidget(), control<QWidget>("myTableView"));
+    EXPECT_EQ(window()->windowTitle(), QStringLiteral("Friends[*]"));
+
+    press(Qt::Key_End);
+    EXPECT_EQ(control<QTextEdit>("recordName")->toPlainText(), all.last()) << "names are shown as they are";
+    press(Qt::Key_F2);
+    EXPECT_EQ(document()->selectedView(), MyDocument::EditMode);
+    EXPECT_EQ(field("lastName"), QStringLiteral("<b>bold</b>"));
+    control<QWidget>("note")->setFocus();
+    press(Qt::Key_F2);
+    EXPECT_EQ(document()->selectedView(), MyDocument::ViewMode);
+    EXPECT_EQ(QApplication::focusWidget(), control<QWidget>("myTableView")) << "no key goes into nothing";
+}
+
+TEST_F(DocumentWindowTest, TabGoesThroughTheFormInReadingOrder)
+{
+    makeProtectedDocument();
+    press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    QStringList order;
+    for (int i = 0; i < 18; ++i) {
+        order.append(QApplication::focusWidget()->objectName());
+        press(Qt::Key_Tab);
+    }
+    EXPECT_EQ(
+        order.join(u' '),
+        QStringLiteral("firstName lastName company category isCompany phoneWork pager faxWork emailWork "
+                       "webWork addressWork phonePersonal mobile faxPersonal emailPersonal webPersonal "
+                       "addressPersonal note"));
+}
+
+TEST_F(DocumentWindowTest, UndoBelongsToTheFieldFirstAndThenToTheDocument)
+{
+    makeProtectedDocument();
+    addContact(QStringLiteral("Ada"), QStringLiteral("Byron"));
+    EXPECT_EQ(names().value(0), QStringLiteral("Ada Byron"));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(names().value(0), QStringLiteral("Ada Last Name")) << "what was typed in the field";
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(names(), QStringList()) << "then the contact";
+    runEvents();
+    EXPECT_EQ(window()->findChild<QAction *>(QStringLiteral("redoItem"))->text(),
+              QStringLiteral("&Redo Add Record"));
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(names().value(0), QStringLiteral("Ada Last Name"));
+}
+
+TEST_F(DocumentWindowTest, DeletingAsksAndCanBeUndone)
+{
+    makeSavedDocument({QStringLiteral("A"), QStringLiteral("B")});
+    control<QWidget>("myTableView")->setFocus();
+    press(Qt::Key_Delete);
+    EXPECT_EQ(nextAlert().value(0), QStringLiteral("Delete the selected contact"));
+    press(Qt::Key_Return); // The safe button is the first of this question.
+    ASSERT_TRUE(windowIsActive());
+    EXPECT_EQ(names().size(), 2);
+    EXPECT_FALSE(window()->isWindowModified());
+    press(Qt::Key_Delete);
+    nextAlert();
+    answer(QStringLiteral("Delete Contact"));
+    ASSERT_TRUE(windowIsActive());
+    EXPECT_TRUE(eventually([this] { return names() == QStringList(QStringLiteral("A X")); }));
+    EXPECT_TRUE(window()->isWindowModified());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(names().size(), 2);
+}
+
+TEST_F(DocumentWindowTest, SeveralSelectedContactsAreEditedTogether)
+{
+    makeSavedDocument({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
+    control<QWidget>("myTableView")->setFocus();
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(field("firstName"), QString());
+    EXPECT_EQ(control<QLineEdit>("firstName")->placeholderText(), QStringLiteral("Multiple Values"));
+    EXPECT_EQ(field("lastName"), QStringLiteral("X"));
+    EXPECT_FALSE(document()->isDocumentEdited()) << "selecting is no edit";
+    enterField("lastName", QStringLiteral("Y"));
+    EXPECT_EQ(names().join(u' '), QStringLiteral("A Y B Y C Y"));
+    EXPECT_TRUE(window()->isWindowModified());
+}
+
+TEST_F(DocumentWindowTest, ClosingAnEditedDocumentAsks)
+{
+    const QString question =
+        QStringLiteral("Do you want to save the changes to the document “Friends.vexcards”?");
+    makeSavedDocument({QStringLiteral("A")});
+    control<QPlainTextEdit>("note")->setFocus();
+    type(QStringLiteral("changed"));
+    window()->close();
+    ASSERT_EQ(nextAlert().value(0), question);
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(windowIsActive());
+    EXPECT_TRUE(window()->isVisible()) << "Escape keeps it";
+
+    window()->close();
+    nextAlert();
+    answer(QStringLiteral("Discard"));
+    ASSERT_TRUE(isClosed());
+    openDocument(pathOf(QStringLiteral("Friends.vexcards")));
+    unlock(password);
+    EXPECT_EQ(control<QPlainTextEdit>("note")->toPlainText(), QString()) << "nothing was written";
+
+    press(Qt::Key_F2);
+    enterField("lastName", QStringLiteral("Kept"));
+    window()->close();
+    nextAlert();
+    press(Qt::Key_Return);
+    ASSERT_TRUE(isClosed());
+    openDocument(pathOf(QStringLiteral("Friends.vexcards")));
+    unlock(password);
+    EXPECT_EQ(names().value(0), QStringLiteral("A Kept"));
+}
+
+TEST_F(DocumentWindowTest, LockedDocumentClosesWithoutAQuestion)
+{
+    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    document()->updateChangeCount(Foundation::Document::ChangeDone);
+    window()->close();
+    EXPECT_TRUE(isClosed());
+}
+
+TEST_F(DocumentWindowTest, LockedFaceOffersOnlyWhatALockedDocumentCanDo)
+{
+    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    runEvents();
+    const QStringList enabled = {QStringLiteral("newItem"),   QStringLiteral("openItem"),
+                                 QStringLiteral("closeItem"), QStringLiteral("quitItem"),
+                                 QStringLiteral("pasteItem"), QStringLiteral("selectAllItem")};
+    for (const QAction *item : window()->findChildren<QAction *>()) {
+        if (textProperty(item, InterfaceProperty::Action).isEmpty())
+            continue;
+        EXPECT_EQ(item->isEnabled(), enabled.contains(item->objectName()))
+            << item->objectName().toStdString();
+    }
+    EXPECT_FALSE(control<QWidget>("phoneWork")->isVisible());
+}
+
+TEST_F(DocumentWindowTest, WindowTakesTheFrameOfTheFile)
+{
+    makeProtectedDocument();
+    const QRect placed(40, 70, 700, 500);
+    window()->setGeometry(placed);
+    controller()->setToolbarVisible(false);
+    chooseNextPath(pathOf(QStringLiteral("Placed.vexcards")));
+    press(Qt::Key_S, Qt::ControlModifier);
+    document()->close();
+    ASSERT_TRUE(isClosed());
+
+    openDocument(pathOf(QStringLiteral("Placed.vexcards")));
+    const Foundation::Size locked = controller()->minSize();
+    EXPECT_EQ(window()->size(), QSize(int(locked.width), int(locked.height)));
+    unlock(password);
+    EXPECT_EQ(window()->geometry(), placed);
+    EXPECT_FALSE(controller()->isToolbarVisible());
+    EXPECT_GT(controller()->minSize().width, locked.width) << "the open face needs more room";
+}
+
+TEST_F(DocumentWindowTest, WindowOfAFileWithoutAFrameGrowsByItself)
+{
+    openDocument(sample + QStringLiteral("platform-missing.vexcards"));
+    const int lockedWidth = window()->width();
+    unlock(password);
+    ASSERT_TRUE(document()->isDecrypted());
+    EXPECT_GT(window()->width(), lockedWidth + 100);
+    EXPECT_TRUE(window()->screen()->availableGeometry().contains(QRect(window()->pos(), window()->size())));
+}
+
+TEST_F(DocumentWindowTest, FrameOfNoSizeIsSurvived)
+{
+    makeProtectedDocument();
+    for (const Rect &frame :
+         {Rect{0, 0, 0, 0}, Rect{-9000, 9000, 10, 10}, Rect{std::nan(""), 0, 1e300, -5}}) {
+        controller()->setFrame(frame, true);
+        const QRect screen = window()->screen()->availableGeometry();
+        EXPECT_GE(window()->width(), int(controller()->minSize().width));
+        EXPECT_GE(window()->height(), int(controller()->minSize().height));
+        EXPECT_TRUE(screen.contains(window()->pos())) << window()->pos().x() << ' ' << window()->pos().y();
+    }
+}
+
+TEST_F(DocumentWindowTest, ToolbarIsToldRightlyWhileTheWindowIsHidden)
+{
+    makeProtectedDocument();
+    controller()->orderOut();
+    EXPECT_TRUE(controller()->isToolbarVisible());
+    controller()->setToolbarVisible(false);
+    EXPECT_FALSE(controller()->isToolbarVisible());
+    controller()->setToolbarVisible(true);
+    EXPECT_TRUE(controller()->isToolbarVisible());
+    controller()->makeKeyAndOrderFront();
+    window()->findChild<QAction *>(QStringLiteral("showToolbarItem"))->trigger();
+    EXPECT_FALSE(control<QWidget>("modernToolbar")->isVisible());
+}
+
+TEST_F(DocumentWindowTest, ProgressIsPaintedBeforeTheWorkBegins)
+{
+    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    auto *spinner = control<ProgressSpinner>("decryptProgressIndicator");
+    const QImage idle = spinner->grab().toImage();
+    controller()->setDecryptProgressShown(true);
+    EXPECT_NE(spinner->grab().toImage(), idle);
+    ASSERT_TRUE(QApplication::overrideCursor());
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    controller()->setDecryptProgressShown(false);
+    EXPECT_EQ(spinner->grab().toImage(), idle);
+    EXPECT_FALSE(QApplication::overrideCursor());
+}
+
+TEST_F(DocumentWindowTest, ReplacingAFileIsAskedAboutByItsWholeName)
+{
+    makeProtectedDocument();
+    QFile other(pathOf(QStringLiteral("<b>.vexcards")));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly) && other.write("old") == 3);
+    other.close();
+    chooseNextPath(pathOf(QStringLiteral("<b>")));
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(nextAlert().value(0),
+              QStringLiteral("“<b>.vexcards” already exists. Do you want to replace it?"));
+    press(Qt::Key_Escape);
+    ASSERT_TRUE(eventually([this] { return suggestedPaths.size() == 2; })) << "the panel comes back";
+    EXPECT_EQ(suggestedPaths.last(), pathOf(QStringLiteral("<b>.vexcards")));
+    EXPECT_EQ(QFileInfo(other).size(), 3);
+    nextAlert();
+    answer(QStringLiteral("Replace"));
+    EXPECT_TRUE(eventually([&other] { return QFileInfo(other.fileName()).size() > 3; }));
+    EXPECT_EQ(window()->windowTitle(), QStringLiteral("<b>[*]"));
+}
+
+TEST_F(DocumentWindowTest, QuitGoesThroughAllDocuments)
+{
+    makeSavedDocument({QStringLiteral("A")});
+    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(isClosed());
+}
+
+TEST_F(DocumentWindowTest, WindowsDoNotHideOneAnother)
+{
+    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    const QPoint first = window()->pos();
+    openDocument(sample + QStringLiteral("records-none.vexcards"));
+    EXPECT_NE(window()->pos(), first);
+    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    EXPECT_EQ(application.documentController().documents().size(), 2) << "an open file is only raised";
+}

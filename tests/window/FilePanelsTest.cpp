@@ -1,0 +1,55 @@
+#include "window/FilePanels.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFileDialog>
+#include <QSettings>
+#include <QTemporaryDir>
+
+TEST(FilePanels, SuffixIsAddedOnce)
+{
+    const struct
+    {
+        const char *chosen;
+        const char *path;
+    } cases[] = {
+        {"/a/Friends", "/a/Friends.vexcards"},          {"/a/Friends.vexcards", "/a/Friends.vexcards"},
+        {"/a/Friends.VEXCARDS", "/a/Friends.VEXCARDS"}, {"/a/Friends.v2", "/a/Friends.v2.vexcards"},
+        {"/a/vexcards", "/a/vexcards.vexcards"},        {"/a.vexcards/b", "/a.vexcards/b.vexcards"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(withDocumentSuffix(QString::fromLatin1(c.chosen)).toStdString(), c.path);
+}
+
+TEST(FilePanels, LeaveNoTraceOfWhatTheyShowed)
+{
+    const QTemporaryDir home;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
+    {
+        QFileDialog careless;
+        careless.setDirectory(home.path());
+    }
+    EXPECT_FALSE(QDir(home.path()).isEmpty()) << "the danger is gone, and so may the rule be";
+    QDir(home.path()).removeRecursively();
+    ASSERT_TRUE(QDir().mkpath(home.path()));
+
+    keepNoPanelHistory();
+    QFileDialog *save = newSavePanel(home.filePath(QStringLiteral("Untitled.vexcards")), nullptr);
+    save->open();
+    QMetaObject::invokeMethod(save, "accept");
+    delete save;
+    delete newOpenPanel(nullptr);
+    QSettings settings(QStringLiteral("QtProject"));
+    EXPECT_TRUE(settings.allKeys().isEmpty());
+    EXPECT_TRUE(QDir(home.path()).isEmpty());
+}
+
+TEST(FilePanels, SavePanelSuggestsTheNameAndLeavesTheQuestionToUs)
+{
+    const QTemporaryDir folder;
+    QFileDialog *panel = newSavePanel(folder.filePath(QStringLiteral("Untitled.vexcards")), nullptr);
+    EXPECT_EQ(panel->selectedFiles(), QStringList(folder.filePath(QStringLiteral("Untitled.vexcards"))));
+    EXPECT_TRUE(panel->testOption(QFileDialog::DontConfirmOverwrite));
+    delete panel;
+}

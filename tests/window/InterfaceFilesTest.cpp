@@ -1,0 +1,248 @@
+#include "core/RecordModel.h"
+#include "window/Binding.h"
+#include "window/InterfaceProperties.h"
+#include "window/SymbolIcon.h"
+#include "window/WindowTest.h"
+
+#include <QDir>
+#include <QXmlStreamReader>
+
+namespace
+{
+
+// A control or item of an interface file with its dynamic properties.
+struct Element
+{
+    QString name;
+    QString className;
+    QMap<QString, QString> properties;
+    QStringList translated; // names of the properties that a translator gets to see
+};
+
+struct InterfaceFile
+{
+    QString name;
+    QList<Element> elements;
+
+    bool has(const QString &elementName) const
+    {
+        return std::any_of(elements.begin(), elements.end(),
+                           [&](const Element &element) { return element.name == elementName; });
+    }
+};
+
+QString attribute(const QXmlStreamReader &xml, const char *name)
+{
+    return xml.attributes().value(QLatin1String(name)).toString();
+}
+
+void readProperty(QXmlStreamReader &xml, Element &element)
+{
+    const QString name = attribute(xml, "name");
+    const bool isDynamic = attribute(xml, "stdset") == u"0";
+    if (!xml.readNextStartElement())
+        return;
+    const bool isTranslated = xml.name() == u"string" && attribute(xml, "notr") != u"true";
+    const QString value = xml.readElementText(QXmlStreamReader::IncludeChildElements);
+    if (isDynamic || name == u"buddy" || name == u"symbol")
+        element.properties.insert(name, value);
+    if (isDynamic && isTranslated)
+        element.translated.append(name);
+}
+
+InterfaceFile readInterfaceFile(const QString &path)
+{
+    InterfaceFile result{QFileInfo(path).fileName(), {}};
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    QXmlStreamReader xml(&file);
+    std::vector<int> open; // of the elements around, -1 for those that are no control
+    while (!xml.atEnd()) {
+        const auto token = xml.readNext();
+        if (token == QXmlStreamReader::EndElement)
+            open.pop_back();
+        if (token != QXmlStreamReader::StartElement)
+            continue;
+        if (xml.name() == u"property" && !open.empty()) {
+            Element ignored;
+            readProperty(xml, open.back() < 0 ? ignored : result.elements[open.back()]);
+            xml.skipCurrentElement();
+            continue;
+        }
+        const bool isElement = xml.name() == u"widget" || xml.name() == u"action";
+        open.push_back(isElement ? int(result.elements.size()) : -1);
+        if (isElement)
+            result.elements.append(Element{attribute(xml, "name"), attribute(xml, "class"), {}, {}});
+    }
+    EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
+    return result;
+}
+
+QList<InterfaceFile> interfaceFiles()
+{
+    QList<InterfaceFile> files;
+    const QDir folder(QStringLiteral(VEXAREL_SOURCE_DIR "/resources"));
+    for (const QString &name : folder.entryList({QStringLiteral("*.ui")}))
+        files.append(readInterfaceFile(folder.filePath(name)));
+    return files;
+}
+
+const QStringList keyPathProperties = {QStringLiteral("bindValue"),     QStringLiteral("bindVisible"),
+                                       QStringLiteral("bindEnabled"),   QStringLiteral("bindContent"),
+                                       QStringLiteral("bindShowsText"), QStringLiteral("bindSelectedObject")};
+
+} // namespace
+
+class InterfaceFilesTest : public WindowTest
+{
+protected:
+    void forEachElement(const std::function<void(const InterfaceFile &, const Element &)> &check) const
+    {
+        const auto files = interfaceFiles();
+        EXPECT_GE(files.size(), 2);
+        for (const InterfaceFile &file : files) {
+            for (const Element &element : file.elements) {
+                SCOPED_TRACE(QStringLiteral("%1: %2").arg(file.name, element.name).toStdString());
+                check(file, element);
+            }
+        }
+    }
+};
+
+TEST_F(InterfaceFilesTest, KeyPathsLeadSomewhere)
+{
+    int checked = 0;
+    forEachElement([&checked](const InterfaceFile &, const Element &element) {
+        for (const QString &property : keyPathProperties) {
+            if (!element.properties.contains(property))
+                continue;
+            for (const QString &path : BindingExpression::keyPaths(element.properties[property])) {
+                EXPECT_TRUE(KeyPath::resolves(MyDocument::staticMetaObject, path)) << path.toStdString();
+                ++checked;
+            }
+        }
+    });
+    EXPECT_GT(checked, 80);
+}
+
+TEST_F(InterfaceFilesTest, ActionsHaveAResponder)
+{
+    makeNewDocument();
+    TextCommands textCommands(window());
+    const QList<QObject *> chain = QList<QObject *>{&textCommands, controller()} + document()->responders() +
+                                   QList<QObject *>{&application};
+    int checked = 0;
+    forEachElement([&](const InterfaceFile &, const Element &element) {
+        const QString action = element.properties.value(QStringLiteral("action"));
+        checked += action.isEmpty() ? 0 : 1;
+        EXPECT_TRUE(action.isEmpty() || Foundation::responderForAction(chain, action))
+            << action.toStdString();
+        const bool isMenuItem = element.className.isEmpty();
+        EXPECT_FALSE(isMenuItem && action.isEmpty()) << "an item that does nothing";
+    });
+    EXPECT_GT(checked, 20);
+}
+
+TEST_F(InterfaceFilesTest, NamesLeadSomewhere)
+{
+    const QStringList known = keyPathProperties + QStringList{QStringLiteral("transformer"),
+                                                              QStringLiteral("visibleTransformer"),
+                                                              QStringLiteral("enabledTransformer"),
+                                                              QStringLiteral("bindFormat"),
+                                                              QStringLiteral("action"),
+                                                              QStringLiteral("actionSender"),
+                                                              QStringLiteral("tag"),
+                                                              QStringLiteral("symbol"),
+                                                              QStringLiteral("fontScale"),
+                                                              QStringLiteral("buddy")};
+    auto &transformers = Foundation::ValueTransformerRegistry::shared();
+    forEachElement([&](const InterfaceFile &file, const Element &element) {
+        for (auto it = element.properties.begin(); it != element.properties.end(); ++it) {
+            SCOPED_TRACE(QStringLiteral("%1 = %2").arg(it.key(), it.value()).toStdString());
+            EXPECT_TRUE(known.contains(it.key())) << "nobody reads this property";
+            const bool isTransformer = it.key().endsWith(u"ransformer");
+            EXPECT_TRUE(!isTransformer || transformers.valueTransformerForName(it.value()));
+            const bool isControl = it.key() == u"actionSender" || it.key() == u"buddy";
+            EXPECT_TRUE(!isControl || file.has(it.value()));
+            EXPECT_FALSE(it.key() == u"symbol" && symbolIcon(it.value()).pixmap(16).isNull());
+        }
+        // A translated key path would lead elsewhere in another language.
+        for (const QString &name : element.translated)
+            EXPECT_EQ(name, QStringLiteral("bindFormat"));
+    });
+}
+
+TEST_F(InterfaceFilesTest, TagsAreThoseThatAreAskedFor)
+{
+    QStringList redrawsName;
+    forEachElement([&redrawsName](const InterfaceFile &, const Element &element) {
+        const QString tag = element.properties.value(QStringLiteral("tag"));
+        if (tag.isEmpty())
+            return;
+        if (element.className == u"QLineEdit") {
+            EXPECT_EQ(tag, QStringLiteral("1"));
+            redrawsName.append(element.name);
+        } else {
+            EXPECT_TRUE(tag == u"1000" || tag == u"1001");
+            EXPECT_EQ(element.properties.value(QStringLiteral("action")),
+                      QStringLiteral("confirmMandatoryPasswordSheet"));
+        }
+    });
+    redrawsName.sort();
+    EXPECT_EQ(redrawsName, QStringList({QStringLiteral("company"), QStringLiteral("firstName"),
+                                        QStringLiteral("lastName")}));
+}
+
+TEST_F(InterfaceFilesTest, EveryTextOfAContactIsShownAndCanBeEdited)
+{
+    QSet<QString> edited;
+    QSet<QString> read;
+    forEachElement([&](const InterfaceFile &, const Element &element) {
+        const QString path = element.properties.value(QStringLiteral("bindValue"));
+        if (!path.startsWith(u"myArrayController.selection."))
+            return;
+        (element.className == u"FieldText" ? read : edited).insert(path.section(u'.', -1));
+    });
+    for (const Foundation::Key &key : contactTextKeys()) {
+        SCOPED_TRACE(key.name().toStdString());
+        EXPECT_TRUE(edited.contains(key.name()));
+        // The head of the card works these three out.
+        const bool isInHead =
+            key == RecordKey::firstName || key == RecordKey::lastName || key == RecordKey::company;
+        EXPECT_NE(read.contains(key.name()), isInHead);
+    }
+}
+
+TEST(KeyPathResolution, FindsWhatIsThereAndNothingElse)
+{
+    const struct
+    {
+        const char *rule;
+        const char *path;
+        bool resolves;
+    } cases[] = {
+        {"a property", "isEncrypted", true},
+        {"of a base class", "displayName", true},
+        {"through an object", "myArrayController.hasSelection", true},
+        {"a record key", "myArrayController.selection.phoneWork", true},
+        {"a key that only some records have", "myArrayController.selection.isCompany", true},
+        {"a key of the record's category", "myArrayController.selection.categoryPtr.cat_category", true},
+        {"a category key", "myCategoryArrayController.arrangedObjects.cat_category", true},
+        {"a caption", "myLabelDictionary.pager", true},
+        {"a flag beside the captions", "myLabelDictionary.open07", true},
+        {"no such property", "isEncripted", false},
+        {"no such record key", "myArrayController.selection.phoneHome", false},
+        {"a category key in a record", "myArrayController.selection.cat_category", false},
+        {"a record key in a category", "myCategoryArrayController.selection.phoneWork", false},
+        {"no such caption", "myLabelDictionary.fax", false},
+        {"past a plain value", "isEncrypted.more", false},
+        {"an object is no value", "myArrayController", false},
+        {"a selection is none either", "myArrayController.selection", false},
+        {"nothing", "", false},
+        {"half a path", "myArrayController.", false},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        EXPECT_EQ(KeyPath::resolves(MyDocument::staticMetaObject, QString::fromLatin1(c.path)), c.resolves);
+    }
+}

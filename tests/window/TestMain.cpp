@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QStandardPaths>
+
+namespace
+{
+
+// What the toolkit complains about is a fault of ours, except for what drawing into memory cannot do.
+void failOnWarning(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type != QtDebugMsg && !message.startsWith(QStringLiteral("This plugin does not support")))
+        ADD_FAILURE() << message.toStdString();
+}
+
+} // namespace
+
+// Without a screen: windows are drawn into memory.
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QStandardPaths::setTestModeEnabled(true);
+    QApplication application(argc, argv);
+    qInstallMessageHandler(failOnWarning);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

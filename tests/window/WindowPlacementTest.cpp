@@ -1,0 +1,73 @@
+#include "window/WindowPlacement.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using Foundation::Rect;
+
+namespace
+{
+const QRect primary(0, 0, 1600, 1000);
+constexpr double infinity = std::numeric_limits<double>::infinity();
+} // namespace
+
+TEST(WindowPlacement, CountsFromTheLowerLeftCorner)
+{
+    const QRect onScreen(100, 50, 900, 600);
+    const Rect frame{100, 350, 900, 600};
+    EXPECT_EQ(frameOfScreenRect(onScreen, primary), frame);
+    EXPECT_EQ(screenRectOfFrame(frame, primary), onScreen);
+    // A primary screen that is not at the origin.
+    EXPECT_EQ(frameOfScreenRect(onScreen.translated(1920, 80), primary.translated(1920, 80)), frame);
+}
+
+TEST(WindowPlacement, ShrinkingWithTheTopEdgeKeptLeavesTheUpperLeftCorner)
+{
+    const Rect frame{100, 350, 900, 600};
+    const Rect shrunk{frame.x, frame.y + frame.height - 340, 560, 340};
+    EXPECT_EQ(screenRectOfFrame(shrunk, primary), QRect(100, 50, 560, 340));
+}
+
+TEST(WindowPlacement, NumbersOfDamagedFilesStayNumbers)
+{
+    const Rect frames[] = {{std::nan(""), std::nan(""), std::nan(""), std::nan("")},
+                           {infinity, -infinity, 1e308, -1e308},
+                           {9e18, -9e18, 9e18, 9e18}};
+    for (const Rect &frame : frames) {
+        const QRect rect =
+            reachableRect(screenRectOfFrame(frame, primary), {560, 340}, {980, 640}, 28, {primary});
+        EXPECT_TRUE(primary.contains(rect))
+            << rect.x() << ' ' << rect.y() << ' ' << rect.width() << ' ' << rect.height();
+    }
+}
+
+TEST(WindowPlacement, WindowsStayInReach)
+{
+    const QRect left(0, 30, 1600, 970);
+    const QRect right(1600, 0, 1280, 1024);
+    const QSize minimum(560, 340);
+    const QSize usual(980, 640);
+    constexpr int TitleBar = 28;
+    const struct
+    {
+        const char *rule;
+        QRect wanted;
+        QRect shown;
+    } cases[] = {
+        {"a good one is left alone", {100, 50, 900, 600}, {100, 50, 900, 600}},
+        {"also on another screen", {1700, 10, 900, 600}, {1700, 10, 900, 600}},
+        {"partly off, but the title bar can be reached", {1400, 700, 900, 600}, {1400, 700, 900, 600}},
+        {"0 by 0 of a file made without a window", {0, 1000, 0, 0}, {0, 332, 980, 640}},
+        {"too small", {100, 50, 10, 10}, {100, 50, 560, 340}},
+        {"too large", {100, 50, 9000, 9000}, {0, 30, 1600, 942}},
+        {"far to the right", {5000, 50, 900, 600}, {700, 50, 900, 600}},
+        {"far to the left", {-5000, 50, 900, 600}, {0, 50, 900, 600}},
+        {"above: the title bar under the panel", {100, 10, 900, 600}, {100, 30, 900, 600}},
+        {"below", {100, 990, 900, 600}, {100, 372, 900, 600}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        EXPECT_EQ(reachableRect(c.wanted, minimum, usual, TitleBar, {left, right}), c.shown);
+    }
+}

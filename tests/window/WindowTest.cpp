@@ -1,0 +1,138 @@
+#include "window/WindowTest.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+
+const QString WindowTest::password = QStringLiteral("correct horse");
+
+bool WindowTest::eventually(const std::function<bool()> &condition)
+{
+    return QTest::qWaitFor(condition, 10000);
+}
+
+void WindowTest::runEvents()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+MyDocument *WindowTest::document() const
+{
+    const auto &documents = const_cast<Application &>(application).documentController().documents();
+    return documents.isEmpty() ? nullptr : static_cast<MyDocument *>(documents.last());
+}
+
+QStringList WindowTest::nextAlert() const
+{
+    QStringList texts;
+    eventually([this] { return qobject_cast<AlertDialog *>(sheet()) != nullptr; });
+    if (sheet()) {
+        for (const QLabel *label : sheet()->findChildren<QLabel *>()) {
+            if (!label->text().isEmpty())
+                texts.append(label->text());
+        }
+    }
+    return texts;
+}
+
+bool WindowTest::sheetComes(const QString &name) const
+{
+    return eventually([&] { return sheet() && sheet()->objectName() == name && sheet()->isActiveWindow(); });
+}
+
+bool WindowTest::windowIsActive() const
+{
+    return eventually([this] {
+        if (!window() || sheet())
+            return false;
+        // What a window manager does when a dialog goes.
+        window()->activateWindow();
+        return window()->isActiveWindow();
+    });
+}
+
+void WindowTest::press(int key, Qt::KeyboardModifiers modifiers) const
+{
+    QWidget *owner = sheet() ? static_cast<QWidget *>(sheet()) : window();
+    QTest::keyClick(owner->windowHandle(), Qt::Key(key), modifiers);
+    runEvents();
+}
+
+void WindowTest::type(const QString &text) const
+{
+    ASSERT_TRUE(QGuiApplication::focusObject());
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QCoreApplication::sendEvent(QGuiApplication::focusObject(), &event);
+    runEvents();
+}
+
+void WindowTest::answer(const QString &title) const
+{
+    ASSERT_TRUE(sheet());
+    for (QPushButton *button : sheet()->findChildren<QPushButton *>()) {
+        if (titleWithoutMnemonic(button->text()) == title) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            runEvents();
+            return;
+        }
+    }
+    FAIL() << "no button " << title.toStdString();
+}
+
+void WindowTest::makeNewDocument()
+{
+    application.documentController().newDocument();
+    ASSERT_TRUE(sheetComes(VLCryptoDoc::MandatoryPasswordSheet));
+}
+
+void WindowTest::enterFirstPasswords(const QString &first, const QString &second) const
+{
+    ASSERT_TRUE(sheetComes(VLCryptoDoc::MandatoryPasswordSheet));
+    for (const QString &text : {first, second}) {
+        press(Qt::Key_A, Qt::ControlModifier);
+        type(text);
+        press(Qt::Key_Tab);
+    }
+    press(Qt::Key_Return);
+}
+
+void WindowTest::makeProtectedDocument()
+{
+    makeNewDocument();
+    enterFirstPasswords(password, password);
+    ASSERT_EQ(nextAlert().value(0), QStringLiteral("Password accepted"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(windowIsActive());
+}
+
+void WindowTest::chooseNextPath(const QString &path)
+{
+    controller()->savePanel().setPathChooser([this, path](const QString &suggested, const auto &chosen) {
+        suggestedPaths.append(suggested);
+        chosen(path);
+    });
+}
+
+void WindowTest::openDocument(const QString &path)
+{
+    ASSERT_TRUE(application.documentController().openDocument(path));
+    ASSERT_TRUE(windowIsActive());
+}
+
+void WindowTest::unlock(const QString &text)
+{
+    type(text);
+    press(Qt::Key_Return);
+}
+
+void WindowTest::enterField(const char *name, const QString &text) const
+{
+    auto *field = control<QLineEdit>(name);
+    field->setFocus();
+    field->selectAll();
+    type(text);
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "window/Application.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTemporaryDir>
+
+// A running application that a test uses as a person would: by keys and buttons, looking at what the windows
+// show.
+class WindowTest : public testing::Test
+{
+protected:
+    static const QString password;
+
+    // Lets events run until the condition holds; false if it never does.
+    static bool eventually(const std::function<bool()> &condition);
+    static void runEvents();
+
+    MyDocument *document() const;
+    DocumentWindowController *controller() const { return application.windowOf(document()); }
+    DocumentMainWindow *window() const { return controller() ? controller()->mainWindow() : nullptr; }
+    // What stands on the window, null without a sheet.
+    QDialog *sheet() const { return qobject_cast<QDialog *>(QApplication::activeModalWidget()); }
+    // Of the sheet, and without one of the window.
+    template <class Control>
+    Control *control(const char *name) const
+    {
+        QWidget *owner = sheet() ? static_cast<QWidget *>(sheet()) : window();
+        return owner->findChild<Control *>(QString::fromLatin1(name));
+    }
+    // The texts of the alert that comes next, message first. Empty if none comes.
+    QStringList nextAlert() const;
+    bool sheetComes(const QString &name) const;
+    // Waits for the window to be without a sheet and active.
+    bool windowIsActive() const;
+
+    void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
+    // Into what has the focus.
+    void type(const QString &text) const;
+    // Presses the button of the sheet and lets it go.
+    void answer(const QString &button) const;
+
+    // A new document whose password sheet has come.
+    void makeNewDocument();
+    void enterFirstPasswords(const QString &first, const QString &second) const;
+    // A new document that has taken its password.
+    void makeProtectedDocument();
+    QString pathOf(const QString &name) const { return folder.filePath(name); }
+    // The next save goes to that path without a panel.
+    void chooseNextPath(const QString &path);
+    void openDocument(const QString &path);
+    void unlock(const QString &text);
+    // Both the text of a field of the form.
+    QString field(const char *name) const { return control<QLineEdit>(name)->text(); }
+    void enterField(const char *name, const QString &text) const;
+
+    QTemporaryDir folder;
+    Application application;
+    QStringList suggestedPaths;
+};

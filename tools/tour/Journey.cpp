@@ -1,0 +1,286 @@
+#include "Journey.h"
+
+#include "browse/RecordName.h"
+#include "helpers/VLColorUtilOSX.h"
+#include "window/RecordTable.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTextStream>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace
+{
+
+const QString password = QStringLiteral("correct horse");
+
+QToolButton *toolButton(const DocumentMainWindow *window, const QString &title)
+{
+    for (QToolButton *button : window->findChildren<QToolButton *>()) {
+        if (button->text() == title)
+            return button;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+void Journey::makeDocument()
+{
+    giveFirstPassword();
+    addContacts();
+    chooseCategories();
+    readContacts();
+    saveAndQuit();
+}
+
+void Journey::openDocument()
+{
+    unlock();
+    checkContent();
+    deleteAndUndo();
+    editSeveral();
+    closeWithQuestion();
+}
+
+void Journey::enterPasswords(const QString &first, const QString &second)
+{
+    m_stage.await(QStringLiteral("the sheet for the first password comes"), [this] {
+        const auto *field = m_stage.control<QLineEdit>(QStringLiteral("password"));
+        return field && field->window()->isActiveWindow();
+    });
+    for (const QString &text : {first, second}) {
+        m_stage.press(Qt::Key_A, Qt::ControlModifier);
+        m_stage.type(text);
+        m_stage.press(Qt::Key_Tab);
+    }
+}
+
+void Journey::giveFirstPassword()
+{
+    m_stage.step(QStringLiteral("A new document asks for a master password"));
+    enterPasswords(QStringLiteral("correct horse"), QStringLiteral("correct house"));
+    m_stage.takePicture(QStringLiteral("new-document"));
+    m_stage.press(Qt::Key_Return);
+    m_stage.answerAlert(QStringLiteral("Password inserted in the two fields doesn't match"),
+                        QStringLiteral("Retry"), QStringLiteral("passwords-differ"));
+    enterPasswords(QStringLiteral("short"), QStringLiteral("short"));
+    m_stage.takePicture(QStringLiteral("retry"));
+    m_stage.press(Qt::Key_Return);
+    m_stage.answerAlert(QStringLiteral("Password too short"), QStringLiteral("Retry"),
+                        QStringLiteral("password-too-short"));
+    enterPasswords(password, password);
+    m_stage.press(Qt::Key_Return);
+    m_stage.answerAlert(QStringLiteral("Password accepted"), QStringLiteral("OK"),
+                        QStringLiteral("password-accepted"));
+    m_stage.expect(m_stage.document()->plainPassword() == password, QStringLiteral("the password is taken"));
+    m_stage.takePicture(QStringLiteral("empty-document"));
+}
+
+// The fields in the order of the Tab key.
+void Journey::addContact(const QStringList &fields)
+{
+    m_stage.await(QStringLiteral("the form is ready for typing"), [] {
+        const auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        return field && field->objectName() == u"firstName" && field->hasSelectedText();
+    });
+    for (const QString &text : fields) {
+        if (!text.isNull()) {
+            if (auto *line = qobject_cast<QLineEdit *>(QApplication::focusWidget()))
+                line->selectAll();
+            m_stage.type(text);
+        }
+        m_stage.press(Qt::Key_Tab);
+    }
+}
+
+void Journey::addContacts()
+{
+    m_stage.step(QStringLiteral("Three contacts are typed"));
+    const QString skip;
+    m_stage.click(toolButton(m_stage.window(), QStringLiteral("Add")));
+    m_stage.takePicture(QStringLiteral("first-contact-added"));
+    addContact({QStringLiteral("Zoë"), QStringLiteral("Åström"), QStringLiteral("Fjord Ceramics"), skip, skip,
+                QStringLiteral("+47 22 90 11 40"), skip, skip, QStringLiteral("zoe@fjordceramics.example"),
+                QStringLiteral("fjordceramics.example"), QStringLiteral("Havnegata 12"), skip,
+                QStringLiteral("+47 900 12 345"), skip, QStringLiteral("zoe.a@post.example"), skip, skip,
+                QStringLiteral("Birthday 4 May. Prefers letters; bring the blue glaze samples in autumn.")});
+    m_stage.press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    addContact({QStringLiteral("Борис"), QStringLiteral("Кант"), skip, skip, skip, skip, skip, skip, skip,
+                skip, skip, QStringLiteral("+7 495 000 00 00")});
+    m_stage.press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    addContact(
+        {QStringLiteral("Anna"), QStringLiteral("Quell"), QStringLiteral("Anders & Sons <b>Joinery</b>")});
+    auto *isCompany = m_stage.control<QWidget>(QStringLiteral("isCompany"));
+    isCompany->setFocus();
+    m_stage.press(Qt::Key_Space);
+    m_stage.expect(namesInList() == QStringList({QStringLiteral("Zoë Åström"), QStringLiteral("Борис Кант"),
+                                                 QStringLiteral("Anders & Sons <b>Joinery</b>")}),
+                   QStringLiteral("the list shows the three names"));
+    m_stage.takePicture(QStringLiteral("three-contacts"));
+}
+
+// There are no commands for categories yet: those of the document are made behind the scenes, and the contact
+// is put into one by the pop-up.
+void Journey::chooseCategories()
+{
+    m_stage.step(QStringLiteral("A contact gets a category"));
+    const struct
+    {
+        QString name;
+        Foundation::Color color;
+    } categories[] = {{QStringLiteral("Family"), {0.753, 0.224, 0.169}},
+                      {QStringLiteral("Work"), {0.18, 0.525, 0.671}}};
+    for (const auto &category : categories) {
+        const auto made = m_stage.document()->myCategoryArrayController()->addWithName(category.name);
+        made->setValue(CategoryKey::cat_backColor, VLColorUtilOSX::dictFromNSColor(category.color));
+    }
+    selectRow(0);
+    auto *popUp = m_stage.control<QComboBox>(QStringLiteral("category"));
+    popUp->setFocus();
+    m_stage.press(Qt::Key_Down);
+    m_stage.expect(popUp->currentText() == u"Family", QStringLiteral("the pop-up shows the category"));
+    selectRow(1);
+    popUp->setFocus();
+    m_stage.press(Qt::Key_End);
+    m_stage.takePicture(QStringLiteral("categories"));
+}
+
+void Journey::readContacts()
+{
+    m_stage.step(QStringLiteral("The contacts are read"));
+    for (int row = 0; row < 3; ++row) {
+        selectRow(row);
+        if (row == 0)
+            m_stage.press(Qt::Key_F2);
+        m_stage.expect(m_stage.document()->selectedView() == MyDocument::ViewMode,
+                       QStringLiteral("the detail is in view mode"));
+        m_stage.takePicture(QStringLiteral("contact-%1").arg(row + 1));
+    }
+}
+
+void Journey::saveAndQuit()
+{
+    m_stage.step(QStringLiteral("The document is saved"));
+    m_stage.press(Qt::Key_S, Qt::ControlModifier);
+    if (!m_stage.await(QStringLiteral("the save panel comes"), [this] {
+            return qobject_cast<QFileDialog *>(m_stage.sheet()) && m_stage.sheet()->isActiveWindow();
+        }))
+        return;
+    m_stage.press(Qt::Key_A, Qt::ControlModifier);
+    m_stage.type(QFileInfo(m_file).path() + u'/' + QFileInfo(m_file).completeBaseName());
+    m_stage.takePicture(QStringLiteral("save-panel"));
+    m_stage.press(Qt::Key_Return);
+    m_stage.await(QStringLiteral("the file is written, with the suffix of documents"),
+                  [this] { return QFileInfo::exists(m_file) && !m_stage.document()->isDocumentEdited(); });
+    m_stage.takePicture(QStringLiteral("saved"));
+    m_stage.step(QStringLiteral("The application quits"));
+    m_stage.press(Qt::Key_Q, Qt::ControlModifier);
+}
+
+void Journey::unlock()
+{
+    m_stage.step(QStringLiteral("The document is opened again: it is locked"));
+    m_stage.await(QStringLiteral("the locked window comes"),
+                  [this] { return m_stage.window() && m_stage.window()->isActiveWindow(); });
+    m_stage.takePicture(QStringLiteral("locked"));
+    m_stage.type(QStringLiteral("wrong horse"));
+    m_stage.press(Qt::Key_Return);
+    m_stage.answerAlert(QStringLiteral("Wrong Password"), QStringLiteral("OK"),
+                        QStringLiteral("wrong-password"));
+    m_stage.expect(m_stage.document()->isEncrypted(), QStringLiteral("the document stays locked"));
+    m_stage.await(QStringLiteral("the password field is ready for another try"), [] {
+        const auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        return field && field->objectName() == u"passwordToDecryptField";
+    });
+    m_stage.type(password);
+    m_stage.click(m_stage.control<QPushButton>(QStringLiteral("openButton")));
+    m_stage.await(QStringLiteral("the document opens"), [this] { return m_stage.document()->isDecrypted(); });
+}
+
+void Journey::checkContent()
+{
+    m_stage.step(QStringLiteral("Everything is back"));
+    m_stage.expect(namesInList() == QStringList({QStringLiteral("Zoë Åström"), QStringLiteral("Борис Кант"),
+                                                 QStringLiteral("Anders & Sons <b>Joinery</b>")}),
+                   QStringLiteral("the names are back"));
+    const auto &records = m_stage.document()->myArrayController()->arrangedObjects();
+    const auto text = [&records](std::size_t row, QStringView keyPath) {
+        return row < records.size() ? records[row]->valueForKeyPath(keyPath).stringValue() : QString();
+    };
+    m_stage.expect(text(0, u"emailWork") == u"zoe@fjordceramics.example",
+                   QStringLiteral("the address is back"));
+    m_stage.expect(text(0, u"categoryPtr.cat_category") == u"Family",
+                   QStringLiteral("the first category is back"));
+    m_stage.expect(text(1, u"categoryPtr.cat_category") == u"Work",
+                   QStringLiteral("the second category is back"));
+    selectRow(0);
+    m_stage.takePicture(QStringLiteral("opened-again"));
+    m_stage.click(toolButton(m_stage.window(), QStringLiteral("Edit")));
+    m_stage.expect(m_stage.document()->selectedView() == MyDocument::EditMode,
+                   QStringLiteral("the detail is in edit mode"));
+    m_stage.takePicture(QStringLiteral("edit-mode"));
+}
+
+void Journey::deleteAndUndo()
+{
+    m_stage.step(QStringLiteral("A contact is deleted and brought back"));
+    selectRow(1);
+    m_stage.press(Qt::Key_Delete);
+    m_stage.answerAlert(QStringLiteral("Delete the selected contact"), QStringLiteral("Delete Contact"),
+                        QStringLiteral("delete-question"));
+    m_stage.await(QStringLiteral("the contact is gone"), [this] { return namesInList().size() == 2; });
+    m_stage.press(Qt::Key_Z, Qt::ControlModifier);
+    m_stage.await(QStringLiteral("the contact is back"),
+                  [this] { return namesInList().contains(QStringLiteral("Борис Кант")); });
+    m_stage.takePicture(QStringLiteral("delete-undone"));
+}
+
+void Journey::editSeveral()
+{
+    m_stage.step(QStringLiteral("Several contacts are edited at once"));
+    m_stage.control<QWidget>(QStringLiteral("myTableView"))->setFocus();
+    m_stage.press(Qt::Key_A, Qt::ControlModifier);
+    auto *fax = m_stage.control<QLineEdit>(QStringLiteral("faxWork"));
+    fax->setFocus();
+    m_stage.type(QStringLiteral("+47 22 00 00 00"));
+    for (const auto &record : m_stage.document()->myArrayController()->arrangedObjects())
+        m_stage.expect(record->value(RecordKey::faxWork).stringValue() == u"+47 22 00 00 00",
+                       QStringLiteral("every selected contact has the number"));
+    m_stage.takePicture(QStringLiteral("several-selected"));
+    m_stage.press(Qt::Key_F2);
+    m_stage.expect(m_stage.document()->selectedView() == MyDocument::ViewMode,
+                   QStringLiteral("the detail is in view mode again"));
+    m_stage.takePicture(QStringLiteral("several-selected-view"));
+}
+
+void Journey::closeWithQuestion()
+{
+    m_stage.step(QStringLiteral("The edited document is closed"));
+    m_stage.press(Qt::Key_W, Qt::ControlModifier);
+    const QString name = QFileInfo(m_file).fileName();
+    m_stage.answerAlert(QStringLiteral("Do you want to save the changes to the document “%1”?").arg(name),
+                        QStringLiteral("Discard"), QStringLiteral("save-question"));
+}
+
+QStringList Journey::namesInList() const
+{
+    QStringList names;
+    for (const auto &record : m_stage.document()->myArrayController()->arrangedObjects())
+        names.append(displayedNameOfRecord(*record));
+    return names;
+}
+
+void Journey::selectRow(int row)
+{
+    auto *table = m_stage.control<RecordTable>(QStringLiteral("myTableView"));
+    table->setFocus();
+    m_stage.press(Qt::Key_Home);
+    for (int i = 0; i < row; ++i)
+        m_stage.press(Qt::Key_Down);
+}
