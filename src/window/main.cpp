@@ -1,25 +1,12 @@
+#include "foundation/ProcessSetup.h"
 #include "window/Application.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 
-#include <sys/resource.h>
-
-namespace
-{
-
-// A core file would hold the password and every record in clear.
-void switchOffCoreFiles()
-{
-    const rlimit none{0, 0};
-    setrlimit(RLIMIT_CORE, &none);
-}
-
-} // namespace
-
 int main(int argc, char **argv)
 {
-    switchOffCoreFiles();
+    Foundation::prepareProcess();
     QApplication qtApplication(argc, argv);
     Application application;
 
