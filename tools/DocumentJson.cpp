@@ -133,6 +133,7 @@ void JsonWriter::appendValue(const Value &value)
     switch (value.type()) {
     case Value::Type::Null:
     case Value::Type::ArchivedNull:
+    case Value::Type::Opaque:
         m_json += "null";
         return;
     case Value::Type::Bool:

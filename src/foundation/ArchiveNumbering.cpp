@@ -47,6 +47,7 @@ ArchiveNumbering::Uid ArchiveNumbering::uidOf(const Value &value)
     switch (value.type()) {
     case Value::Type::Null:
         return 0;
+    case Value::Type::Opaque:
     case Value::Type::ArchivedNull:
         return once(m_nullObject, value);
     case Value::Type::Bool:

@@ -1,24 +1,11 @@
 #include "foundation/ArrayController.h"
 
-#include <QCollator>
-
 #include <algorithm>
+#include <numeric>
 #include <unordered_set>
 
 namespace Foundation
 {
-
-namespace
-{
-
-// Sort keys are made once an object, not once a comparison.
-struct SortKeys
-{
-    ArrayController::Object object;
-    std::vector<std::pair<double, QCollatorSortKey>> keys;
-};
-
-} // namespace
 
 ArrayController::ArrayController(QObject *parent)
     : QObject(parent)
@@ -69,59 +56,50 @@ void ArrayController::setSelectionIndexes(std::vector<std::size_t> indexes)
 
 void ArrayController::setSortDescriptors(std::vector<SortDescriptor> descriptors)
 {
-    m_sortDescriptors = std::move(descriptors);
+    m_sortOrder.setDescriptors(std::move(descriptors));
     rearrangeObjects();
 }
 
-ArrayController::Objects ArrayController::contentObjects() const
+const ArrayController::Objects &ArrayController::contentObjects()
 {
-    Objects objects;
-    objects.reserve(m_content->values.size());
+    // Compared without touching the objects themselves: a list is arranged far more often than it changes.
+    std::size_t matching = 0;
+    bool isSame = true;
+    for (const Value &entry : m_content->values) {
+        if (entry.type() != Value::Type::Dictionary)
+            continue;
+        isSame = matching < m_contentObjects.size() &&
+                 static_cast<const RefCounted *>(m_contentObjects[matching].get()) == entry.sharedObject();
+        if (!isSame)
+            break;
+        ++matching;
+    }
+    if (isSame && matching == m_contentObjects.size())
+        return m_contentObjects;
+    m_contentObjects.clear();
+    m_contentObjects.reserve(m_content->values.size());
     for (const Value &entry : m_content->values) {
         if (Object object = entry.dictionary())
-            objects.push_back(std::move(object));
+            m_contentObjects.push_back(std::move(object));
     }
-    return objects;
+    return m_contentObjects;
 }
 
 ArrayController::Objects ArrayController::arrangeObjects(const Objects &objects)
 {
-    Objects arranged = objects;
-    sort(arranged);
-    return arranged;
+    Positions all(objects.size());
+    std::iota(all.begin(), all.end(), 0U);
+    return sorted(objects, std::move(all));
 }
 
-void ArrayController::sort(Objects &objects) const
+ArrayController::Objects ArrayController::sorted(const Objects &objects, Positions positions)
 {
-    if (m_sortDescriptors.empty())
-        return;
-    QCollator collator;
-    collator.setNumericMode(true);
-    std::vector<SortKeys> rows;
-    rows.reserve(objects.size());
-    for (Object &object : objects) {
-        SortKeys row{std::move(object), {}};
-        for (const SortDescriptor &descriptor : m_sortDescriptors) {
-            const Value value = row.object->valueForKeyPath(descriptor.keyPath);
-            const double number = value.isDate()     ? value.dateValue()
-                                  : value.isNumber() ? value.doubleValue()
-                                                     : 0;
-            row.keys.emplace_back(number, collator.sortKey(value.stringValue()));
-        }
-        rows.push_back(std::move(row));
-    }
-    std::stable_sort(rows.begin(), rows.end(), [this](const SortKeys &a, const SortKeys &b) {
-        for (std::size_t i = 0; i < m_sortDescriptors.size(); ++i) {
-            int order = a.keys[i].second.compare(b.keys[i].second);
-            if (order == 0)
-                order = a.keys[i].first < b.keys[i].first ? -1 : a.keys[i].first > b.keys[i].first ? 1 : 0;
-            if (order != 0)
-                return m_sortDescriptors[i].isAscending == (order < 0);
-        }
-        return false;
-    });
-    std::transform(rows.begin(), rows.end(), objects.begin(),
-                   [](SortKeys &row) { return std::move(row.object); });
+    m_sortOrder.arrange(objects, positions);
+    Objects arranged;
+    arranged.reserve(positions.size());
+    for (const quint32 position : positions)
+        arranged.push_back(objects[position]);
+    return arranged;
 }
 
 void ArrayController::rearrangeObjects()
@@ -132,18 +110,29 @@ void ArrayController::rearrangeObjects()
 void ArrayController::rearrange(const Objects &selected, std::size_t fallbackIndex)
 {
     m_arranged = arrangeObjects(contentObjects());
-    std::unordered_set<const Dictionary *> wanted;
-    for (const Object &object : selected)
-        wanted.insert(object.get());
-    m_selection.clear();
-    for (std::size_t i = 0; i < m_arranged.size() && !wanted.empty(); ++i) {
-        if (wanted.erase(m_arranged[i].get()) > 0)
-            m_selection.push_back(i);
-    }
+    m_selection = positionsOf(selected);
     if (m_selection.empty() && !m_arranged.empty())
         m_selection.push_back(std::min(fallbackIndex, m_arranged.size() - 1));
     Q_EMIT arrangedObjectsChanged();
     Q_EMIT selectionChanged();
+}
+
+std::vector<std::size_t> ArrayController::positionsOf(const Objects &objects) const
+{
+    std::vector<std::size_t> positions;
+    if (objects.size() == 1) { // Nearly always so, and a plain look along the list is fastest.
+        if (const qsizetype index = arrangedIndexOf(objects.front()); index >= 0)
+            positions.push_back(std::size_t(index));
+        return positions;
+    }
+    std::unordered_set<const Dictionary *> wanted;
+    for (const Object &object : objects)
+        wanted.insert(object.get());
+    for (std::size_t i = 0; i < m_arranged.size() && !wanted.empty(); ++i) {
+        if (wanted.erase(m_arranged[i].get()) > 0)
+            positions.push_back(i);
+    }
+    return positions;
 }
 
 ArrayController::Object ArrayController::newObject()

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "foundation/Array.h"
-#include "foundation/Dictionary.h"
+#include "foundation/SortOrder.h"
 
 #include <QObject>
 
@@ -9,14 +9,6 @@
 
 namespace Foundation
 {
-
-// One rule of an order: the values under a key path, texts as the user's language sorts them with numbers in
-// them by size, dates and numbers by value, absent ones first.
-struct SortDescriptor
-{
-    QString keyPath;
-    bool isAscending = true;
-};
 
 // List of dictionaries as a window shows it: the content, which the controller shares with its owner,
 // arranged (filtered and sorted), and the selection in it.
@@ -55,7 +47,7 @@ public:
     // Positions beyond the end are left out.
     void setSelectionIndexes(std::vector<std::size_t> indexes);
 
-    const std::vector<SortDescriptor> &sortDescriptors() const { return m_sortDescriptors; }
+    const std::vector<SortDescriptor> &sortDescriptors() const { return m_sortOrder.descriptors(); }
     void setSortDescriptors(std::vector<SortDescriptor> descriptors);
 
     // The objects to show out of `objects`: here all of them, in the order of the sort descriptors.
@@ -73,6 +65,9 @@ public:
     // Removes the selected objects.
     void removeSelectedObjects();
 
+    // The dictionaries of the content, in its order.
+    const Objects &contentObjects();
+
     // The value under a key path of the selected objects: of all of them if they agree, otherwise nothing
     // with *isMixed set. Null without a selection.
     Value valueForSelection(QStringView keyPath, bool *isMixed = nullptr) const;
@@ -88,16 +83,23 @@ Q_SIGNALS:
     // A value in the object at this arranged position has changed.
     void objectChanged(qsizetype arrangedIndex);
 
+protected:
+    using Positions = SortOrder::Positions;
+
+    // The objects at these ascending places, in the order of the sort descriptors.
+    Objects sorted(const Objects &objects, Positions positions);
+
 private:
-    Objects contentObjects() const;
     // Rearranges and selects what is left of `selected`, or what stands where it stood.
     void rearrange(const Objects &selected, std::size_t fallbackIndex);
-    void sort(Objects &objects) const;
+    // Where these are shown, ascending; those that are not are left out.
+    std::vector<std::size_t> positionsOf(const Objects &objects) const;
 
     Ref<Array> m_content = Array::create();
     Objects m_arranged;
     std::vector<std::size_t> m_selection;
-    std::vector<SortDescriptor> m_sortDescriptors;
+    SortOrder m_sortOrder;
+    Objects m_contentObjects; // brought in step by contentObjects()
 };
 
 } // namespace Foundation

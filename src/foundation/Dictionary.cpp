@@ -13,6 +13,7 @@ Ref<Dictionary> Dictionary::copy() const
     auto copy = create();
     copy->m_entries.reserve(m_entries.size() + 1); // A copy mostly gains an entry.
     copy->m_entries = m_entries;
+    copy->stampChange();
     if (m_index)
         copy->m_index = std::make_unique<Index>(*m_index);
     return copy;
@@ -43,6 +44,7 @@ void Dictionary::setValue(const Key &key, Value value)
     }
     if (index != Absent) {
         m_entries[index].value = std::move(value);
+        stampChange();
         return;
     }
     append(key, std::move(value));
@@ -51,6 +53,7 @@ void Dictionary::setValue(const Key &key, Value value)
 void Dictionary::append(const Key &key, Value &&value)
 {
     m_entries.push_back({key, std::move(value)});
+    stampChange();
     if (m_index)
         m_index->emplace(key, m_entries.size() - 1);
     else if (m_entries.size() > IndexThreshold)
@@ -75,6 +78,7 @@ void Dictionary::remove(std::size_t index)
     // The value may own what is being read elsewhere: it goes only when the dictionary is in order again.
     const Entry removed = std::move(m_entries[index]);
     m_entries.erase(m_entries.begin() + std::ptrdiff_t(index));
+    stampChange();
     if (m_index)
         buildIndex();
 }

@@ -13,6 +13,7 @@ namespace Foundation
 // Mutable dictionary, shared by reference and kept in the order in which its keys were first set: the form of
 // contact records, categories, captions and of the file's root. Reading an absent key gives Null, storing
 // Null removes the key. Nobody is told of a change: edits of shown values go through controllers, which tell.
+// What is derived from a dictionary and kept compares stamps to find out whether it still holds.
 //
 // Entries lie side by side; beyond `IndexThreshold` of them an index keeps look-ups constant.
 class Dictionary : public RefCounted
@@ -45,6 +46,12 @@ public:
     const std::vector<Entry> &entries() const noexcept { return m_entries; }
     void reserve(std::size_t count) { m_entries.reserve(count); }
 
+    // The number of the last change in this dictionary itself, counted over all dictionaries, so that no two
+    // changes bear the same one. 0 if it has never held anything.
+    quint64 changeStamp() const noexcept { return m_changeStamp; }
+    // That of the last change anywhere: as long as it stands, no dictionary has changed.
+    static quint64 lastChangeStamp() noexcept { return s_lastChangeStamp; }
+
 private:
     using Index = std::unordered_map<Key, std::size_t>;
     static constexpr std::size_t Absent = std::size_t(-1);
@@ -52,9 +59,13 @@ private:
     std::size_t indexOf(const Key &key) const noexcept;
     void remove(std::size_t index);
     void buildIndex();
+    void stampChange() noexcept { m_changeStamp = ++s_lastChangeStamp; }
+
+    static inline quint64 s_lastChangeStamp = 0;
 
     std::vector<Entry> m_entries;
     std::unique_ptr<Index> m_index; // only beyond the threshold
+    quint64 m_changeStamp = 0;
 };
 
 } // namespace Foundation

@@ -5,6 +5,13 @@ namespace Foundation
 
 // Sizes and frames in points. The origin of a frame is its lower left corner, and y grows upward: that is how
 // frames stand in document files. The window layer translates.
+struct Point
+{
+    double x = 0;
+    double y = 0;
+    friend bool operator==(const Point &, const Point &) = default;
+};
+
 struct Size
 {
     double width = 0;

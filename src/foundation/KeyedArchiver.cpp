@@ -155,7 +155,8 @@ private:
             return writeDictionary(number, quint64(value.dictionary()->count()));
         case Value::Type::Array:
             return writeArray(number, quint64(value.array()->count()));
-        case Value::Type::Null: // Never numbered: it is UID 0.
+        case Value::Type::Null:   // Never numbered: it is UID 0.
+        case Value::Type::Opaque: // Has no archived form.
         case Value::Type::ArchivedNull:
             m_writer.beginDictionary(number, 1);
             return writeReferences({ClassField, classReferrer(ArchivedClass::Null)});

@@ -34,7 +34,7 @@ Field fieldNamed(QByteArrayView name)
         Field field;
     } fields[] = {{"$class", Field::Class}, {"NS.keys", Field::Keys},     {"NS.objects", Field::Objects},
                   {"NS.time", Field::Time}, {"NS.string", Field::String}, {"NS.bytes", Field::Bytes},
-                  {"NS.data", Field::Data}};
+                  {"NS.data", Field::Data}, {"NSString", Field::String}};
     for (const auto &known : fields) {
         if (known.name == name)
             return known.field;
@@ -54,6 +54,9 @@ ArchivedClass classNamed(QByteArrayView name)
                    {"NSMutableArray", ArchivedClass::Array},
                    {"NSString", ArchivedClass::String},
                    {"NSMutableString", ArchivedClass::String},
+                   // Of a styled text, its characters.
+                   {"NSAttributedString", ArchivedClass::String},
+                   {"NSMutableAttributedString", ArchivedClass::String},
                    {"NSData", ArchivedClass::Data},
                    {"NSMutableData", ArchivedClass::Data},
                    {"NSDate", ArchivedClass::Date},

@@ -49,11 +49,26 @@ public:
     }
 };
 
+class EmptyImage : public ImageObject
+{
+public:
+    bool isEmpty() const override { return true; }
+    QByteArray tiffRepresentation() const override { return {}; }
+};
+
+class NoImageReader : public ImageReader
+{
+public:
+    Ref<ImageObject> imageFromData(const QByteArray &) const override { return nullptr; }
+    Ref<ImageObject> emptyImage() const override { return Ref<ImageObject>(new EmptyImage); }
+};
+
 NoWorkspace noWorkspace;
 LastButtonAnswer lastButtonAnswer;
 EventLoopQueue eventLoopQueue;
 SystemClock systemClock;
 MonospacedMeasurer monospacedMeasurer;
+NoImageReader noImageReader;
 
 } // namespace
 
@@ -69,6 +84,7 @@ Services::Services()
     , m_mainQueue(&eventLoopQueue)
     , m_clock(&systemClock)
     , m_textMeasurer(&monospacedMeasurer)
+    , m_imageReader(&noImageReader)
 {
 }
 
@@ -101,6 +117,11 @@ void Services::setClock(Clock *clock)
 void Services::setTextMeasurer(TextMeasurer *measurer)
 {
     m_textMeasurer = measurer ? measurer : &monospacedMeasurer;
+}
+
+void Services::setImageReader(ImageReader *reader)
+{
+    m_imageReader = reader ? reader : &noImageReader;
 }
 
 } // namespace Foundation

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "foundation/Alert.h"
+#include "foundation/OpaqueObject.h"
 #include "foundation/TextAttributes.h"
 
 #include <QDateTime>
@@ -63,9 +64,19 @@ public:
     virtual double widthOfText(const QString &text, const TextAttributes &attributes) const = 0;
 };
 
+// Reads pictures in whatever form the desktop knows.
+class ImageReader
+{
+public:
+    virtual ~ImageReader() = default;
+    // Null for data that is no picture.
+    virtual Ref<ImageObject> imageFromData(const QByteArray &data) const = 0;
+    virtual Ref<ImageObject> emptyImage() const = 0;
+};
+
 // The services in force. Until something else is installed: nothing opens, alerts are answered with their
-// last button, the main queue is the event loop of the application, the clock is the system's, and every
-// UTF-16 unit of a text is 0.6 of the font size wide, about what a monospaced font takes.
+// last button, no data is a picture, the main queue is the event loop of the application, the clock is the
+// system's, and every UTF-16 unit of a text is 0.6 of the font size wide, about what a monospaced font takes.
 class Services
 {
 public:
@@ -76,6 +87,7 @@ public:
     MainQueue &mainQueue() const { return *m_mainQueue; }
     Clock &clock() const { return *m_clock; }
     TextMeasurer &textMeasurer() const { return *m_textMeasurer; }
+    ImageReader &imageReader() const { return *m_imageReader; }
 
     // Not owned: the caller keeps the service alive. Null brings the built-in one back.
     void setWorkspace(Workspace *workspace);
@@ -83,6 +95,7 @@ public:
     void setMainQueue(MainQueue *queue);
     void setClock(Clock *clock);
     void setTextMeasurer(TextMeasurer *measurer);
+    void setImageReader(ImageReader *reader);
 
 private:
     Services();
@@ -92,6 +105,7 @@ private:
     MainQueue *m_mainQueue;
     Clock *m_clock;
     TextMeasurer *m_textMeasurer;
+    ImageReader *m_imageReader;
 };
 
 } // namespace Foundation

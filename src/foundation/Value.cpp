@@ -2,6 +2,7 @@
 
 #include "foundation/Array.h"
 #include "foundation/Dictionary.h"
+#include "foundation/OpaqueObject.h"
 
 #include <algorithm>
 #include <charconv>
@@ -137,6 +138,13 @@ Value::Value(const Ref<Dictionary> &dictionary)
         setShared(Kind::Dictionary, dictionary.get());
 }
 
+Value::Value(const Ref<OpaqueObject> &object)
+    : Value()
+{
+    if (object)
+        setShared(Kind::Opaque, object.get());
+}
+
 Value Value::archivedNull() noexcept
 {
     Value value;
@@ -203,6 +211,9 @@ void Value::destroyShared() noexcept
     case Kind::Dictionary:
         delete static_cast<const Dictionary *>(shared());
         break;
+    case Kind::Opaque:
+        delete static_cast<const OpaqueObject *>(shared());
+        break;
     default:
         break;
     }
@@ -247,6 +258,13 @@ Ref<Dictionary> Value::dictionary() const noexcept
 {
     return kind() == Kind::Dictionary
                ? Ref<Dictionary>(const_cast<Dictionary *>(static_cast<const Dictionary *>(shared())))
+               : nullptr;
+}
+
+Ref<OpaqueObject> Value::opaque() const noexcept
+{
+    return kind() == Kind::Opaque
+               ? Ref<OpaqueObject>(const_cast<OpaqueObject *>(static_cast<const OpaqueObject *>(shared())))
                : nullptr;
 }
 
@@ -359,6 +377,8 @@ bool operator==(const Value &a, const Value &b) noexcept
     case Value::Kind::Array:
     case Value::Kind::Dictionary:
         return a.shared() == b.shared();
+    case Value::Kind::Opaque:
+        return a.opaque()->isEqual(*b.opaque());
     default:
         break;
     }

@@ -13,6 +13,7 @@ namespace Foundation
 
 class Array;
 class Dictionary;
+class OpaqueObject;
 
 // A text as it is stored: ASCII characters, or UTF-16 units where a text has others. Exactly one pointer is
 // set (`ascii` for an empty text). Points into the value that gave it and lives no longer.
@@ -50,6 +51,7 @@ public:
         Data,
         Array,
         Dictionary,
+        Opaque, // a colour or an image on its way to a control; never in a document
     };
 
     Value() noexcept { setKind(Kind::Null); }
@@ -71,6 +73,7 @@ public:
     Value(const QByteArray &data);
     Value(const Ref<Array> &array);
     Value(const Ref<Dictionary> &dictionary);
+    Value(const Ref<OpaqueObject> &object);
     // Literals would otherwise become booleans.
     Value(const char *) = delete;
     Value(const void *) = delete;
@@ -132,6 +135,7 @@ public:
     QByteArray dataValue() const;
     Ref<Array> array() const noexcept;
     Ref<Dictionary> dictionary() const noexcept;
+    Ref<OpaqueObject> opaque() const noexcept;
     // Empty unless this is a text.
     TextView text() const noexcept;
 
@@ -159,12 +163,13 @@ private:
         Data,
         Array,
         Dictionary,
+        Opaque,
     };
 
-    static constexpr Type typeOfKind[] = {Type::Null,  Type::ArchivedNull, Type::Bool,      Type::Int32,
-                                          Type::Int64, Type::UInt64,       Type::Real32,    Type::Real64,
-                                          Type::Date,  Type::String,       Type::String,    Type::String,
-                                          Type::Data,  Type::Array,        Type::Dictionary};
+    static constexpr Type typeOfKind[] = {Type::Null,  Type::ArchivedNull, Type::Bool,       Type::Int32,
+                                          Type::Int64, Type::UInt64,       Type::Real32,     Type::Real64,
+                                          Type::Date,  Type::String,       Type::String,     Type::String,
+                                          Type::Data,  Type::Array,        Type::Dictionary, Type::Opaque};
     static constexpr qsizetype InlineBytes = 14;
     static constexpr qsizetype SizeIndex = 14;
     static constexpr qsizetype KindIndex = 15;

@@ -15,7 +15,11 @@ namespace Foundation
 class ValueTransformer
 {
 public:
+    enum class ValueClass { Number, String, Color, Image };
+
     virtual ~ValueTransformer() = default;
+    // What transformedValue() gives, or says it gives.
+    virtual ValueClass transformedValueClass() const = 0;
     virtual bool allowsReverseTransformation() const { return false; }
     virtual Value transformedValue(const Value &value) const = 0;
     // Null where there is no way back.

@@ -78,6 +78,8 @@ std::string describe(const Value &value)
         return listed(*value.array());
     case Value::Type::Dictionary:
         return listed(*value.dictionary());
+    case Value::Type::Opaque:
+        return "opaque";
     }
     return "unknown";
 }
