@@ -8,6 +8,7 @@
 class VLDateTagElaborated : public Foundation::ValueTransformer
 {
 public:
+    ValueClass transformedValueClass() const override { return ValueClass::String; }
     // Always a text: empty for Null and for anything that is no text.
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
 };

@@ -1,0 +1,229 @@
+#include "helpers/SynchroScrollView.h"
+#include "helpers/VLHSplitViewDelegate.h"
+#include "helpers/VLVSplitViewDelegate.h"
+
+#include <gtest/gtest.h>
+
+using Foundation::Point;
+using Foundation::Rect;
+
+namespace
+{
+
+constexpr double Divider = 10;
+
+// Panes side by side or stacked; sizes along the axis in one place.
+class ScriptedSplitView : public Foundation::SplitView
+{
+public:
+    ScriptedSplitView(bool isHorizontal, double size, double size0, double size1)
+        : horizontal(isHorizontal)
+        , whole(rect(0, size))
+        , panes{rect(0, size0), rect(size0 + Divider, size1)}
+    {
+    }
+    Rect frame() const override { return whole; }
+    Rect frameOfSubview(int index) const override { return panes[index]; }
+    void setFrameOfSubview(int index, const Rect &frame) override { panes[index] = frame; }
+    bool isSubviewCollapsed(int index) const override { return collapsed[index]; }
+    double dividerThickness() const override { return Divider; }
+    void setPositionOfDivider(double position, int) override { divider = position; }
+    void adjustSubviews() override { ++adjusted; }
+
+    Rect rect(double origin, double size) const
+    {
+        return horizontal ? Rect{origin, 0, size, 70} : Rect{0, origin, 70, size};
+    }
+
+    bool horizontal;
+    Rect whole;
+    Rect panes[2];
+    bool collapsed[2] = {false, false};
+    double divider = 0;
+    int adjusted = 0;
+};
+
+TEST(SplitViewDelegate, SharesTheSizeByItsRule)
+{
+    const struct
+    {
+        const char *rule;
+        qint32 growingRule;
+        int collapsedPane;
+        double size, before0, before1, after0, after1, origin1;
+    } cases[] = {
+        {"half of the growth each", 2, -1, 910, 300, 500, 350, 550, 360},
+        {"what a full pane cannot take goes to the other", 2, -1, 1610, 600, 700, 800, 800, 810},
+        {"too small for both: pane 1 keeps its minimum", 2, -1, 310, 300, 300, 100, 200, 110},
+        {"pane 0 keeps its size", 0, -1, 910, 300, 500, 300, 600, 310},
+        {"unless pane 1 would be too small", 0, -1, 410, 300, 500, 200, 200, 210},
+        {"pane 1 keeps its size", 1, -1, 910, 300, 500, 400, 500, 410},
+        {"any other rule leaves all as it is", 3, -1, 910, 300, 500, 300, 500, 310},
+        {"a collapsed pane 1 leaves all to the other", 2, 1, 910, 300, 500, 900, 500, 310},
+        {"a collapsed pane 0 too, wherever it was", 2, 0, 910, 300, 500, 300, 900, 310},
+    };
+    for (const auto &c : cases) {
+        for (const bool horizontal : {false, true}) {
+            SCOPED_TRACE(std::string(c.rule) + (horizontal ? ", side by side" : ", stacked"));
+            ScriptedSplitView view(horizontal, c.size, c.before0, c.before1);
+            view.panes[0].width += horizontal ? 0 : 5; // The other extent follows the view.
+            if (c.collapsedPane >= 0)
+                view.collapsed[c.collapsedPane] = true;
+            VLHSplitViewDelegate stacked;
+            VLVSplitViewDelegate sideBySide;
+            stacked.awakeFromNib();
+            sideBySide.awakeFromNib();
+            stacked.setMaxVSizeBottom(800);
+            sideBySide.setMaxHSizeRight(800);
+            stacked.growingRule = sideBySide.growingRule = c.growingRule;
+            if (horizontal)
+                sideBySide.resizeSubviewsWithOldSize(view, {});
+            else
+                stacked.resizeSubviewsWithOldSize(view, {});
+            if (c.collapsedPane == 0 || c.size != 1610) {
+                EXPECT_EQ(view.panes[0], view.rect(0, c.after0));
+            }
+            EXPECT_EQ(view.panes[1], view.rect(c.origin1, c.after1));
+            EXPECT_EQ(view.adjusted, horizontal ? 1 : 0);
+        }
+    }
+}
+
+TEST(SplitViewDelegate, ClampsOnlyAwakeAndPrefersTheMinimum)
+{
+    VLHSplitViewDelegate rule;
+    EXPECT_EQ(rule.topFrameInsideLimits(-3), -3);
+    rule.awakeFromNib();
+    EXPECT_EQ(rule.topFrameInsideLimits(199.5), 200);
+    EXPECT_EQ(rule.bottomFrameInsideLimits(100000), 99999);
+    rule.setMinVSizeTop(300.5);
+    rule.setMaxVSizeTop(250);
+    EXPECT_EQ(rule.topFrameInsideLimits(275), 300.5);
+    EXPECT_EQ(rule.growingRule, 2);
+    EXPECT_TRUE(rule.canCollapseSubview(0) && rule.canCollapseTop() && rule.canCollapseBottom());
+    rule.setCanCollapseBottom(false);
+    EXPECT_FALSE(rule.canCollapseSubview(1));
+}
+
+TEST(SplitViewDelegate, HoldsTheDividerBetweenTheLimitsOfBothPanes)
+{
+    VLVSplitViewDelegate rule;
+    rule.awakeFromNib();
+    rule.setMinHSizeLeft(210);
+    rule.setMaxHSizeLeft(660);
+    rule.setMinHSizeRight(450);
+    rule.setMaxHSizeRight(9999);
+    const ScriptedSplitView narrow(true, 900, 300, 590);
+    const ScriptedSplitView wide(true, 2000, 300, 1690);
+    EXPECT_EQ(rule.constrainMinCoordinate(narrow, 5, 0), 210);
+    EXPECT_EQ(rule.constrainMinCoordinate(narrow, 5, 1), 450);
+    EXPECT_EQ(rule.constrainMaxCoordinate(narrow, 5, 0), 900 - 450 - Divider);
+    EXPECT_EQ(rule.constrainMaxCoordinate(wide, 5, 0), 660);
+    EXPECT_EQ(rule.constrainMaxCoordinate(wide, 5, 1), 2000 - 210 - Divider);
+}
+
+TEST(SplitViewDelegate, CollapsesAndRestoresByThePlaceOfTheDivider)
+{
+    VLHSplitViewDelegate rule;
+    rule.awakeFromNib();
+    rule.setMinVSizeBottom(300);
+    ScriptedSplitView view(false, 1000, 600, 390);
+    Rect saved;
+    EXPECT_TRUE(rule.toggleCollapseTopView(view));
+    EXPECT_EQ(view.divider, 99);
+    view.collapsed[0] = true;
+    EXPECT_TRUE(rule.toggleCollapseTopView(view));
+    EXPECT_EQ(view.divider, 101);
+    view.collapsed[0] = false;
+
+    EXPECT_EQ(rule.toggleCollapseExpandBottomView(view, 0, &saved), 390);
+    EXPECT_EQ(view.divider, 1000 - 149);
+    EXPECT_EQ(saved, view.whole);
+    EXPECT_EQ(rule.expandToMinBottomView(view, &saved), 390);
+    EXPECT_EQ(view.divider, 1000 - 151);
+    EXPECT_EQ(rule.toggleCollapseExpandBottomView(view), 390);
+
+    view.collapsed[1] = true;
+    view.whole = view.rect(0, 1100); // The window grew meanwhile: half of that is the pane's.
+    EXPECT_EQ(rule.toggleCollapseExpandBottomView(view, 390, &saved), 440);
+    EXPECT_EQ(view.divider, 1100 - 440);
+    EXPECT_EQ(saved, view.whole);
+    rule.growingRule = 0;
+    EXPECT_EQ(rule.expandBottomView(view, 50, &saved), 300);
+    EXPECT_EQ(rule.expandBottomView(view, 1000, &saved), 1100 - 200 - Divider); // Pane 0 keeps its minimum.
+
+    VLVSplitViewDelegate sideBySide;
+    sideBySide.awakeFromNib();
+    ScriptedSplitView wide(true, 1000, 600, 390);
+    EXPECT_TRUE(sideBySide.toggleCollapseExpandRightView(wide));
+    EXPECT_EQ(wide.divider, 901);
+    EXPECT_TRUE(sideBySide.expandToMinRightView(wide));
+    EXPECT_EQ(wide.divider, 899);
+}
+
+class ScriptedScrollView : public Foundation::ScrollView
+{
+public:
+    Rect documentFrame() const override { return {0, 5, 100, 900}; }
+    Rect documentVisibleRect() const override { return bounds; }
+    Rect contentBounds() const override { return bounds; }
+    bool isFlipped() const override { return flipped; }
+    void scrollToPoint(const Point &point) override
+    {
+        bounds.x = point.x;
+        bounds.y = point.y;
+        ++scrolls;
+    }
+    void reflectScrolledClipView() override { ++reflected; }
+    void setPostsBoundsChangedNotifications(bool posts) override { posting = posts; }
+    void addBoundsObserver(const void *, std::function<void()> changed) override
+    {
+        ++observers;
+        observed = std::move(changed);
+    }
+    void removeBoundsObserver(const void *) override { --observers; }
+    void userScrollsTo(double x, double y)
+    {
+        scrollToPoint({x, y});
+        observed();
+    }
+
+    Rect bounds{0, 0, 100, 200};
+    bool flipped = true;
+    bool posting = false;
+    int observers = 0;
+    int scrolls = 0;
+    int reflected = 0;
+    std::function<void()> observed;
+};
+
+TEST(SynchroScrollView, FollowsTheVerticalPositionOfOneOther)
+{
+    ScriptedScrollView own, other, upward;
+    own.bounds.x = 30;
+    upward.flipped = false;
+    {
+        SynchroScrollView rule(own);
+        rule.setSynchronizedScrollView(&other);
+        rule.setSynchronizedScrollView(&other);
+        EXPECT_EQ(other.observers, 1);
+        EXPECT_TRUE(other.posting);
+        other.userScrollsTo(7, 40);
+        EXPECT_EQ(own.bounds, (Rect{30, 40, 100, 200}));
+        EXPECT_EQ(own.reflected, 1);
+        other.userScrollsTo(30, 40); // Where it is already.
+        EXPECT_EQ(own.scrolls, 1);
+        rule.setSynchronizedScrollView(&upward);
+        EXPECT_EQ(other.observers, 0);
+        EXPECT_TRUE(rule.reverseScroll());
+        upward.userScrollsTo(0, 40);
+        EXPECT_EQ(own.bounds.y, -40);
+    }
+    EXPECT_EQ(upward.observers, 0);
+    scrollToBottom(own);
+    EXPECT_EQ(own.bounds, (Rect{0, 5 + 900 - 200, 100, 200}));
+    scrollToBottom(upward);
+    EXPECT_EQ(upward.bounds.y, 0);
+}
+
+} // namespace
