@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Alert.h"
+#include "browse/BrowseWindow.h"
 #include "foundation/UndoManager.h"
 
 #include <QString>
@@ -15,11 +15,17 @@ public:
     // 0 for a change done, as Foundation::Document::ChangeType.
     virtual void updateChangeCount(int change) = 0;
     virtual Foundation::UndoManager &undoManager() = 0;
-    // A sheet on the document's window.
-    virtual void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered) = 0;
     virtual void switchToEditMode() = 0;
-    // Nothing happens for a row that is not there.
-    virtual void scrollRowToVisible(qsizetype row) = 0;
-    // Of the record table; identifiers as in the interface file.
-    virtual void redrawColumn(const QString &identifier) = 0;
+    // Null without a window.
+    virtual BrowseWindow *browseWindow() = 0;
+    // Asks for a password of the document, with its own sheet.
+    virtual void documentPassword() = 0;
+
+    // The content of the search field.
+    virtual QString searchText() const = 0;
+    virtual void setSearchText(const QString &text) = 0;
+    // The document's own note of the category shown, for check marks; the list has its filter.
+    virtual void setCategoryString(const QString &category) = 0;
+    // The strip that tells which filter is in force.
+    virtual void showSearchInfoView(bool shown) = 0;
 };

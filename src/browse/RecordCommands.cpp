@@ -1,6 +1,11 @@
 #include "browse/RecordCommands.h"
 
 #include "core/RecordModel.h"
+#include "foundation/Services.h"
+
+#include <QPointer>
+
+#include <algorithm>
 
 using Foundation::ActionSender;
 using Foundation::Alert;
@@ -23,12 +28,24 @@ void RecordCommands::addRow(const ActionSender &)
         addTheRecord(record);
 }
 
+void RecordCommands::duplicateRow(const ActionSender &)
+{
+    if (m_host.isDecrypted() && m_records.canRemove())
+        duplicateTheRecord(m_records.duplicateSelection());
+}
+
+void RecordCommands::beginAlert(const Alert &alert, Foundation::AlertAnswer answered)
+{
+    if (BrowseWindow *window = m_host.browseWindow())
+        window->beginAlert(alert, std::move(answered));
+}
+
 void RecordCommands::deleteRow(const ActionSender &)
 {
     const Alert question{tr("Delete Selected Row?"),
                          tr("The selected row will be removed from the document"),
                          {tr("Delete"), tr("Cancel")}};
-    m_host.beginAlert(question, [this](int returnCode) {
+    beginAlert(question, [this](int returnCode) {
         if (returnCode == Alert::FirstButtonReturn && m_records.canRemove())
             deleteTheRecord(m_records.selectedObjects().back());
     });
@@ -41,31 +58,54 @@ void RecordCommands::deleteRows(const ActionSender &)
     const Alert question{tr("Delete the selected contact"),
                          tr("Are you sure to delete the selected contact?"),
                          {tr("Cancel"), tr("Delete Contact")}};
-    m_host.beginAlert(question, [this](int returnCode) {
+    beginAlert(question, [this](int returnCode) {
         if (returnCode == Alert::SecondButtonReturn && m_records.canRemove())
             deleteTheRecord(m_records.selectedObjects().front());
     });
 }
 
-void RecordCommands::isACompanySwitched(const ActionSender &)
+bool RecordCommands::deleteRowShouldBeEnabled(const ActionSender &) const
 {
-    m_host.redrawColumn(QStringLiteral("name"));
+    return m_records.canRemove() && m_host.isDecrypted();
 }
 
-void RecordCommands::categoryWasSet(const ActionSender &sender)
+void RecordCommands::askToInsertPasswordBeforeAddingData(const ActionSender &)
 {
-    const auto &categories = m_categories.arrangedObjects();
-    if (sender.indexOfSelectedItem < 0 || std::size_t(sender.indexOfSelectedItem) >= categories.size())
-        return;
-    m_records.setCurrentObjectAccordingToCategory(categories[std::size_t(sender.indexOfSelectedItem)]);
-    m_host.updateChangeCount(0);
-    m_host.redrawColumn(QStringLiteral("category"));
+    const Alert question{tr("A password must be defined before adding data"),
+                         tr("After defining a password used to protect this document, it will be possible "
+                            "to add data."),
+                         {tr("Define Password"), tr("Cancel")},
+                         Alert::Style::Informational};
+    beginAlert(question, [this](int returnCode) {
+        if (returnCode != Alert::FirstButtonReturn)
+            return;
+        // The new sheet starts after this one has gone.
+        Foundation::Services::shared().mainQueue().addOperation([commands = QPointer(this)] {
+            if (commands)
+                commands->m_host.documentPassword();
+        });
+    });
 }
+
+void RecordCommands::redrawNames()
+{
+    if (BrowseWindow *window = m_host.browseWindow())
+        window->redrawColumn(QStringLiteral("name"));
+}
+
+void RecordCommands::isACompanySwitched(const ActionSender &)
+{
+    redrawNames();
+}
+
+void RecordCommands::deleteContact(const ActionSender &) {}
+
+void RecordCommands::recordEdited(const ActionSender &) {}
 
 void RecordCommands::controlTextDidChange(int tag)
 {
     if (tag == 1)
-        m_host.redrawColumn(QStringLiteral("name"));
+        redrawNames();
 }
 
 void RecordCommands::recordInverse(Operation inverse, const Record &record, const QString &actionName)
@@ -74,13 +114,21 @@ void RecordCommands::recordInverse(Operation inverse, const Record &record, cons
     m_host.undoManager().setActionName(actionName);
 }
 
+bool RecordCommands::isInContent(const Record &record)
+{
+    const auto &content = m_records.contentObjects();
+    return std::find(content.begin(), content.end(), record) != content.end();
+}
+
 void RecordCommands::addTheRecord(const Record &record)
 {
     recordInverse(&RecordCommands::addTheRecordUndo, record, tr("Add Record"));
-    m_records.addObject(record);
+    if (!isInContent(record))
+        m_records.addObject(record);
     m_records.rearrangeObjects();
     m_host.updateChangeCount(0);
-    m_host.scrollRowToVisible(m_records.arrangedIndexOf(record));
+    if (BrowseWindow *window = m_host.browseWindow())
+        window->scrollRowToVisible(m_records.arrangedIndexOf(record));
     m_host.switchToEditMode();
     Q_EMIT recordAdded();
 }
@@ -97,6 +145,23 @@ void RecordCommands::addTheRecordUndo(const Record &record)
     m_host.updateChangeCount(0);
 }
 
+void RecordCommands::duplicateTheRecord(const Record &record)
+{
+    recordInverse(&RecordCommands::duplicateTheRecordUndo, record, tr("Duplicate Record"));
+    if (!isInContent(record))
+        m_records.addObjectAfterSelection(record);
+    m_records.rearrangeObjects();
+    m_host.updateChangeCount(0);
+}
+
+void RecordCommands::duplicateTheRecordUndo(const Record &record)
+{
+    recordInverse(&RecordCommands::duplicateTheRecord, record, tr("Duplicate Record"));
+    m_records.removeObject(record);
+    m_records.rearrangeObjects();
+    m_host.updateChangeCount(0);
+}
+
 void RecordCommands::deleteTheRecord(const Record &record)
 {
     recordInverse(&RecordCommands::deleteTheRecordUndo, record, tr("Delete Record"));
@@ -107,6 +172,7 @@ void RecordCommands::deleteTheRecord(const Record &record)
 void RecordCommands::deleteTheRecordUndo(const Record &record)
 {
     recordInverse(&RecordCommands::deleteTheRecord, record, tr("Delete Record"));
-    m_records.addObject(record);
+    if (!isInContent(record))
+        m_records.addObject(record);
     m_host.updateChangeCount(0);
 }

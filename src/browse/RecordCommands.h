@@ -3,9 +3,9 @@
 #include "browse/FilteringArrayController.h"
 #include "foundation/Actions.h"
 
-// The commands with which the user adds and deletes records. Each change goes through a pair of operations
-// that record one another with the undo manager, so that undo and redo simply call the other half; both
-// halves mark the document as edited. Takes part in the responder chain of its document.
+// The commands with which the user adds, duplicates and deletes records. Each change goes through a pair of
+// operations that record one another with the undo manager, so that undo and redo simply call the other half;
+// both halves mark the document as edited. Takes part in the responder chain of its document.
 class RecordCommands : public QObject
 {
     Q_OBJECT
@@ -17,19 +17,26 @@ public:
     RecordCommands(BrowseHost &host, FilteringArrayController &records,
                    VLColoredCategoryArrayController &categories, QObject *parent = nullptr);
 
-    // Adds a new record, unless the document is locked.
+    // Adds a new record, or a copy of the first selected one behind it, unless the document is locked.
     Q_INVOKABLE void addRow(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void duplicateRow(const Foundation::ActionSender &sender);
     // Both ask first and then delete exactly one record, however many are selected: the last selected, and
     // the first. The buttons of the two questions stand in opposite orders.
     Q_INVOKABLE void deleteRow(const Foundation::ActionSender &sender);
     Q_INVOKABLE void deleteRows(const Foundation::ActionSender &sender);
+    bool deleteRowShouldBeEnabled(const Foundation::ActionSender &sender) const;
+    // For documents that are to get their first password only when there is something to protect.
+    Q_INVOKABLE void askToInsertPasswordBeforeAddingData(const Foundation::ActionSender &sender);
     // The company switch of the form changes the name in the table.
     Q_INVOKABLE void isACompanySwitched(const Foundation::ActionSender &sender);
-    // The category pop-up of the form, whose items stand in the order of the category list. Cannot be undone.
-    Q_INVOKABLE void categoryWasSet(const Foundation::ActionSender &sender);
+    // Do nothing; targets for interface files.
+    Q_INVOKABLE void deleteContact(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void recordEdited(const Foundation::ActionSender &sender);
 
     void addTheRecord(const Record &record);
     void addTheRecordUndo(const Record &record);
+    void duplicateTheRecord(const Record &record);
+    void duplicateTheRecordUndo(const Record &record);
     void deleteTheRecord(const Record &record);
     void deleteTheRecordUndo(const Record &record);
 
@@ -43,6 +50,10 @@ Q_SIGNALS:
 private:
     using Operation = void (RecordCommands::*)(const Record &);
     void recordInverse(Operation inverse, const Record &record, const QString &actionName);
+    void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered);
+    void redrawNames();
+    // Where a filter hid a record, its removal took nothing out, and redoing must not make it two.
+    bool isInContent(const Record &record);
 
     BrowseHost &m_host;
     FilteringArrayController &m_records;

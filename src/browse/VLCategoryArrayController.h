@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/Actions.h"
 #include "foundation/ArrayController.h"
 
 // List of named rows, whatever they are: finds names that are still free.
@@ -21,5 +22,5 @@ public:
     Object getLastCategory() const;
 
     // Removes the selected rows without a question.
-    void remove() { removeSelectedObjects(); }
+    Q_INVOKABLE void remove(const Foundation::ActionSender &) { removeSelectedObjects(); }
 };

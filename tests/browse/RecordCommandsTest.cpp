@@ -2,6 +2,7 @@
 
 #include "core/RecordModel.h"
 #include "support/Printers.h"
+#include "support/ScriptedHost.h"
 #include "support/TestServices.h"
 
 #include <gtest/gtest.h>
@@ -12,31 +13,6 @@ using Record = RecordCommands::Record;
 
 namespace
 {
-
-class Host : public BrowseHost
-{
-public:
-    bool isDecrypted() const override { return decrypted; }
-    void updateChangeCount(int change) override { changes.append(change); }
-    Foundation::UndoManager &undoManager() override { return undo; }
-    void beginAlert(const Alert &alert, Foundation::AlertAnswer answered) override
-    {
-        question = alert;
-        answer = std::move(answered);
-    }
-    void switchToEditMode() override { ++editModes; }
-    void scrollRowToVisible(qsizetype row) override { scrolledTo = row; }
-    void redrawColumn(const QString &identifier) override { redrawn.append(identifier); }
-
-    bool decrypted = true;
-    QList<int> changes;
-    Foundation::UndoManager undo;
-    Alert question;
-    Foundation::AlertAnswer answer;
-    int editModes = 0;
-    qsizetype scrolledTo = -2;
-    QStringList redrawn;
-};
 
 class RecordCommandsTest : public testing::Test
 {
@@ -61,7 +37,8 @@ protected:
         return records.selectedObjects().back();
     }
 
-    Host host;
+    ScriptedHost host;
+    Foundation::ArrayController forMenu;
     VLColoredCategoryArrayController categories;
     FilteringArrayController records{host, categories};
     RecordCommands commands{host, records, categories};
@@ -83,7 +60,7 @@ TEST_F(RecordCommandsTest, ANewRecordHasItsNineteenKeysInTheCategoryOfTheSelecti
     EXPECT_EQ(uses(friends), 2);
     EXPECT_EQ(uses(work), 0);
     EXPECT_EQ(host.editModes, 2);
-    EXPECT_EQ(host.scrolledTo, 1);
+    EXPECT_EQ(host.window.scrolledTo, 1);
     EXPECT_EQ(host.changes, (QList<int>{0, 0}));
 }
 
@@ -123,86 +100,148 @@ TEST_F(RecordCommandsTest, UndoAndRedoOfAnAddBringBackTheSameObjectAndDriftTheCo
     EXPECT_EQ(uses(work), -1);
 }
 
-TEST_F(RecordCommandsTest, BothDeletionsAskInTheirOwnWordsAndDeleteExactlyOne)
+TEST_F(RecordCommandsTest, ThreeDeletionsAskInTheirOwnWordsAndTakeTheirOwnRecords)
 {
     const struct
     {
-        void (RecordCommands::*action)(const Foundation::ActionSender &);
-        QString message, informativeText;
-        QStringList buttons;
+        std::function<void()> action;
+        Alert question;
         int confirming;
-        std::size_t deleted; // of three selected records
+        QList<int> deleted; // of three selected records
+        bool canBeUndone;
     } cases[] = {
-        {&RecordCommands::deleteRow,
-         QStringLiteral("Delete Selected Row?"),
-         QStringLiteral("The selected row will be removed from the document"),
-         {QStringLiteral("Delete"), QStringLiteral("Cancel")},
+        {[this] { commands.deleteRow({}); },
+         {u"Delete Selected Row?"_qs,
+          u"The selected row will be removed from the document"_qs,
+          {u"Delete"_qs, u"Cancel"_qs}},
          1000,
-         2},
-        {&RecordCommands::deleteRows,
-         QStringLiteral("Delete the selected contact"),
-         QStringLiteral("Are you sure to delete the selected contact?"),
-         {QStringLiteral("Cancel"), QStringLiteral("Delete Contact")},
+         {2},
+         true},
+        {[this] { commands.deleteRows({}); },
+         {u"Delete the selected contact"_qs,
+          u"Are you sure to delete the selected contact?"_qs,
+          {u"Cancel"_qs, u"Delete Contact"_qs}},
          1001,
-         0},
+         {0},
+         true},
+        {[this] { records.remove({}); },
+         {u"Delete selected contact?"_qs, QString(), {u"Delete"_qs, u"Cancel"_qs}},
+         1000,
+         {0, 1, 2},
+         false},
     };
     for (const auto &c : cases) {
-        SCOPED_TRACE(c.message.toStdString());
+        SCOPED_TRACE(c.question.message.toStdString());
         records.setContent(nullptr);
         const Record added[] = {add(), add(), add()};
+        host.undo.removeAllActions();
         records.setSelectionIndexes({0, 1, 2});
         host.changes.clear();
-        (commands.*c.action)({});
-        EXPECT_EQ(host.question.message, c.message);
-        EXPECT_EQ(host.question.informativeText, c.informativeText);
-        EXPECT_EQ(host.question.buttons, c.buttons);
-        EXPECT_EQ(host.question.style, Alert::Style::Warning);
-        host.answer(c.confirming == 1000 ? 1001 : 1000);
+        c.action();
+        EXPECT_EQ(host.window.alert().message, c.question.message);
+        EXPECT_EQ(host.window.alert().informativeText, c.question.informativeText);
+        EXPECT_EQ(host.window.alert().buttons, c.question.buttons);
+        EXPECT_EQ(host.window.alert().style, Alert::Style::Warning);
+        host.window.answer(c.confirming == 1000 ? 1001 : 1000);
         EXPECT_EQ(records.content()->count(), 3);
         EXPECT_TRUE(host.changes.isEmpty());
-        (commands.*c.action)({});
-        host.answer(c.confirming);
-        EXPECT_EQ(records.content()->count(), 2);
-        EXPECT_LT(records.arrangedIndexOf(added[c.deleted]), 0);
+        c.action();
+        host.window.answer(c.confirming);
+        for (int i = 0; i < 3; ++i)
+            EXPECT_EQ(records.arrangedIndexOf(added[i]) < 0, c.deleted.contains(i)) << i;
+        EXPECT_EQ(host.changes, QList<int>{0});
+        EXPECT_EQ(host.undo.canUndo(), c.canBeUndone);
         host.undo.undo();
-        EXPECT_GE(records.arrangedIndexOf(added[c.deleted]), 0);
-        EXPECT_EQ(host.changes, (QList<int>{0, 0}));
+        EXPECT_EQ(records.content()->count(), c.canBeUndone ? 3 : 0);
     }
-}
-
-TEST_F(RecordCommandsTest, DeleteRowsWithoutASelectionAsksNothing)
-{
+    records.setContent(nullptr);
     commands.deleteRows({});
-    EXPECT_TRUE(host.question.message.isEmpty());
+    EXPECT_FALSE(host.window.hasAlert()); // Nothing is selected, nothing is asked.
 }
 
-TEST_F(RecordCommandsTest, AnAssignmentMovesCountsOnlyBetweenListedCategories)
+TEST_F(RecordCommandsTest, RemovingGoesByTheStoredIdAndNotByTheCategory)
 {
     const Record record = add();
-    EXPECT_FALSE(records.assignCategory(work, record));
+    record->setValue(RecordKey::cat_uniqueID, Value(qint64(1))); // It came as a friend.
     EXPECT_EQ(uses(work), 1);
-    categories.removeObject(work);
-    EXPECT_TRUE(records.assignCategory(friends, record));
-    EXPECT_EQ(uses(work), 1); // No longer in the list: not counted down.
-    EXPECT_EQ(uses(friends), 1);
+    records.didEndDeleteRecord(1001, {});
+    EXPECT_EQ(records.content()->count(), 1);
+    records.didEndDeleteRecord(1000, {});
+    EXPECT_EQ(records.content()->count(), 0);
+    EXPECT_EQ(uses(friends), -1);
+    EXPECT_EQ(uses(work), 1);
+}
 
-    Foundation::ActionSender popUp;
-    popUp.indexOfSelectedItem = 0;
-    commands.categoryWasSet(popUp);
-    EXPECT_EQ(uses(friends), 1);
-    popUp.indexOfSelectedItem = 7;
-    commands.categoryWasSet(popUp);
-    EXPECT_EQ(categoryOf(record), friends);
-    EXPECT_EQ(host.redrawn, QStringList{QStringLiteral("category")});
+TEST_F(RecordCommandsTest, ADuplicateComesBehindTheFirstSelectedAndCountsNothing)
+{
+    commands.duplicateRow({});
+    EXPECT_FALSE(host.undo.canUndo()); // Without a selection there is nothing to copy.
+    const Record first = add();
+    const Record last = add();
+    records.setSelectionIndexes({0, 1});
+    first->setValue(RecordKey::note, u"shared"_qs);
+    host.editModes = 0;
+    const ManualClock clock(QDateTime(QDate(2001, 1, 1), QTime(0, 0, 30), Qt::UTC));
+    host.decrypted = false;
+    commands.duplicateRow({});
+    EXPECT_EQ(records.content()->count(), 2);
+    host.decrypted = true;
+    commands.duplicateRow({});
+    ASSERT_EQ(records.content()->count(), 3);
+    const Record copy = records.arrangedObjects()[1];
+    EXPECT_EQ(records.selectedObjects(), Foundation::ArrayController::Objects{copy});
+    EXPECT_EQ(records.arrangedObjects()[2], last);
+    EXPECT_FALSE(copy->contains(RecordKey::usageCount));
+    EXPECT_EQ(copy->value(RecordKey::creationDate), Value::date(30));
+    EXPECT_EQ(copy->value(RecordKey::note).stringValue(), u"shared");
+    EXPECT_EQ(categoryOf(copy), work);
+    EXPECT_EQ(uses(work), 2);
+    EXPECT_EQ(host.editModes, 0); // It stays in the mode at hand.
+    host.undo.undo();
+    EXPECT_EQ(records.content()->count(), 2);
+    EXPECT_EQ(uses(work), 1);
+    EXPECT_EQ(host.undo.redoActionName(), u"Duplicate Record");
+}
+
+TEST_F(RecordCommandsTest, WhatAFilterHidesIsNeitherRemovedNorAddedTwice)
+{
+    const Record record = add();
+    records.setCategoryString(u"friends"_qs);
+    records.rearrangeObjects();
+    host.undo.undo();
+    EXPECT_EQ(records.content()->count(), 1);
+    EXPECT_EQ(uses(work), 1);
+    host.undo.redo();
+    EXPECT_EQ(records.content()->count(), 1);
+    EXPECT_EQ(host.window.scrolledTo, -1);
+    EXPECT_EQ(host.changes, (QList<int>{0, 0, 0})); // Each is a change done all the same.
+}
+
+TEST_F(RecordCommandsTest, APasswordIsAskedForBehindItsOwnQuestion)
+{
+    ManualQueue queue;
+    commands.askToInsertPasswordBeforeAddingData({});
+    EXPECT_EQ(host.window.alert().message, u"A password must be defined before adding data");
+    EXPECT_EQ(host.window.alert().informativeText,
+              u"After defining a password used to protect this document, it will be possible to add data.");
+    EXPECT_EQ(host.window.alert().buttons, (QStringList{u"Define Password"_qs, u"Cancel"_qs}));
+    EXPECT_EQ(host.window.alert().style, Alert::Style::Informational);
+    host.window.answer(1000);
+    EXPECT_EQ(host.passwordsAsked, 0);
+    queue.drain();
+    EXPECT_EQ(host.passwordsAsked, 1);
+    EXPECT_FALSE(commands.deleteRowShouldBeEnabled({}));
+    add();
+    EXPECT_TRUE(commands.deleteRowShouldBeEnabled({}));
 }
 
 TEST_F(RecordCommandsTest, OnlyTypingInANameFieldRedrawsTheName)
 {
     commands.controlTextDidChange(0);
-    EXPECT_TRUE(host.redrawn.isEmpty());
+    EXPECT_TRUE(host.window.redrawn.isEmpty());
     commands.controlTextDidChange(1);
     commands.isACompanySwitched({});
-    EXPECT_EQ(host.redrawn, (QStringList{QStringLiteral("name"), QStringLiteral("name")}));
+    EXPECT_EQ(host.window.redrawn, (QStringList{u"name"_qs, u"name"_qs}));
 }
 
 } // namespace

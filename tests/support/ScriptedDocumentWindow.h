@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lifecycle/MyDocumentWindow.h"
+#include "support/ScriptedPopUpMenu.h"
 
 #include <gtest/gtest.h>
 
@@ -61,7 +62,15 @@ public:
     void setDecryptProgressShown(bool shown) override { progress.append(shown); }
     void clearPasswordToDecryptField() override { passwordFieldCleared = true; }
     void scrollRowToVisible(qsizetype row) override { scrolledTo = row; }
-    void redrawColumn(const QString &identifier) override { redrawnColumns.append(identifier); }
+    // What is redrawn, in the order of the calls: a column's identifier, "categoryViews", "categoryTable".
+    void redrawColumn(const QString &identifier) override { redrawn.append(identifier); }
+    void redrawCategoryViews() override { redrawn.append(QStringLiteral("categoryViews")); }
+    void redrawCategoryTable() override { redrawn.append(QStringLiteral("categoryTable")); }
+    void scrollCategoryViewToBottom() override { ++categoryScrolls; }
+    void scrollListViewToBottom() override { ++listScrolls; }
+    PopUpMenu &actionPopUp() override { return popUp; }
+    void attachCategoryMenu() override { ++menusAttached; }
+    void setSearchInfoShown(bool shown) override { searchInfoShown.append(shown); }
 
     Foundation::Rect frameNow{100.25, 200.5, 900, 600};
     QString savePath; // what the user chooses; null: gives up
@@ -71,7 +80,12 @@ public:
     bool passwordFieldCleared = false;
     qsizetype scrolledTo = -2;
     QList<bool> progress;
-    QStringList redrawnColumns;
+    QStringList redrawn;
+    int categoryScrolls = 0;
+    int listScrolls = 0;
+    int menusAttached = 0;
+    ScriptedPopUpMenu popUp;
+    QList<bool> searchInfoShown;
 
 private:
     QString m_sheet;

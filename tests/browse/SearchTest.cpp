@@ -1,0 +1,241 @@
+#include "browse/SearchIndex.h"
+#include "core/RecordModel.h"
+#include "support/Printers.h"
+
+#include <gtest/gtest.h>
+
+#include <QLocale>
+
+#include <random>
+
+using Foundation::Key;
+using Foundation::Value;
+
+namespace
+{
+
+using Records = SearchIndex::Objects;
+
+// The rule as plainly as it can be put, and with nothing of the system's own: canonical decompositions
+// compared one composed character after another, from every place on.
+namespace Reference
+{
+
+std::vector<QString> composedCharacters(const QString &text)
+{
+    std::vector<QString> characters;
+    char32_t previous = 0;
+    for (qsizetype i = 0; i < text.size();) {
+        const bool isPair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        const qsizetype units = isPair ? 2 : 1;
+        const char32_t c =
+            isPair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : char32_t(text[i].unicode());
+        const bool isVowel = c >= 0x1161 && c <= 0x1175;
+        const bool isTail = c >= 0x11A8 && c <= 0x11C2;
+        const bool joins = QChar::isMark(c) || (isVowel && previous >= 0x1100 && previous <= 0x1112) ||
+                           (isTail && ((previous >= 0x1161 && previous <= 0x1175) ||
+                                       (previous >= 0xAC00 && previous <= 0xD7A3)));
+        if (joins && !characters.empty())
+            characters.back() += text.mid(i, units);
+        else
+            characters.push_back(text.mid(i, units));
+        previous = c;
+        i += units;
+    }
+    return characters;
+}
+
+bool fieldMatches(const QString &field, const QString &searched)
+{
+    const QLocale language(QLocale::English);
+    const QString needle = language.toLower(searched);
+    const auto hay = composedCharacters(language.toLower(field));
+    const auto sought = composedCharacters(needle);
+    const auto isEqual = [](const QString &a, const QString &b) {
+        return a.normalized(QString::NormalizationForm_D) == b.normalized(QString::NormalizationForm_D);
+    };
+    for (std::size_t i = 0; i + sought.size() <= hay.size(); ++i) {
+        const auto place = hay.begin() + std::ptrdiff_t(i);
+        if (!std::equal(sought.begin(), sought.end(), place, isEqual))
+            continue;
+        qsizetype length = 0;
+        for (std::size_t j = 0; j < sought.size(); ++j)
+            length += hay[i + j].size();
+        return length == needle.size(); // The first occurrence decides.
+    }
+    return false;
+}
+
+SearchIndex::Positions search(const Records &records, const QString &searched)
+{
+    SearchIndex::Positions found;
+    for (quint32 i = 0; i < records.size(); ++i) {
+        const auto &keys = SearchIndex::searchedKeys();
+        const bool matches = std::any_of(keys.begin(), keys.end(), [&](const Key &key) {
+            return fieldMatches(records[i]->value(key).stringValue(), searched);
+        });
+        if (matches)
+            found.push_back(i);
+    }
+    return found;
+}
+
+} // namespace Reference
+
+TEST(Search, ComparesComposedCharactersInLowerCase)
+{
+    const struct
+    {
+        const char *rule;
+        QString field, searched;
+        bool matches;
+    } cases[] = {
+        {"case does not count", u"ÄRGER in Köln"_qs, u"äRgEr"_qs, true},
+        {"accents count", u"Zoë"_qs, u"zoe"_qs, false},
+        {"a base with a mark is one character", u"Zoe\u0308"_qs, u"zoe"_qs, false},
+        {"a letter before a marked one is found", u"Zoe\u0308"_qs, u"zo"_qs, true},
+        {"a mark by itself is no character of a marked one", u"e\u0301"_qs, u"\u0301"_qs, false},
+        {"an equivalent of another length is no hit", u"Zoe\u0308"_qs, u"zoë"_qs, false},
+        {"nor the other way round", u"Zoë"_qs, u"zoe\u0308"_qs, false},
+        {"an equivalent of the same length is one", u"\u1E0B\u0323"_qs, u"\u1E0D\u0307"_qs, true},
+        {"a first hit of another length hides the exact one", u"e\u0301 \u00E9"_qs, u"\u00E9"_qs, false},
+        {"the exact one in front is the hit", u"\u00E9 e\u0301"_qs, u"\u00E9"_qs, true},
+        {"the sigma at the end of a word", u"ΟΔΟΣ"_qs, u"οδος"_qs, true},
+        {"is another letter than within", u"ΟΔΟΣ"_qs, u"οδοσ"_qs, false},
+        {"dotted capital I becomes i and a dot", u"İzmir"_qs, u"izmir"_qs, false},
+        {"and is found by itself", u"İzmir"_qs, u"İZ"_qs, true},
+        {"ligatures stay", u"ﬁn"_qs, u"fi"_qs, false},
+        {"the kelvin sign is a k", u"300 \u212A"_qs, u"k"_qs, true},
+        {"a syllable of letters", u"\u1100\u1161\u11A8"_qs, u"\u1100\u1161"_qs, false},
+        {"joiners part characters", u"👩\u200D💻"_qs, u"👩"_qs, true},
+        {"half a pair is no character", u"👩"_qs, QString(QChar(0xDC69)), false},
+        {"a lone surrogate is one", QString(QChar(0xDC69)), QString(QChar(0xDC69)), true},
+        {"no further than the text", u"end"_qs, u"ends"_qs, false},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        auto record = Foundation::Dictionary::create();
+        record->setValue(RecordKey::note, c.field);
+        EXPECT_EQ(SearchIndex().search({record}, c.searched).size(), c.matches ? 1U : 0U);
+        EXPECT_EQ(Reference::fieldMatches(c.field, c.searched), c.matches) << "by the reference";
+    }
+}
+
+TEST(Search, LooksIntoEighteenKeysAndIntoTextsOnly)
+{
+    const char *const searched[] = {
+        "addressPersonal", "addressWork",   "category",  "company",       "emailPersonal", "emailWork",
+        "faxPersonal",     "faxWork",       "firstName", "lastName",      "mobile",        "note",
+        "pager",           "phonePersonal", "phoneWork", "resultingName", "webPersonal",   "webWork"};
+    ASSERT_EQ(SearchIndex::searchedKeys().size(), std::size(searched));
+    Records records;
+    for (std::size_t i = 0; i < std::size(searched); ++i) {
+        EXPECT_EQ(SearchIndex::searchedKeys()[i].name(), QString::fromLatin1(searched[i]));
+        auto record = Foundation::Dictionary::create();
+        record->setValue(SearchIndex::searchedKeys()[i], QStringLiteral("Needle 7"));
+        records.push_back(record);
+    }
+    auto other = Foundation::Dictionary::create();
+    for (const auto *key : {u"cat_uniqueID", u"categoryNAME", u"nickname"})
+        other->setValue(QString::fromUtf16(key), QStringLiteral("Needle 7"));
+    other->setValue(RecordKey::note, Value(qint32(7))); // no text
+    records.push_back(other);
+    SearchIndex index;
+    EXPECT_EQ(index.search(records, QStringLiteral("needle 7")).size(), std::size(searched));
+    // Two fields side by side make no text together.
+    records.front()->setValue(RecordKey::note, QStringLiteral("le"));
+    EXPECT_TRUE(index.search(records, QStringLiteral("needle 7le")).empty());
+}
+
+// Texts of the kinds that go wrong: equivalents, marks, pairs and halves of them, special cases of case.
+class OddTexts
+{
+public:
+    explicit OddTexts(quint32 seed)
+        : m_generator(seed)
+    {
+    }
+    std::size_t below(std::size_t limit) { return m_generator() % limit; }
+    QString text(std::size_t longest)
+    {
+        static const QStringList pieces = {
+            u"a"_qs,       u"e"_qs,          u"E"_qs,      u"é"_qs,      u"É"_qs,      u"e\u0301"_qs,
+            u"\u0301"_qs,  u"\u0323"_qs,     u"\u1E0B"_qs, u"\u1E0D"_qs, u"d"_qs,      u"\u0307"_qs,
+            u"İ"_qs,       u"i"_qs,          u"Σ"_qs,      u"ς"_qs,      u"σ"_qs,      u" "_qs,
+            u"ﬁ"_qs,       u"\u212A"_qs,     u"k"_qs,      u"👩"_qs,      u"\u200D"_qs, u"💻"_qs,
+            QChar(0xD83D), QChar(0xDC69),    u"가"_qs,     u"\u1100"_qs, u"\u1161"_qs, u"\u11A8"_qs,
+            u"각"_qs,      u"\U0002F800"_qs, u"\uFA6C"_qs, u"𤋮"_qs,     u"\u0958"_qs, u"\u0915"_qs,
+            u"\u093C"_qs,  u"ß"_qs,          u"ẞ"_qs,      u"\u1F71"_qs, u"ά"_qs,      u"丽"_qs};
+        QString text;
+        for (std::size_t i = below(longest + 1); i > 0; --i)
+            text += pieces[qsizetype(below(std::size_t(pieces.size())))];
+        return text;
+    }
+
+private:
+    std::mt19937 m_generator;
+};
+
+TEST(Search, FindsWhatThePlainRuleFindsThroughEveryChange)
+{
+    OddTexts odd(20261123);
+    const auto &keys = SearchIndex::searchedKeys();
+    const auto change = [&](Foundation::Dictionary &record) {
+        record.setValue(keys[odd.below(keys.size())], odd.text(6));
+    };
+    Records records;
+    for (int i = 0; i < 40; ++i) {
+        records.push_back(Foundation::Dictionary::create());
+        change(*records.back());
+    }
+    SearchIndex index;
+    std::size_t found = 0;
+    for (int round = 0; round < 1500; ++round) {
+        for (std::size_t edits = odd.below(3); edits > 0; --edits)
+            change(*records[odd.below(records.size())]);
+        const auto place = records.begin() + std::ptrdiff_t(odd.below(records.size()));
+        switch (odd.below(8)) {
+        case 0:
+            records.insert(place, place->get()->copy());
+            break;
+        case 1:
+            records.erase(place);
+            break;
+        case 2:
+            std::rotate(records.begin(), place, records.end());
+            break;
+        default:
+            break;
+        }
+        QString searched;
+        for (std::size_t letters = 1 + odd.below(3); letters > 0; --letters) {
+            searched += odd.text(1); // Mostly it only grows.
+            if (searched.isEmpty())
+                continue;
+            SCOPED_TRACE(::testing::PrintToString(searched));
+            const auto positions = index.search(records, searched);
+            ASSERT_EQ(positions, Reference::search(records, searched));
+            found += positions.size();
+        }
+    }
+    EXPECT_GT(found, 5000U); // It was about something.
+}
+
+// What lets a search form stand for its text: nothing composes or changes places across two composed
+// characters, in all of Unicode.
+TEST(Search, OnlyMarksAndSyllablesComposeWithWhatStandsBefore)
+{
+    const auto belongsToBase = [](char32_t c) {
+        return QChar::isMark(c) || (c >= 0x1161 && c <= 0x1175) || (c >= 0x11A8 && c <= 0x11C2);
+    };
+    for (char32_t c = 0; c <= QChar::LastValidCodePoint; ++c) {
+        EXPECT_TRUE(QChar::combiningClass(c) == 0 || QChar::isMark(c)) << std::hex << quint32(c);
+        if (QChar::decompositionTag(c) != QChar::Canonical)
+            continue;
+        const auto parts = QString::fromUcs4(&c, 1).normalized(QString::NormalizationForm_D).toUcs4();
+        for (qsizetype i = 1; i < parts.size(); ++i)
+            EXPECT_TRUE(belongsToBase(parts[i])) << std::hex << quint32(c);
+    }
+}
+
+} // namespace

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "browse/BrowseWindow.h"
+
+#include <QStringList>
+
+// A pop-up of titles and actions, with the two items that an interface file provides.
+class ScriptedPopUpMenu : public PopUpMenu
+{
+public:
+    qsizetype numberOfItems() const override { return titles.size(); }
+    void removeItemAtIndex(qsizetype index) override
+    {
+        titles.removeAt(index);
+        actions.removeAt(index);
+    }
+    void insertItem(const QString &title, const QString &action, qsizetype index) override
+    {
+        titles.insert(index, title);
+        actions.insert(index, action);
+    }
+    QString titleOfSelectedItem() const override { return selected; }
+    void selectItemWithTitle(const QString &title) override
+    {
+        ++selections;
+        selected = titles.contains(title) ? title : QString();
+    }
+
+    QStringList titles = {QStringLiteral("Category"), QStringLiteral("Show All")};
+    QStringList actions = {QString(), QStringLiteral("showAllCategory")};
+    QString selected = QStringLiteral("Show All");
+    int selections = 0;
+};
