@@ -3,14 +3,19 @@
 #include "core/DecryptPipeline.h"
 #include "core/DocumentReader.h"
 #include "core/SavePipeline.h"
+#include "foundation/ColorPanel.h"
 #include "foundation/Services.h"
+#include "helpers/HelperTransformers.h"
 #include "helpers/VLAppSupportUtility.h"
 
 #include <QPointer>
 
 using Foundation::ActionSender;
 using Foundation::Array;
+using Foundation::ArrayController;
+using Foundation::ColorPanel;
 using Foundation::Dictionary;
+using Foundation::Predicate;
 using Foundation::Ref;
 using Foundation::Services;
 using Foundation::Value;
@@ -20,7 +25,16 @@ MyDocument::MyDocument(QObject *parent)
     , DocumentProperties(mutableState())
     , m_records(*this, m_categories)
     , m_recordCommands(*this, m_records, m_categories)
+    , m_categoryCommands(*this, m_records, m_categories, m_categoriesForMenu)
+    , m_labelCommands(*this)
+    , m_categoryEditFieldDelegate(*this, m_categoryCommands)
 {
+    installDocumentTransformers();
+    connect(&m_categories, &ArrayController::arrangedObjectsChanged, &m_categoriesForMenu,
+            [this] { m_categoriesForMenu.setContent(m_categories.content()); });
+    connect(&m_categories, &ArrayController::objectChanged, &m_categoriesForMenu, [this](qsizetype index) {
+        m_categoriesForMenu.noteChange(m_categories.arrangedObjects()[std::size_t(index)]);
+    });
     setDocumentCreationDate(Value::date(Services::shared().clock().secondsSince2001()));
     m_categories.setContent(state().myCategoryArray);
     m_records.setContent(state().myArray);
@@ -65,6 +79,36 @@ void MyDocument::switchViewEditMode(const ActionSender &)
     setSelectedView(m_selectedView == EditMode ? ViewMode : EditMode);
 }
 
+void MyDocument::setSearchText(const QString &text)
+{
+    m_searchText = text;
+    Q_EMIT searchTextChanged();
+}
+
+void MyDocument::setSearchPredicate(const std::optional<Predicate> &predicate)
+{
+    m_searchPredicate = predicate;
+    Q_EMIT searchPredicateChanged();
+}
+
+void MyDocument::doSearch(const ActionSender &)
+{
+    if (m_searchText.isEmpty()) {
+        setSearchPredicate(std::nullopt);
+        return;
+    }
+    const Predicate nameOrCategory =
+        Predicate::anyOf({Predicate::contains(QStringLiteral("name"), m_searchText),
+                          Predicate::contains(QStringLiteral("category"), m_searchText)});
+    setSearchPredicate(Predicate::allOf({nameOrCategory}));
+}
+
+void MyDocument::scrollListViewToBottom(const ActionSender &)
+{
+    if (myWindow())
+        myWindow()->scrollListViewToBottom();
+}
+
 void MyDocument::controlTextDidChange(int tag)
 {
     m_records.controlTextDidChange();
@@ -77,11 +121,18 @@ void MyDocument::windowControllerDidLoadNib()
     VLCryptoDoc::windowControllerDidLoadNib();
     if (!m_categories.canRemove())
         m_categories.addObject(m_categories.newObject());
+    connect(&ColorPanel::shared(), &ColorPanel::colorDidChange, &m_categoryCommands,
+            [this] { m_categoryCommands.colorChanged({}); });
+    m_categoryCommands.setUpCategorySubMenu({});
+    m_categoryCommands.synkCategorySubMenu({});
     if (fileURL().isNull())
         setDocumentCreationDate(Value::date(Services::shared().clock().secondsSince2001()));
     if (isEncrypted())
         window()->setToolbarVisible(false);
     updateChangeCount(ChangeCleared); // A document comes up clean, whatever was done so far.
+    // The interface file has the room of the strip in its layout.
+    m_prevFilterInaction = true;
+    showSearchInfoView(false);
     Services::shared().mainQueue().addOperation([document = QPointer(this)] {
         if (!document || !document->window())
             return;
@@ -115,6 +166,7 @@ qint32 MyDocument::Decript()
     setMyCategoryArray(state().myCategoryArray);
     setMyArray(state().myArray);
     m_allRecords.rearrangeObjects();
+    m_categoryCommands.synkCategorySubMenu({});
     updateChangeCount(ChangeCleared);
     return DecryptSuccess;
 }
@@ -133,6 +185,12 @@ qint32 MyDocument::decryptDone()
             window()->setFrame(myWinRectToUse(), true);
     }
     setYouCanSave(true);
+    // The content is on the screen before this is done, and the first letter of a search need not wait for
+    // it.
+    Services::shared().mainQueue().addOperation([document = QPointer(this)] {
+        if (document)
+            document->m_records.prepareSearch();
+    });
     return 1;
 }
 
@@ -197,24 +255,25 @@ bool MyDocument::validateMenuItem(Foundation::MenuItem &item)
                                                 QStringLiteral("lockDocument")};
     if (item.action == u"switchViewEditMode")
         item.isChecked = m_selectedView == EditMode;
+    if (item.action == u"showAllCategory")
+        item.isChecked = m_categoryString.isEmpty();
+    if (item.action == u"doSelectCatMenu")
+        item.isChecked = m_categoryString == item.title;
     if (needOpenContent.contains(item.action))
         return isDecrypted();
     return VLCryptoDoc::validateMenuItem(item);
 }
 
-void MyDocument::beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered)
+void MyDocument::documentPassword()
 {
-    showAlert(alert, std::move(answered));
+    Foundation::sendAction(responders(), QStringLiteral("documentPassword"), {});
 }
 
-void MyDocument::scrollRowToVisible(qsizetype row)
+void MyDocument::showSearchInfoView(bool shown)
 {
+    if (m_prevFilterInaction == shown)
+        return;
+    m_prevFilterInaction = shown;
     if (myWindow())
-        myWindow()->scrollRowToVisible(row);
-}
-
-void MyDocument::redrawColumn(const QString &identifier)
-{
-    if (myWindow())
-        myWindow()->redrawColumn(identifier);
+        myWindow()->setSearchInfoShown(shown);
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "browse/LabelCommands.h"
 #include "browse/RecordCommands.h"
+#include "browse/VLCategoryEditFieldDelegate.h"
+#include "foundation/Predicate.h"
 #include "lifecycle/DocumentProperties.h"
 #include "lifecycle/VLCryptoDoc.h"
 
@@ -14,6 +17,9 @@ class MyDocument : public VLCryptoDoc, public DocumentProperties, private Browse
     Q_PROPERTY(Foundation::ArrayController *myAllArrayController READ myAllArrayController CONSTANT)
     Q_PROPERTY(
         VLColoredCategoryArrayController *myCategoryArrayController READ myCategoryArrayController CONSTANT)
+    Q_PROPERTY(Foundation::ArrayController *categoryArrayControllerForMenu READ categoryArrayControllerForMenu
+                   CONSTANT)
+    Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     Q_PROPERTY(
         Foundation::Value myLabelDictionary READ myLabelDictionaryValue NOTIFY myLabelDictionaryChanged)
     Q_PROPERTY(int selectedView READ selectedView WRITE setSelectedView NOTIFY selectedViewChanged)
@@ -33,7 +39,12 @@ public:
     FilteringArrayController *myArrayController() { return &m_records; }
     Foundation::ArrayController *myAllArrayController() { return &m_allRecords; }
     VLColoredCategoryArrayController *myCategoryArrayController() { return &m_categories; }
+    // The same categories in the order of the items in the record form's pop-up.
+    Foundation::ArrayController *categoryArrayControllerForMenu() { return &m_categoriesForMenu; }
     RecordCommands &recordCommands() { return m_recordCommands; }
+    CategoryCommands &categoryCommands() { return m_categoryCommands; }
+    // Of the name field in the sheet of categories.
+    VLCategoryEditFieldDelegate &categoryEditFieldDelegate() { return m_categoryEditFieldDelegate; }
 
     // The content. A setter replaces the object, and the controllers show the new one.
     const Ref<Array> &myArray() const { return state().myArray; }
@@ -52,7 +63,24 @@ public:
 
     // What the category filter shows, for the menus' check marks; empty for all.
     const QString &categoryString() const { return m_categoryString; }
-    void setCategoryString(const QString &category) { m_categoryString = category; }
+    void setCategoryString(const QString &category) override { m_categoryString = category; }
+
+    // The search field's content; the list searches for it when it is told to.
+    QString searchText() const override { return m_searchText; }
+    void setSearchText(const QString &text) override;
+    // Kept for interfaces; the list filters by itself.
+    const QString &searchCategory() const { return m_searchCategory; }
+    void setSearchCategory(const QString &category) { m_searchCategory = category; }
+    // Nothing unless doSearch() found a text to search for.
+    const std::optional<Foundation::Predicate> &searchPredicate() const { return m_searchPredicate; }
+    void setSearchPredicate(const std::optional<Foundation::Predicate> &predicate);
+    // A second form of the search, as a condition to bind to, which nothing here evaluates.
+    Q_INVOKABLE void doSearch(const Foundation::ActionSender &sender);
+
+    // Do nothing; targets for interface files. The order of the list is that of its sort descriptors.
+    Q_INVOKABLE void sortByCategory(const Foundation::ActionSender &) {}
+    Q_INVOKABLE void sortByName(const Foundation::ActionSender &) {}
+    Q_INVOKABLE void scrollListViewToBottom(const Foundation::ActionSender &sender);
 
     // Fresh constants for bindings.
     bool falseValue() const { return false; }
@@ -74,7 +102,10 @@ public:
     bool lastDataCanBeRead() const override;
     QString autosavingFileType() const override;
 
-    QList<QObject *> responders() override { return {&m_recordCommands, this}; }
+    QList<QObject *> responders() override
+    {
+        return {&m_recordCommands, &m_categoryCommands, &m_labelCommands, &m_records, this};
+    }
     bool validateMenuItem(Foundation::MenuItem &item) override;
 
     bool isDecrypted() const override { return VLCryptoDoc::isDecrypted(); }
@@ -84,18 +115,29 @@ public:
 Q_SIGNALS:
     void myLabelDictionaryChanged();
     void selectedViewChanged();
+    void searchTextChanged();
+    void searchPredicateChanged();
 
 private:
     Foundation::Value myLabelDictionaryValue() const { return state().myLabelDictionary; }
 
-    void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered) override;
-    void scrollRowToVisible(qsizetype row) override;
-    void redrawColumn(const QString &identifier) override;
+    BrowseWindow *browseWindow() override { return myWindow(); }
+    void documentPassword() override;
+    void showSearchInfoView(bool shown) override;
 
     VLColoredCategoryArrayController m_categories;
     FilteringArrayController m_records;
     Foundation::ArrayController m_allRecords;
+    Foundation::ArrayController m_categoriesForMenu;
     RecordCommands m_recordCommands;
+    CategoryCommands m_categoryCommands;
+    LabelCommands m_labelCommands;
+    VLCategoryEditFieldDelegate m_categoryEditFieldDelegate;
     int m_selectedView = ViewMode;
     QString m_categoryString = QStringLiteral("");
+    QString m_searchText;
+    QString m_searchCategory;
+    std::optional<Foundation::Predicate> m_searchPredicate;
+    // The room of the strip that tells of filters is taken.
+    bool m_prevFilterInaction = false;
 };

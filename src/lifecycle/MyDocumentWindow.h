@@ -1,16 +1,14 @@
 #pragma once
 
-#include "foundation/DocumentWindow.h"
+#include "browse/BrowseWindow.h"
 
 // What the address book's document asks of its window beyond any document's.
-class MyDocumentWindow : public Foundation::DocumentWindow
+class MyDocumentWindow : public BrowseWindow
 {
 public:
     // The spinner beside the password field. Must be seen at once: the work behind it blocks the event loop.
     virtual void setDecryptProgressShown(bool shown) = 0;
     virtual void clearPasswordToDecryptField() = 0;
-    // Of the record table. A row that is not there is ignored.
-    virtual void scrollRowToVisible(qsizetype row) = 0;
-    // Identifiers are those of the interface file: "category" and "name".
-    virtual void redrawColumn(const QString &identifier) = 0;
+    // The strip above the list that tells which filter is in force.
+    virtual void setSearchInfoShown(bool shown) = 0;
 };

@@ -1,6 +1,13 @@
 #include "shell/MyAppDelegate.h"
 
 #include "foundation/UserDefaults.h"
+#include "helpers/HelperTransformers.h"
+
+MyAppDelegate::MyAppDelegate(QObject *parent)
+    : QObject(parent)
+{
+    installApplicationTransformers();
+}
 
 QVariantHash MyAppDelegate::registeredDefaults()
 {

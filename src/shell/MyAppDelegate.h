@@ -9,7 +9,8 @@ class MyAppDelegate : public QObject
     Q_OBJECT
 
 public:
-    using QObject::QObject;
+    // Installs the named transformers that interface files bind through.
+    explicit MyAppDelegate(QObject *parent = nullptr);
 
     // Registers the settings' defaults. Must run before anything reads a setting.
     static void initialize();
