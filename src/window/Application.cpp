@@ -2,7 +2,6 @@
 
 #include "helpers/HelperTransformers.h"
 #include "helpers/VLAppSupportUtility.h"
-#include "shell/MyAppDelegate.h"
 #include "window/FilePanels.h"
 #include "window/InterfaceTransformers.h"
 
@@ -44,6 +43,7 @@ Application::Application()
     QApplication::setQuitOnLastWindowClosed(false);
     Services::shared().setWorkspace(&m_workspace);
     Services::shared().setModalAlerts(&m_modalAlerts);
+    Services::shared().setImageReader(&m_imageReader);
     connect(&m_documents, &DocumentController::documentAdded, this, &Application::makeWindow);
     connect(&m_documents, &DocumentController::documentClosed, this, &Application::quitWithoutDocuments);
 }
@@ -55,6 +55,7 @@ Application::~Application()
         delete window.data();
     Services::shared().setWorkspace(nullptr);
     Services::shared().setModalAlerts(nullptr);
+    Services::shared().setImageReader(nullptr);
 }
 
 void Application::start(const QStringList &paths)

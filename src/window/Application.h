@@ -1,7 +1,9 @@
 #pragma once
 
 #include "foundation/DocumentController.h"
+#include "shell/MyAppDelegate.h"
 #include "window/AlertDialog.h"
+#include "window/DesktopImageReader.h"
 #include "window/DesktopWorkspace.h"
 #include "window/DocumentWindowController.h"
 
@@ -38,6 +40,8 @@ private:
 
     DesktopWorkspace m_workspace;
     ModalAlerts m_modalAlerts;
+    DesktopImageReader m_imageReader;
+    MyAppDelegate m_delegate;
     Foundation::DocumentController m_documents;
     QList<QPointer<DocumentWindowController>> m_windows;
     QPointer<QFileDialog> m_openPanel;

@@ -2,6 +2,7 @@
 
 #include "window/ControlAccess.h"
 #include "window/InterfaceProperties.h"
+#include "window/SearchField.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -199,6 +200,8 @@ void Binder::bindAction(QWidget *control)
         connect(button, &QPushButton::clicked, this, send);
     else if (auto *box = qobject_cast<QCheckBox *>(control))
         connect(box, &QCheckBox::clicked, this, send);
+    else if (auto *search = qobject_cast<SearchField *>(control))
+        connect(search, &QLineEdit::textChanged, this, send); // By then its value is written.
     else if (auto *line = qobject_cast<QLineEdit *>(control))
         connect(line, &QLineEdit::returnPressed, this, send);
     else if (auto *popUp = qobject_cast<QComboBox *>(control))

@@ -77,6 +77,11 @@ void DocumentWindowController::setUpControls()
     m_ui->mySplitView->setStretchFactor(1, 1);
     m_ui->mySplitView->setSizes({UsualListWidth, UsualSize.width() - UsualListWidth});
     m_ui->myTableView->setRecords(m_document->myArrayController());
+    m_filterControls = std::make_unique<FilterControls>(
+        m_document->myArrayController(), m_dispatcher, *m_document,
+        FilterControls::Controls{m_ui->modernToolbar, m_ui->myActionPopup, m_ui->searchField});
+    connect(m_ui->searchField, &SearchField::left, m_ui->myTableView,
+            [this] { m_ui->myTableView->setFocus(); });
     new RecordCard(m_document->myArrayController(),
                    {m_ui->recordName, m_ui->recordSubtitle, m_ui->categoryView}, &m_window);
     m_binder.bind(&m_window);
@@ -94,13 +99,21 @@ void DocumentWindowController::followDocument()
     connect(m_document, &MyDocument::selectedViewChanged, this, &DocumentWindowController::keepFocusInSight);
     connect(&m_document->recordCommands(), &RecordCommands::recordAdded, this,
             &DocumentWindowController::prepareForTyping);
-    const auto updateHint = [this] {
-        m_ui->noSelectionHint->setText(m_document->myArrayController()->arrangedObjects().empty()
-                                           ? tr("Press Add to make your first contact")
-                                           : tr("Select a contact in the list to see it here"));
-    };
-    connect(m_document->myArrayController(), &ArrayController::arrangedObjectsChanged, this, updateHint);
-    updateHint();
+    connect(m_document->myArrayController(), &ArrayController::arrangedObjectsChanged, this,
+            &DocumentWindowController::updateHints);
+    updateHints();
+}
+
+void DocumentWindowController::updateHints()
+{
+    FilteringArrayController *records = m_document->myArrayController();
+    const bool isFiltered = records->filterInAction();
+    m_ui->myTableView->setEmptyHint(isFiltered ? tr("No contact matches") : tr("No contacts yet"));
+    if (!records->arrangedObjects().empty())
+        m_ui->noSelectionHint->setText(tr("Select a contact in the list to see it here"));
+    else
+        m_ui->noSelectionHint->setText(isFiltered ? tr("Show all contacts or search for something else")
+                                                  : tr("Press Add to make your first contact"));
 }
 
 void DocumentWindowController::followItems()
@@ -318,6 +331,37 @@ void DocumentWindowController::scrollRowToVisible(qsizetype row)
 void DocumentWindowController::redrawColumn(const QString &identifier)
 {
     m_ui->myTableView->redrawColumn(identifier);
+}
+
+void DocumentWindowController::redrawCategoryViews()
+{
+    m_ui->categoryView->update();
+}
+
+void DocumentWindowController::redrawCategoryTable() {}
+
+void DocumentWindowController::scrollCategoryViewToBottom() {}
+
+void DocumentWindowController::scrollListViewToBottom()
+{
+    m_ui->myTableView->scrollToBottom();
+}
+
+void DocumentWindowController::attachCategoryMenu()
+{
+    m_ui->viewMenu->insertMenu(m_ui->editModeItem, &m_filterControls->categoryMenu());
+}
+
+void DocumentWindowController::setSearchInfoShown(bool shown)
+{
+    m_ui->grayStatusView->setVisible(shown);
+}
+
+void DocumentWindowController::find(const ActionSender &)
+{
+    setToolbarVisible(true);
+    m_ui->searchField->setFocus(Qt::ShortcutFocusReason);
+    m_ui->searchField->selectAll();
 }
 
 bool DocumentWindowController::validateMenuItem(Foundation::MenuItem &item)

@@ -4,6 +4,7 @@
 #include "window/ActionDispatcher.h"
 #include "window/Binder.h"
 #include "window/DocumentMainWindow.h"
+#include "window/FilterControls.h"
 #include "window/MenuItemValidator.h"
 #include "window/SavePanel.h"
 #include "window/SheetQueue.h"
@@ -56,15 +57,25 @@ public:
     void clearPasswordToDecryptField() override;
     void scrollRowToVisible(qsizetype row) override;
     void redrawColumn(const QString &identifier) override;
+    void redrawCategoryViews() override;
+    void redrawCategoryTable() override;
+    void scrollCategoryViewToBottom() override;
+    void scrollListViewToBottom() override;
+    PopUpMenu &actionPopUp() override { return *m_filterControls; }
+    void attachCategoryMenu() override;
+    void setSearchInfoShown(bool shown) override;
 
     bool validateMenuItem(Foundation::MenuItem &item) override;
     Q_INVOKABLE void toggleToolbarShown(const Foundation::ActionSender &sender);
+    // Goes to the search field, and shows the toolbar for it.
+    Q_INVOKABLE void find(const Foundation::ActionSender &sender);
 
 private:
     QList<QObject *> responders(const QString &action);
     void setUpControls();
     void followDocument();
     void followItems();
+    void updateHints();
     void updateTitle();
     void updateUndoTitles();
     void showFace();
@@ -81,6 +92,7 @@ private:
     ActionDispatcher m_dispatcher;
     Binder m_binder;
     std::unique_ptr<TextCommands> m_textCommands;
+    std::unique_ptr<FilterControls> m_filterControls;
     SheetQueue m_sheets;
     SavePanel m_savePanel;
     bool m_takesUsualSizeAtDecrypt = false;

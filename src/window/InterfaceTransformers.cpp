@@ -12,6 +12,7 @@ namespace
 class WithoutTrailingColon : public ValueTransformer
 {
 public:
+    ValueClass transformedValueClass() const override { return ValueClass::String; }
     Value transformedValue(const Value &value) const override
     {
         const QString caption = value.stringValue();

@@ -102,6 +102,12 @@ void RecordTable::redrawColumn(const QString &identifier)
     m_model->redrawColumn(RecordTableModel::columnWithIdentifier(identifier));
 }
 
+void RecordTable::setEmptyHint(const QString &hint)
+{
+    m_emptyHint = hint;
+    viewport()->update();
+}
+
 void RecordTable::scrollRowToVisible(qsizetype row)
 {
     if (row >= 0 && row < m_model->rowCount())
@@ -162,5 +168,5 @@ void RecordTable::paintEvent(QPaintEvent *event)
     QPainter painter(viewport());
     painter.setPen(quietTextColor(palette()));
     painter.drawText(viewport()->rect().adjusted(16, 16, -16, -16), int(Qt::AlignCenter) | Qt::TextWordWrap,
-                     tr("No contacts yet"));
+                     m_emptyHint);
 }

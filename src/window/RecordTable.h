@@ -16,6 +16,8 @@ public:
     // Not owned; must outlive the table.
     void setRecords(Foundation::ArrayController *records);
     void redrawColumn(const QString &identifier);
+    // What an empty list says.
+    void setEmptyHint(const QString &hint);
     // A row that is not there is ignored.
     void scrollRowToVisible(qsizetype row);
 
@@ -32,4 +34,5 @@ private:
     bool m_isShowingSelection = false;
     bool m_isTakingSelection = false;
     int m_scrollPosition = 0;
+    QString m_emptyHint;
 };

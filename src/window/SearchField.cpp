@@ -1,0 +1,29 @@
+#include "window/SearchField.h"
+
+#include "window/SymbolIcon.h"
+
+#include <QAction>
+#include <QKeyEvent>
+
+SearchField::SearchField(QWidget *parent)
+    : QLineEdit(parent)
+{
+    setClearButtonEnabled(true);
+    addAction(symbolIcon(QStringLiteral("search")), LeadingPosition);
+}
+
+void SearchField::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        clear();
+        return;
+    case Qt::Key_Down:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Q_EMIT left();
+        return;
+    default:
+        QLineEdit::keyPressEvent(event);
+    }
+}
