@@ -77,14 +77,23 @@ void DocumentWindowController::setUpControls()
     m_ui->mySplitView->setStretchFactor(1, 1);
     m_ui->mySplitView->setSizes({UsualListWidth, UsualSize.width() - UsualListWidth});
     m_ui->myTableView->setRecords(m_document->myArrayController());
-    m_filterControls = std::make_unique<FilterControls>(
-        m_document->myArrayController(), m_dispatcher, *m_document,
-        FilterControls::Controls{m_ui->modernToolbar, m_ui->myActionPopup, m_ui->searchField});
+    m_categoryFilter = std::make_unique<CategoryFilter>(m_document->myArrayController(), m_dispatcher,
+                                                        *m_document, m_ui->myActionPopup);
+    orderToolbar();
     connect(m_ui->searchField, &SearchField::left, m_ui->myTableView,
             [this] { m_ui->myTableView->setFocus(); });
     new RecordCard(m_document->myArrayController(),
                    {m_ui->recordName, m_ui->recordSubtitle, m_ui->categoryView}, &m_window);
     m_binder.bind(&m_window);
+}
+
+void DocumentWindowController::orderToolbar()
+{
+    // Interface files put widgets before items.
+    QToolBar *toolbar = m_ui->modernToolbar;
+    QAction *filters = toolbar->actions().first();
+    toolbar->removeAction(filters);
+    toolbar->addAction(filters);
 }
 
 void DocumentWindowController::followDocument()
@@ -349,7 +358,7 @@ void DocumentWindowController::scrollListViewToBottom()
 
 void DocumentWindowController::attachCategoryMenu()
 {
-    m_ui->viewMenu->insertMenu(m_ui->editModeItem, &m_filterControls->categoryMenu());
+    m_ui->viewMenu->insertMenu(m_ui->editModeItem, &m_categoryFilter->categoryMenu());
 }
 
 void DocumentWindowController::setSearchInfoShown(bool shown)

@@ -3,8 +3,8 @@
 #include "lifecycle/MyDocument.h"
 #include "window/ActionDispatcher.h"
 #include "window/Binder.h"
+#include "window/CategoryFilter.h"
 #include "window/DocumentMainWindow.h"
-#include "window/FilterControls.h"
 #include "window/MenuItemValidator.h"
 #include "window/SavePanel.h"
 #include "window/SheetQueue.h"
@@ -61,7 +61,7 @@ public:
     void redrawCategoryTable() override;
     void scrollCategoryViewToBottom() override;
     void scrollListViewToBottom() override;
-    PopUpMenu &actionPopUp() override { return *m_filterControls; }
+    PopUpMenu &actionPopUp() override { return *m_categoryFilter; }
     void attachCategoryMenu() override;
     void setSearchInfoShown(bool shown) override;
 
@@ -73,6 +73,7 @@ public:
 private:
     QList<QObject *> responders(const QString &action);
     void setUpControls();
+    void orderToolbar();
     void followDocument();
     void followItems();
     void updateHints();
@@ -92,7 +93,7 @@ private:
     ActionDispatcher m_dispatcher;
     Binder m_binder;
     std::unique_ptr<TextCommands> m_textCommands;
-    std::unique_ptr<FilterControls> m_filterControls;
+    std::unique_ptr<CategoryFilter> m_categoryFilter;
     SheetQueue m_sheets;
     SavePanel m_savePanel;
     bool m_takesUsualSizeAtDecrypt = false;

@@ -25,24 +25,6 @@ const QString sample = QStringLiteral(VEXAREL_TEST_DATA "/documents/");
 class DocumentWindowTest : public WindowTest
 {
 protected:
-    QStringList names() const
-    {
-        QStringList names;
-        const auto *model = control<RecordTable>("myTableView")->model();
-        for (int row = 0; row < model->rowCount(); ++row)
-            names.append(model->index(row, RecordTableModel::NameColumn).data().toString());
-        return names;
-    }
-    // With the keys alone.
-    void addContact(const QString &firstName, const QString &lastName)
-    {
-        press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
-        ASSERT_EQ(QApplication::focusWidget(), control<QLineEdit>("firstName"));
-        type(firstName);
-        press(Qt::Key_Tab);
-        press(Qt::Key_A, Qt::ControlModifier);
-        type(lastName);
-    }
     // A saved document of that many contacts with a free-text name.
     void makeSavedDocument(const QStringList &firstNames)
     {

@@ -1,5 +1,7 @@
 #include "window/WindowTest.h"
 
+#include "window/RecordTable.h"
+
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLabel>
@@ -107,6 +109,25 @@ void WindowTest::makeProtectedDocument()
     ASSERT_EQ(nextAlert().value(0), QStringLiteral("Password accepted"));
     press(Qt::Key_Return);
     ASSERT_TRUE(windowIsActive());
+}
+
+QStringList WindowTest::names() const
+{
+    QStringList names;
+    const auto *model = control<RecordTable>("myTableView")->model();
+    for (int row = 0; row < model->rowCount(); ++row)
+        names.append(model->index(row, RecordTableModel::NameColumn).data().toString());
+    return names;
+}
+
+void WindowTest::addContact(const QString &firstName, const QString &lastName) const
+{
+    press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    ASSERT_EQ(QApplication::focusWidget(), control<QLineEdit>("firstName"));
+    type(firstName);
+    press(Qt::Key_Tab);
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(lastName);
 }
 
 void WindowTest::chooseNextPath(const QString &path)

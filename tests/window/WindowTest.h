@@ -49,6 +49,10 @@ protected:
     // A new document that has taken its password.
     void makeProtectedDocument();
     QString pathOf(const QString &name) const { return folder.filePath(name); }
+    // Of the list, from top to bottom.
+    QStringList names() const;
+    // With the keys alone.
+    void addContact(const QString &firstName, const QString &lastName) const;
     // The next save goes to that path without a panel.
     void chooseNextPath(const QString &path);
     void openDocument(const QString &path);

@@ -36,6 +36,8 @@ void Journey::makeDocument()
     addContacts();
     chooseCategories();
     readContacts();
+    filterContacts();
+    duplicateAndUndo();
     saveAndQuit();
 }
 
@@ -149,6 +151,8 @@ void Journey::chooseCategories()
     popUp->setFocus();
     m_stage.press(Qt::Key_End);
     m_stage.takePicture(QStringLiteral("categories"));
+    // The pop-up of the toolbar follows when the sheet of categories closes.
+    m_stage.document()->categoryCommands().synkCategorySubMenu({});
 }
 
 void Journey::readContacts()
@@ -162,6 +166,45 @@ void Journey::readContacts()
                        QStringLiteral("the detail is in view mode"));
         m_stage.takePicture(QStringLiteral("contact-%1").arg(row + 1));
     }
+}
+
+void Journey::filterContacts()
+{
+    m_stage.step(QStringLiteral("Contacts are searched for and shown by category"));
+    const auto expectNames = [this](const QStringList &names) {
+        m_stage.expect(namesInList() == names, QStringLiteral("the list shows ") + names.join(u", "));
+    };
+    m_stage.press(Qt::Key_F, Qt::ControlModifier);
+    m_stage.type(QStringLiteral("blue GLAZE"));
+    expectNames({QStringLiteral("Zoë Åström")});
+    m_stage.takePicture(QStringLiteral("found"));
+    auto *popUp = m_stage.control<QComboBox>(QStringLiteral("myActionPopup"));
+    popUp->setFocus();
+    m_stage.press(Qt::Key_Space);
+    m_stage.takePicture(QStringLiteral("categories-to-show"));
+    m_stage.press(Qt::Key_End);
+    m_stage.press(Qt::Key_Return);
+    expectNames({});
+    m_stage.takePicture(QStringLiteral("nothing-found"));
+    m_stage.press(Qt::Key_F, Qt::ControlModifier);
+    m_stage.press(Qt::Key_Escape);
+    expectNames({QStringLiteral("Борис Кант")});
+    m_stage.takePicture(QStringLiteral("one-category"));
+    m_stage.click(m_stage.control<QPushButton>(QStringLiteral("showAllButton")));
+    m_stage.expect(namesInList().size() == 3, QStringLiteral("all contacts are shown again"));
+}
+
+void Journey::duplicateAndUndo()
+{
+    m_stage.step(QStringLiteral("A contact is copied"));
+    selectRow(0);
+    m_stage.press(Qt::Key_D, Qt::ControlModifier);
+    m_stage.expect(namesInList().mid(0, 2) ==
+                       QStringList({QStringLiteral("Zoë Åström"), QStringLiteral("Zoë Åström")}),
+                   QStringLiteral("the copy stands behind the contact"));
+    m_stage.takePicture(QStringLiteral("copied"));
+    m_stage.press(Qt::Key_Z, Qt::ControlModifier);
+    m_stage.expect(namesInList().size() == 3, QStringLiteral("the copy is gone"));
 }
 
 void Journey::saveAndQuit()

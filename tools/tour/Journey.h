@@ -22,6 +22,8 @@ private:
     void addContacts();
     void chooseCategories();
     void readContacts();
+    void filterContacts();
+    void duplicateAndUndo();
     void saveAndQuit();
     void unlock();
     void checkContent();
