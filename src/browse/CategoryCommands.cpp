@@ -54,7 +54,7 @@ void CategoryCommands::scrollCategoryViewToBottom(const ActionSender &)
 
 void CategoryCommands::addNewCategory(const ActionSender &sender)
 {
-    m_categories.addDefault();
+    m_categories.addDefault(sender);
     m_host.updateChangeCount(0);
     // Behind the current event: the table has its new row then.
     Services::shared().mainQueue().addOperation([commands = QPointer(this), sender] {

@@ -11,7 +11,8 @@ VLColoredCategoryArrayController::Object VLColoredCategoryArrayController::newOb
     return newCategoryRecord(unusedCategoryNameWithPostfix(QStringLiteral("Generic")), newUniqueID());
 }
 
-VLColoredCategoryArrayController::Object VLColoredCategoryArrayController::addDefault()
+VLColoredCategoryArrayController::Object
+VLColoredCategoryArrayController::addDefault(const Foundation::ActionSender &)
 {
     Object category = newObject();
     addObject(category);

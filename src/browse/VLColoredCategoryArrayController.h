@@ -16,7 +16,8 @@ public:
 
     // A category named "Generic" or the like, in mid grey, not yet in the list.
     Object newObject() override;
-    Object addDefault();
+    // Both give back what they have put into the list.
+    Object addDefault(const Foundation::ActionSender &sender);
     Object addWithName(const QString &name);
 
     // The first category with exactly that name, or null.

@@ -73,6 +73,8 @@ public:
     Value valueForSelection(QStringView keyPath, bool *isMixed = nullptr) const;
     // Sets a value of every selected object and tells the views.
     void setValueForSelection(const Key &key, const Value &value);
+    // Nothing ever waits to be taken over: fields write at every keystroke.
+    bool commitEditing() const { return true; }
     // Tells the views that something in the object has changed.
     void noteChange(const Object &object);
 

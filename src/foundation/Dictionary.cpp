@@ -43,7 +43,8 @@ void Dictionary::setValue(const Key &key, Value value)
         return;
     }
     if (index != Absent) {
-        m_entries[index].value = std::move(value);
+        // The former value may be the last owner of this dictionary: it goes at the very end.
+        m_entries[index].value.swap(value);
         stampChange();
         return;
     }

@@ -79,6 +79,18 @@ void MyDocument::switchViewEditMode(const ActionSender &)
     setSelectedView(m_selectedView == EditMode ? ViewMode : EditMode);
 }
 
+void MyDocument::setCategoryString(const QString &category)
+{
+    m_categoryString = category;
+    Q_EMIT categoryStringChanged();
+}
+
+void MyDocument::setSearchCategory(const QString &category)
+{
+    m_searchCategory = category;
+    Q_EMIT searchCategoryChanged();
+}
+
 void MyDocument::setSearchText(const QString &text)
 {
     m_searchText = text;

@@ -19,7 +19,11 @@ class MyDocument : public VLCryptoDoc, public DocumentProperties, private Browse
         VLColoredCategoryArrayController *myCategoryArrayController READ myCategoryArrayController CONSTANT)
     Q_PROPERTY(Foundation::ArrayController *categoryArrayControllerForMenu READ categoryArrayControllerForMenu
                    CONSTANT)
+    Q_PROPERTY(
+        QString categoryString READ categoryString WRITE setCategoryString NOTIFY categoryStringChanged)
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
+    Q_PROPERTY(
+        QString searchCategory READ searchCategory WRITE setSearchCategory NOTIFY searchCategoryChanged)
     Q_PROPERTY(
         Foundation::Value myLabelDictionary READ myLabelDictionaryValue NOTIFY myLabelDictionaryChanged)
     Q_PROPERTY(int selectedView READ selectedView WRITE setSelectedView NOTIFY selectedViewChanged)
@@ -63,14 +67,14 @@ public:
 
     // What the category filter shows, for the menus' check marks; empty for all.
     const QString &categoryString() const { return m_categoryString; }
-    void setCategoryString(const QString &category) override { m_categoryString = category; }
+    void setCategoryString(const QString &category) override;
 
     // The search field's content; the list searches for it when it is told to.
     QString searchText() const override { return m_searchText; }
     void setSearchText(const QString &text) override;
     // Kept for interfaces; the list filters by itself.
     const QString &searchCategory() const { return m_searchCategory; }
-    void setSearchCategory(const QString &category) { m_searchCategory = category; }
+    void setSearchCategory(const QString &category);
     // Nothing unless doSearch() found a text to search for.
     const std::optional<Foundation::Predicate> &searchPredicate() const { return m_searchPredicate; }
     void setSearchPredicate(const std::optional<Foundation::Predicate> &predicate);
@@ -115,7 +119,9 @@ public:
 Q_SIGNALS:
     void myLabelDictionaryChanged();
     void selectedViewChanged();
+    void categoryStringChanged();
     void searchTextChanged();
+    void searchCategoryChanged();
     void searchPredicateChanged();
 
 private:

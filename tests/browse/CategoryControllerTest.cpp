@@ -22,8 +22,8 @@ qint64 idOf(const VLColoredCategoryArrayController::Object &category)
 TEST(CategoryController, NamesAndIdsAreTheFirstFreeOnes)
 {
     VLColoredCategoryArrayController categories;
-    const auto first = categories.addDefault();
-    const auto second = categories.addDefault();
+    const auto first = categories.addDefault({});
+    const auto second = categories.addDefault({});
     const auto third = categories.addWithName(QStringLiteral("generic"));
     EXPECT_EQ(nameOf(first), u"Generic");
     EXPECT_EQ(idOf(first), 1);
@@ -31,7 +31,7 @@ TEST(CategoryController, NamesAndIdsAreTheFirstFreeOnes)
     EXPECT_EQ(idOf(second), 2);
     EXPECT_EQ(idOf(third), 3);
     categories.removeObject(second);
-    const auto again = categories.addDefault(); // The freed name and id are given again.
+    const auto again = categories.addDefault({}); // The freed name and id are given again.
     EXPECT_EQ(nameOf(again), u"Generic 1");
     EXPECT_EQ(idOf(again), 2);
     EXPECT_EQ(categories.getLastCategory(), again);
@@ -77,7 +77,7 @@ TEST(CategoryController, ANewCategoryHasExactlyItsSixKeys)
 TEST(CategoryController, CountsMoveOnlyForCategoriesOfTheList)
 {
     VLColoredCategoryArrayController categories;
-    const auto category = categories.addDefault();
+    const auto category = categories.addDefault({});
     const auto stranger = categories.newObject();
     EXPECT_TRUE(categories.incrementObj(category, 3));
     EXPECT_FALSE(categories.incrementObj(stranger, 3));

@@ -26,7 +26,7 @@ protected:
     BinderTest()
     {
         registerInterfaceTransformers();
-        document.myCategoryArrayController()->addDefault();
+        document.myCategoryArrayController()->addDefault({});
         for (const QString &name : {QStringLiteral("Ada"), QStringLiteral("Eve")}) {
             const auto record = document.myArrayController()->newObject();
             record->setValue(RecordKey::firstName, name);

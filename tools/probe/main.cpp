@@ -134,7 +134,7 @@ int save(const QString &path, const QString &passwordPath)
     const bool isNew = !QFileInfo::exists(path);
     if (isNew) {
         document.setPlainPassword(password);
-        document.myCategoryArrayController()->addDefault();
+        document.myCategoryArrayController()->addDefault({});
     } else if (!document.readFromFile(path, &reason)) {
         return sayNotSaved(reason);
     } else if (unlock(document, password) != DecryptSuccess) {

@@ -1,0 +1,156 @@
+#include "foundation/ColorPanel.h"
+#include "support/DocumentFixture.h"
+
+#include <QMetaProperty>
+
+using Foundation::ActionSender;
+using Foundation::ColorPanel;
+
+namespace
+{
+
+class BrowsingSurfaceTest : public DocumentFixture
+{
+protected:
+    // What a control of an interface file does.
+    void send(const char *action)
+    {
+        EXPECT_TRUE(Foundation::sendAction(document->responders(), QString::fromLatin1(action), {}))
+            << action;
+    }
+};
+
+// Interface files name them, and old ones may name those that nothing here calls.
+TEST_F(BrowsingSurfaceTest, EveryNameIsThere)
+{
+    newProtectedDocument();
+    for (const char *action :
+         {// records
+          "addRow", "duplicateRow", "deleteRow", "deleteRows", "remove", "search", "doSearch",
+          "askToInsertPasswordBeforeAddingData", "isACompanySwitched", "deleteContact", "recordEdited",
+          "sortByCategory", "sortByName", "scrollListViewToBottom",
+          // categories
+          "editCategoriesSheet", "closeCategoriesSheet", "scrollCategoryViewToBottom", "addNewCategory",
+          "removeCategory", "categoryWasSet", "doSelectCatMenu", "showAllCategory",
+          "showOnlySpecificCategory", "showAllAndResetFilter", "colorChanged", "synkCategorySubMenu",
+          "setUpCategorySubMenu",
+          // captions
+          "editLabelSheet", "closeLabelSheet", "setDefaultDictionaryLabel"})
+        EXPECT_TRUE(Foundation::responderForAction(document->responders(), QString::fromLatin1(action)))
+            << action;
+
+    const struct
+    {
+        const QObject *object;
+        std::vector<const char *> properties;
+    } observables[] = {
+        {document.get(),
+         {"myArrayController", "myCategoryArrayController", "categoryArrayControllerForMenu",
+          "myLabelDictionary", "searchText", "searchCategory", "categoryString"}},
+        {document->myArrayController(),
+         {"categoryString", "searchString", "usedFilterDisplay", "filterInAction", "canRemove"}},
+    };
+    for (const auto &[object, properties] : observables) {
+        for (const char *name : properties) {
+            const QMetaObject &meta = *object->metaObject();
+            const QMetaProperty property = meta.property(meta.indexOfProperty(name));
+            EXPECT_TRUE(property.isReadable()) << name;
+            EXPECT_TRUE(property.hasNotifySignal() || property.isConstant()) << name;
+        }
+    }
+
+    // What has no caller here is called here.
+    VLColoredCategoryArrayController &categories = *document->myCategoryArrayController();
+    const auto category = categories.addDefault({});
+    EXPECT_TRUE(categories.incrementObj(category, 2));
+    EXPECT_EQ(categories.getCategoryWithUniqueID(2), category);
+    EXPECT_EQ(category->value(CategoryKey::cat_howManyUsingThis).intValue(), 2);
+    EXPECT_EQ(
+        categories.VLCategoryArrayController::newObject()->value(CategoryKey::cat_category).stringValue(),
+        u"Untitled");
+    EXPECT_TRUE(document->myArrayController()->commitEditing());
+}
+
+TEST_F(BrowsingSurfaceTest, TheSecondFormOfTheSearchIsAConditionToBindTo)
+{
+    newProtectedDocument();
+    document->setSearchText(QStringLiteral("Zoë"));
+    send("doSearch");
+    ASSERT_TRUE(document->searchPredicate());
+    EXPECT_EQ(document->searchPredicate()->predicateFormat(),
+              u"(name CONTAINS[cd] \"Zoë\" OR category CONTAINS[cd] \"Zoë\")");
+    const auto record = Foundation::Dictionary::create();
+    EXPECT_FALSE(document->searchPredicate()->evaluate(*record));
+    record->setValue(u"category", QStringLiteral("my ZOE"));
+    EXPECT_TRUE(document->searchPredicate()->evaluate(*record));
+    for (const QString &nothing : {QString(), QStringLiteral("")}) {
+        document->setSearchText(nothing);
+        send("doSearch");
+        EXPECT_FALSE(document->searchPredicate());
+    }
+}
+
+TEST_F(BrowsingSurfaceTest, TheStripFollowsTheFilterAndTheFilterSurvivesALock)
+{
+    newProtectedDocument();
+    send("addRow");
+    send("addRow");
+    typeNote(QStringLiteral("tea"));
+    EXPECT_EQ(window->searchInfoShown, QList<bool>{false});
+    document->setSearchText(QStringLiteral("TEA"));
+    send("search");
+    EXPECT_EQ(window->searchInfoShown, (QList<bool>{false, true})) << "once, however often it is asked for";
+    const auto file = document->dataOfType({});
+    QString reason;
+    ASSERT_TRUE(file && document->readFromData(*file, {}, &reason));
+    submit(password);
+    EXPECT_EQ(document->myArrayController()->arrangedObjects().size(), 1U);
+    send("showAllAndResetFilter");
+    EXPECT_EQ(document->searchText(), u"");
+    EXPECT_EQ(document->myArrayController()->arrangedObjects().size(), 2U);
+    EXPECT_EQ(window->searchInfoShown, (QList<bool>{false, true, false}));
+}
+
+TEST_F(BrowsingSurfaceTest, AColourChosenAnywhereMarksEveryDocument)
+{
+    newProtectedDocument();
+    send("addRow");
+    QString reason;
+    ASSERT_TRUE(document->writeToFile(pathOf("a.vexcards"), &reason));
+    const auto first = std::move(document);
+    const auto firstWindow = std::move(window);
+    ASSERT_TRUE(open(pathOf("a.vexcards")));
+    ASSERT_TRUE(document->isEncrypted());
+    ASSERT_FALSE(first->isDocumentEdited() || document->isDocumentEdited());
+    ColorPanel::shared().setColor({0.1, 0.2, 0.3});
+    EXPECT_TRUE(first->isDocumentEdited());
+    EXPECT_TRUE(document->isDocumentEdited());
+    EXPECT_EQ(window->redrawn, (QStringList{QStringLiteral("category"), QStringLiteral("categoryTable")}));
+}
+
+TEST_F(BrowsingSurfaceTest, EachDocumentKeepsItsOwnCaptions)
+{
+    newProtectedDocument();
+    const QString usual = document->myLabelDictionary()->value(RecordKey::pager).stringValue();
+    EXPECT_FALSE(usual.isEmpty());
+    document->updateChangeCount(Foundation::Document::ChangeCleared);
+    send("editLabelSheet");
+    EXPECT_EQ(window->sheet(), LabelCommands::LabelSheet);
+    send("closeLabelSheet");
+    EXPECT_TRUE(window->sheet().isNull());
+    EXPECT_TRUE(document->isDocumentEdited()) << "even if no caption was touched";
+
+    document->myLabelDictionary()->setValue(RecordKey::pager, QStringLiteral("Чат 💬"));
+    document->myLabelDictionary()->setValue(RecordKey::faxWork, QStringLiteral(""));
+    QString reason;
+    ASSERT_TRUE(document->writeToFile(pathOf("captions.vexcards"), &reason));
+    newProtectedDocument();
+    EXPECT_EQ(document->myLabelDictionary()->value(RecordKey::pager).stringValue(), usual);
+    ASSERT_TRUE(open(pathOf("captions.vexcards")));
+    submit(password);
+    EXPECT_EQ(document->myLabelDictionary()->value(RecordKey::pager).stringValue(), u"Чат 💬");
+    EXPECT_EQ(document->myLabelDictionary()->value(RecordKey::faxWork),
+              Foundation::Value(QStringLiteral("")));
+}
+
+} // namespace
