@@ -1,0 +1,152 @@
+#include "support/Printers.h"
+#include "window/SearchField.h"
+#include "window/StatusStrip.h"
+#include "window/WindowTest.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace
+{
+
+class BrowsingTest : public WindowTest
+{
+protected:
+    // Two contacts in two categories: new ones come into the last, "R&D", and the second is moved.
+    void makeTwoContacts()
+    {
+        makeProtectedDocument();
+        document()->myCategoryArrayController()->addWithName(QStringLiteral("R&D"));
+        document()->categoryCommands().synkCategorySubMenu({});
+        addContact(QStringLiteral("Zoë"), QStringLiteral("Åström"));
+        addContact(QStringLiteral("Борис"), QStringLiteral("Кант"));
+        auto *category = control<QComboBox>("category");
+        category->setFocus();
+        press(Qt::Key_Home);
+        press(Qt::Key_F2); // to view mode
+        ASSERT_EQ(QApplication::focusWidget(), list());
+    }
+    QWidget *list() const { return control<QWidget>("myTableView"); }
+    QString searched() const { return control<SearchField>("searchField")->text(); }
+    QString told() const { return control<QLabel>("usedFilter")->text().simplified(); }
+    bool isStripShown() const { return control<StatusStrip>("grayStatusView")->isVisible(); }
+    QToolButton *toolButton(const QString &title) const
+    {
+        for (QToolButton *button : control<QToolBar>("modernToolbar")->findChildren<QToolButton *>()) {
+            if (button->text() == title)
+                return button;
+        }
+        return nullptr;
+    }
+};
+
+const QString zoe = QStringLiteral("Zoë Åström");
+const QString boris = QStringLiteral("Борис Кант");
+
+TEST_F(BrowsingTest, SearchingByKeysNarrowsAtEveryLetter)
+{
+    makeTwoContacts();
+    EXPECT_FALSE(isStripShown());
+    press(Qt::Key_F, Qt::ControlModifier);
+    ASSERT_EQ(QApplication::focusWidget(), control<SearchField>("searchField"));
+    type(QStringLiteral("k"));
+    EXPECT_EQ(names(), QStringList());
+    EXPECT_TRUE(isStripShown());
+    EXPECT_EQ(told(), u"search string \"k\"");
+    EXPECT_EQ(control<QLabel>("noSelectionHint")->text(), u"Show all contacts or search for something else");
+    press(Qt::Key_Backspace);
+    type(QStringLiteral("ка"));
+    EXPECT_EQ(names(), QStringList{boris});
+    EXPECT_TRUE(document()->myArrayController()->canRemove()) << "what is found first is selected";
+    press(Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), list());
+
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(QStringLiteral("z"));
+    EXPECT_EQ(searched(), u"z") << "the former text was selected";
+    press(Qt::Key_Escape);
+    EXPECT_EQ(names(), (QStringList{zoe, boris}));
+    EXPECT_FALSE(isStripShown());
+    EXPECT_EQ(document()->searchText(), u"");
+}
+
+TEST_F(BrowsingTest, OneCategoryIsShownByPopUpMenuAndStrip)
+{
+    makeTwoContacts();
+    auto *popUp = control<QComboBox>("myActionPopup");
+    EXPECT_EQ(popUp->count(), 4);
+    EXPECT_EQ(popUp->currentText(), u"Show All");
+    popUp->setFocus();
+    press(Qt::Key_End);
+    EXPECT_EQ(popUp->currentText(), u"R&D");
+    EXPECT_EQ(names(), QStringList{zoe});
+    EXPECT_EQ(told(), u"category \"R&D\"");
+    press(Qt::Key_Home);
+    EXPECT_EQ(popUp->currentText(), u"Show All") << "the title above it is no choice";
+    EXPECT_EQ(names(), (QStringList{zoe, boris}));
+
+    auto *menu = window()->findChild<QMenu *>(QStringLiteral("viewMenu"));
+    QMenu *categories = nullptr;
+    for (QAction *item : menu->actions()) {
+        if (item->menu())
+            categories = item->menu();
+    }
+    ASSERT_TRUE(categories);
+    Q_EMIT categories->aboutToShow();
+    QStringList titles;
+    for (QAction *item : categories->actions())
+        titles.append(item->isSeparator() ? QStringLiteral("-") : item->text());
+    EXPECT_EQ(titles, (QStringList{QStringLiteral("Show All"), QStringLiteral("-"), QStringLiteral("Generic"),
+                                   QStringLiteral("R&&D")}));
+    EXPECT_TRUE(categories->actions().first()->isChecked());
+    categories->actions().last()->trigger();
+    EXPECT_EQ(names(), QStringList{zoe});
+    EXPECT_EQ(popUp->currentText(), u"R&D");
+
+    document()->setSearchText(QStringLiteral("z"));
+    EXPECT_EQ(searched(), u"z") << "the field follows the document";
+    QTest::mouseClick(control<QPushButton>("showAllButton"), Qt::LeftButton);
+    EXPECT_EQ(names(), (QStringList{zoe, boris}));
+    EXPECT_EQ(searched(), QString());
+    EXPECT_EQ(popUp->currentText(), u"Show All");
+    EXPECT_FALSE(isStripShown());
+}
+
+TEST_F(BrowsingTest, ACopyComesByButtonAndKeyAndGoesByUndo)
+{
+    makeTwoContacts();
+    press(Qt::Key_Home);
+    ASSERT_TRUE(toolButton(QStringLiteral("Duplicate")));
+    QTest::mouseClick(toolButton(QStringLiteral("Duplicate")), Qt::LeftButton);
+    EXPECT_EQ(names(), (QStringList{zoe, zoe, boris}));
+    EXPECT_EQ(document()->selectedView(), MyDocument::ViewMode);
+    press(Qt::Key_End);
+    press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(names(), (QStringList{zoe, zoe, boris, boris}));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(names(), (QStringList{zoe, boris}));
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(names().size(), 3);
+}
+
+TEST_F(BrowsingTest, TheSmallestWindowHasRoomForAllOfTheToolbar)
+{
+    makeTwoContacts();
+    window()->resize(window()->minimumSize());
+    runEvents();
+    const auto *toolbar = control<QToolBar>("modernToolbar");
+    const auto *field = control<SearchField>("searchField");
+    for (const QWidget *shown : std::initializer_list<const QWidget *>{
+             toolButton(QStringLiteral("Edit")), control<QComboBox>("myActionPopup"), field})
+        EXPECT_TRUE(shown->isVisible());
+    EXPECT_LE(field->mapTo(toolbar, field->rect().topRight()).x(), toolbar->width());
+    EXPECT_GE(field->width(), field->minimumWidth());
+}
+
+} // namespace
