@@ -29,7 +29,7 @@ const char *findBytes(const char *begin, const char *end, const std::string &nee
             const char *start = block + __builtin_ctz(candidates);
             if (start > lastStart)
                 return nullptr;
-            if (std::memcmp(start, needle.data(), length) == 0)
+            if (length <= 2 || std::memcmp(start + 1, needle.data() + 1, length - 2) == 0)
                 return start;
         }
     }

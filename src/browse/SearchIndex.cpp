@@ -18,6 +18,8 @@ namespace
 constexpr char TextEnd = char(0xFF);
 // What the first records tell of the room that all will take.
 constexpr std::size_t SampleSize = 1024;
+// How many candidates ahead the memory is told what will be read: they lie apart from one another.
+constexpr std::size_t LookAhead = 16;
 
 // Tells the searched keys from others by a look at the address of their name.
 class SearchedKeySet
@@ -143,7 +145,12 @@ void SearchIndex::findCandidates(const std::string &searchForm)
             m_candidates[i] = {i, 0};
     }
     std::size_t kept = 0;
-    for (Candidate candidate : m_candidates) {
+    for (std::size_t i = 0; i < m_candidates.size(); ++i) {
+        if (onlyGrew && i + LookAhead < m_candidates.size()) {
+            const Candidate &next = m_candidates[i + LookAhead];
+            __builtin_prefetch(m_forms.data() + rows[next.position].begin + next.firstOccurrence);
+        }
+        Candidate candidate = m_candidates[i];
         const Row &row = rows[candidate.position];
         const char *begin = m_forms.data() + row.begin;
         const char *found = findBytes(begin + candidate.firstOccurrence, begin + row.length, searchForm);
