@@ -1,5 +1,6 @@
-#include "helpers/AppearanceTransformers.h"
 #include "window/DesktopImageReader.h"
+
+#include "helpers/AppearanceTransformers.h"
 
 #include <gtest/gtest.h>
 
