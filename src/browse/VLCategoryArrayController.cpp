@@ -6,7 +6,6 @@
 
 #include <algorithm>
 
-using Foundation::Dictionary;
 using Foundation::Key;
 using Foundation::Value;
 

@@ -32,7 +32,7 @@ VLColoredCategoryArrayController::categoryWithTitle(const QString &title) const
 {
     const Value wanted(title);
     for (const Value &row : content()->values) {
-        const Object category = row.dictionary();
+        Object category = row.dictionary();
         if (category && category->value(CategoryKey::cat_category) == wanted)
             return category;
     }
@@ -61,7 +61,7 @@ VLColoredCategoryArrayController::Object
 VLColoredCategoryArrayController::getCategoryWithUniqueID(qint64 uniqueID) const
 {
     for (const Value &row : content()->values) {
-        const Object category = row.dictionary();
+        Object category = row.dictionary();
         if (category && category->value(CategoryKey::cat_uniqueID).longValue() == uniqueID)
             return category;
     }
@@ -78,7 +78,7 @@ bool VLColoredCategoryArrayController::incrementObj(const Object &category, qint
 }
 
 bool VLColoredCategoryArrayController::incrementObjUsingThisInCategoryWithUniqueID(qint64 uniqueID,
-                                                                                   qint64 amount)
+                                                                                   qint64 amount) const
 {
     const Object category = uniqueID == 0 ? nullptr : getCategoryWithUniqueID(uniqueID);
     if (!category)

@@ -31,5 +31,5 @@ public:
     // Both move the count of uses; false, and nothing moves, for a category that is not in the list, or the
     // id 0.
     bool incrementObj(const Object &category, qint64 amount);
-    bool incrementObjUsingThisInCategoryWithUniqueID(qint64 uniqueID, qint64 amount);
+    bool incrementObjUsingThisInCategoryWithUniqueID(qint64 uniqueID, qint64 amount) const;
 };

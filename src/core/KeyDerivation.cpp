@@ -94,10 +94,10 @@ void absorb(Chain &chain, const SHA_CTX &start)
 // The first round, whose message is the salt and the number of the chain, counted from 1.
 Chain firstRound(const KeyedStates &states, QByteArrayView salt, quint32 number)
 {
-    constexpr quint64 messageBits = (SHA_CBLOCK + SHA_DIGEST_LENGTH) * 8;
+    constexpr quint64 messageBits = quint64(SHA_CBLOCK + SHA_DIGEST_LENGTH) * 8;
     Chain chain = {};
     chain.message[SHA_DIGEST_LENGTH] = 0x80;
-    qToBigEndian(messageBits, chain.message.data() + SHA_CBLOCK - sizeof(messageBits));
+    qToBigEndian(messageBits, chain.message.data() + std::size_t(SHA_CBLOCK) - sizeof(messageBits));
 
     const quint32 numberBytes = qToBigEndian(number);
     SHA_CTX inner = states.inner;

@@ -61,7 +61,7 @@ void SavePipeline::makeCheckPair()
         m_state.myCommonCrypto->encrypt(check.bytes(), &status).value_or(QByteArray());
 }
 
-QByteArray SavePipeline::enciphered(const Value &root)
+QByteArray SavePipeline::enciphered(const Value &root) const
 {
     const SecretBytes archive(Foundation::archivedData(root));
     qint32 status = 0; // Nobody asks: an absent buffer tells, and canBeRead() looks for it.

@@ -48,7 +48,7 @@ public:
 private:
     void ensureEngine();
     void makeCheckPair();
-    QByteArray enciphered(const Foundation::Value &root);
+    QByteArray enciphered(const Foundation::Value &root) const;
 
     DocumentState &m_state;
 };

@@ -72,7 +72,7 @@ VLCipherStatus runCipher(const QByteArray &data, const CipherRun &run, QByteArra
 
     // Allocated once and never filled beforehand: the buffers of a document can be the bulk of its cost.
     result = QByteArray(data.size() + VLCommonCrypto::BlockSizeInBytes, Qt::Uninitialized);
-    unsigned char *const begin = reinterpret_cast<unsigned char *>(result.data());
+    auto *const begin = reinterpret_cast<unsigned char *>(result.data());
     unsigned char *end = begin;
     for (qsizetype taken = 0; taken < data.size(); taken += PieceSizeInBytes) {
         const qsizetype pieceSize = std::min(PieceSizeInBytes, data.size() - taken);
@@ -121,7 +121,7 @@ QByteArray VLCommonCrypto::AESKeyForPassword(const QString &password, const QByt
     // with accents. There are always enough bytes, as no unit takes fewer than one: a pair takes four, and
     // half a pair alone becomes a question mark.
     QByteArray text = password.toUtf8();
-    const QByteArray key =
+    QByteArray key =
         pbkdf2HmacSha1(QByteArrayView(text).first(password.size()), salt, RoundCount, KeySizeInBytes);
     OPENSSL_cleanse(text.data(), std::size_t(text.size()));
     return key;

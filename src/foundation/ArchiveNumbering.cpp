@@ -24,7 +24,7 @@ ArchiveNumbering::ArchiveNumbering(const Value &root)
 {
     m_rootUid = uidOf(root);
     // The list of containers is the queue of those whose children are still to be numbered.
-    for (std::size_t i = 0; i < m_containers.size(); ++i) {
+    for (std::size_t i = 0; i < m_containers.size(); ++i) { // NOLINT(modernize-loop-convert): it grows.
         const Value &container = *m_containers[i];
         if (const auto dictionary = container.dictionary())
             numberChildren(*dictionary);

@@ -190,7 +190,7 @@ Value ArrayController::valueForSelection(QStringView keyPath, bool *isMixed) con
         *isMixed = false;
     if (m_selection.empty())
         return {};
-    const Value first = m_arranged[m_selection.front()]->valueForKeyPath(keyPath);
+    Value first = m_arranged[m_selection.front()]->valueForKeyPath(keyPath);
     for (const std::size_t index : m_selection) {
         if (m_arranged[index]->valueForKeyPath(keyPath) == first)
             continue;

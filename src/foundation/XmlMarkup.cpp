@@ -14,12 +14,12 @@ constexpr qsizetype LongestTag = 1024;
 // Behind the tag or document type that begins at `at`, or -1.
 qsizetype endOfTag(QByteArrayView xml, qsizetype at)
 {
-    char quote = 0;
+    char quote = '\0';
     const qsizetype limit = std::min(xml.size(), at + LongestTag);
     for (qsizetype i = at + 1; i < limit; ++i) {
         const char character = xml[i];
-        if (quote != 0)
-            quote = character == quote ? 0 : quote;
+        if (quote != '\0')
+            quote = character == quote ? '\0' : quote;
         else if (character == '"' || character == '\'')
             quote = character;
         else if (character == '>')

@@ -11,7 +11,7 @@ Value NumberComparison::transformedValue(const Value &value) const
 
 Value VLValueIsEqualToRef::reverseTransformedValue(const Value &value) const
 {
-    return value.boolValue() ? Value(myRefValue) : Value();
+    return value.boolValue() ? Value(refValue()) : Value();
 }
 
 Value VLValueIsEqualToStr::transformedValue(const Value &value) const

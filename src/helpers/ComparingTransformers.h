@@ -19,7 +19,9 @@ protected:
     {
     }
     virtual bool holds(qint32 value) const = 0;
+    qint32 refValue() const { return myRefValue; }
 
+private:
     const qint32 myRefValue;
 };
 
@@ -32,7 +34,7 @@ public:
     }
 
 protected:
-    bool holds(qint32 value) const override { return value == myRefValue; }
+    bool holds(qint32 value) const override { return value == refValue(); }
 };
 
 // The same with a way back: true gives the number, false gives Null.
@@ -74,7 +76,7 @@ public:
     }
 
 protected:
-    bool holds(qint32 value) const override { return value != myRefValue; }
+    bool holds(qint32 value) const override { return value != refValue(); }
 };
 
 class VLValueIsGreaterOfRef : public NumberComparison
@@ -86,7 +88,7 @@ public:
     }
 
 protected:
-    bool holds(qint32 value) const override { return value > myRefValue; }
+    bool holds(qint32 value) const override { return value > refValue(); }
 };
 
 class VLValueIsSmallerOfRef : public NumberComparison
@@ -98,7 +100,7 @@ public:
     }
 
 protected:
-    bool holds(qint32 value) const override { return value < myRefValue; }
+    bool holds(qint32 value) const override { return value < refValue(); }
 };
 
 // Whether a text is exactly the one given. Says that it gives a text, and gives a truth value: so it has

@@ -147,7 +147,7 @@ double SplitViewRule<Limit>::expand1(SplitView &splitView, double toVal, Rect *s
     if (growingRule == BothGrow) // The share of the growth that the pane would have had.
         toVal += ((size - divider) - (sizeOf(*splitViewPreviousFrame) - divider)) / 2;
     toVal = insideLimits(1, toVal);
-    const double least0 = double(m_panes[0].minSize);
+    const auto least0 = double(m_panes[0].minSize);
     if (size - toVal - divider < least0)
         toVal = size - least0 - divider;
     // Takes no account of the divider, as saved sizes never did.

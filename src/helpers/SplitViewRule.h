@@ -12,6 +12,8 @@ template <class Limit>
 class SplitViewRule
 {
 public:
+    virtual ~SplitViewRule() = default;
+
     enum class Axis { Horizontal, Vertical };
 
     // Which pane takes a change of the split view's size. Any other number: no size changes.
@@ -47,8 +49,6 @@ protected:
         : m_axis(axis)
     {
     }
-    virtual ~SplitViewRule() = default;
-
     Pane &pane(int index) { return m_panes[index]; }
     const Pane &pane(int index) const { return m_panes[index]; }
     double insideLimits(int index, double size) const;
