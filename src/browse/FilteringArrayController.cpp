@@ -185,7 +185,7 @@ FilteringArrayController::Object FilteringArrayController::newObject()
 FilteringArrayController::Object FilteringArrayController::catToAssignToNewObject() const
 {
     if (canRemove() && m_categories.canRemove()) {
-        if (const Object category = selectedObjects().back()->value(RecordKey::categoryPtr).dictionary())
+        if (Object category = selectedObjects().back()->value(RecordKey::categoryPtr).dictionary())
             return category;
     }
     return m_categories.getLastCategory();

@@ -16,7 +16,6 @@ using Foundation::ArrayController;
 using Foundation::ColorPanel;
 using Foundation::Dictionary;
 using Foundation::Predicate;
-using Foundation::Ref;
 using Foundation::Services;
 using Foundation::Value;
 
