@@ -21,6 +21,7 @@ class ArrayController : public QObject
     Q_OBJECT
     Q_PROPERTY(bool canRemove READ canRemove NOTIFY selectionChanged)
     Q_PROPERTY(bool hasSelection READ canRemove NOTIFY selectionChanged)
+    Q_PROPERTY(bool holdsOneObject READ holdsOneObject NOTIFY arrangedObjectsChanged)
 
 public:
     using Object = Ref<Dictionary>;
@@ -40,6 +41,7 @@ public:
     Objects selectedObjects() const;
     // True while something is selected.
     bool canRemove() const { return !m_selection.empty(); }
+    bool holdsOneObject() const { return m_arranged.size() == 1; }
     // -1 if the object is not shown.
     qsizetype arrangedIndexOf(const Object &object) const;
 

@@ -18,7 +18,8 @@ void SortOrder::makeRow(const Dictionary &object, Row &row) const
     row.keys.clear();
     row.rank = NoRank;
     for (const SortDescriptor &descriptor : m_descriptors) {
-        Value value = object.valueForKeyPath(descriptor.keyPath);
+        Value value = descriptor.derivedText ? Value(descriptor.derivedText(object))
+                                             : object.valueForKeyPath(descriptor.keyPath);
         const double number = value.isDate() ? value.dateValue() : value.isNumber() ? value.doubleValue() : 0;
         QCollatorSortKey text = m_collator.sortKey(value.stringValue());
         row.keys.push_back({std::move(value), number, std::move(text)});

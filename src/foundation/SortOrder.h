@@ -13,6 +13,8 @@ struct SortDescriptor
 {
     QString keyPath;
     bool isAscending = true;
+    // In place of a value under a key path: a text that is worked out of the object alone.
+    QString (*derivedText)(const Dictionary &object) = nullptr;
 };
 
 // The order that sort descriptors give to the objects of a list; what they do not tell apart stays in the

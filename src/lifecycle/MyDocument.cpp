@@ -26,6 +26,7 @@ MyDocument::MyDocument(QObject *parent)
     , m_recordCommands(*this, m_records, m_categories)
     , m_categoryCommands(*this, m_records, m_categories, m_categoriesForMenu)
     , m_labelCommands(*this)
+    , m_fieldCommands(m_records)
     , m_categoryEditFieldDelegate(*this, m_categoryCommands)
 {
     installDocumentTransformers();
@@ -120,6 +121,36 @@ void MyDocument::scrollListViewToBottom(const ActionSender &)
         myWindow()->scrollListViewToBottom();
 }
 
+void MyDocument::printDocument(const ActionSender &)
+{
+    if (myWindow())
+        myWindow()->printWhiteView();
+}
+
+void MyDocument::runPageLayout(const ActionSender &)
+{
+    if (myWindow())
+        myWindow()->runPageLayout();
+}
+
+void MyDocument::setProperTextColor(const Foundation::Color &color)
+{
+    m_properTextColor = color;
+    Q_EMIT properTextColorChanged();
+}
+
+void MyDocument::setUpSplitView()
+{
+    VLVSplitViewDelegate &delegate = myWindow()->mySplitViewDelegate();
+    delegate.setMinHSizeLeft(210);
+    delegate.setMaxHSizeLeft(660);
+    delegate.setMinHSizeRight(450);
+    delegate.setMaxHSizeRight(9999);
+    delegate.growingRule = VLVSplitViewDelegate::BothGrow;
+    delegate.setCanCollapseLeft(false);
+    delegate.setCanCollapseRight(false);
+}
+
 void MyDocument::controlTextDidChange(int tag)
 {
     m_records.controlTextDidChange();
@@ -130,6 +161,8 @@ void MyDocument::windowControllerDidLoadNib()
 {
     window()->orderOut(); // Nothing of the preparation is seen.
     VLCryptoDoc::windowControllerDidLoadNib();
+    setProperTextColor(myWindow()->controlTextColor());
+    setUpSplitView();
     if (!m_categories.canRemove())
         m_categories.addObject(m_categories.newObject());
     connect(&ColorPanel::shared(), &ColorPanel::colorDidChange, &m_categoryCommands,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browse/FieldCommands.h"
 #include "browse/LabelCommands.h"
 #include "browse/RecordCommands.h"
 #include "browse/VLCategoryEditFieldDelegate.h"
@@ -28,6 +29,7 @@ class MyDocument : public VLCryptoDoc, public DocumentProperties, private Browse
         Foundation::Value myLabelDictionary READ myLabelDictionaryValue NOTIFY myLabelDictionaryChanged)
     Q_PROPERTY(int selectedView READ selectedView WRITE setSelectedView NOTIFY selectedViewChanged)
     Q_PROPERTY(QString fileDocRelease READ fileDocRelease NOTIFY isEncryptedChanged)
+    Q_PROPERTY(Foundation::Color properTextColor READ properTextColor NOTIFY properTextColorChanged)
     Q_PROPERTY(bool falseValue READ falseValue CONSTANT)
     Q_PROPERTY(bool yesVal READ yesVal CONSTANT)
 
@@ -82,9 +84,20 @@ public:
     Q_INVOKABLE void doSearch(const Foundation::ActionSender &sender);
 
     // Do nothing; targets for interface files. The order of the list is that of its sort descriptors.
+    Q_INVOKABLE void makeNameFieldFirstResponder(const Foundation::ActionSender &) {}
+    Q_INVOKABLE void debug1(const Foundation::ActionSender &) {}
     Q_INVOKABLE void sortByCategory(const Foundation::ActionSender &) {}
     Q_INVOKABLE void sortByName(const Foundation::ActionSender &) {}
     Q_INVOKABLE void scrollListViewToBottom(const Foundation::ActionSender &sender);
+
+    // Prints the page that shows the selected contact.
+    Q_INVOKABLE void printDocument(const Foundation::ActionSender &sender);
+    // Asks for paper and margins.
+    Q_INVOKABLE void runPageLayout(const Foundation::ActionSender &sender);
+
+    // The desktop's colour of text in controls, as it was when the window was made.
+    const Foundation::Color &properTextColor() const { return m_properTextColor; }
+    void setProperTextColor(const Foundation::Color &color);
 
     // Fresh constants for bindings.
     bool falseValue() const { return false; }
@@ -108,7 +121,7 @@ public:
 
     QList<QObject *> responders() override
     {
-        return {&m_recordCommands, &m_categoryCommands, &m_labelCommands, &m_records, this};
+        return {&m_recordCommands, &m_categoryCommands, &m_labelCommands, &m_fieldCommands, &m_records, this};
     }
     bool validateMenuItem(Foundation::MenuItem &item) override;
 
@@ -123,12 +136,14 @@ Q_SIGNALS:
     void searchTextChanged();
     void searchCategoryChanged();
     void searchPredicateChanged();
+    void properTextColorChanged();
 
 private:
     Foundation::Value myLabelDictionaryValue() const { return state().myLabelDictionary; }
 
     BrowseWindow *browseWindow() override { return myWindow(); }
     void documentPassword() override;
+    void setUpSplitView();
     void showSearchInfoView(bool shown) override;
 
     VLColoredCategoryArrayController m_categories;
@@ -138,12 +153,14 @@ private:
     RecordCommands m_recordCommands;
     CategoryCommands m_categoryCommands;
     LabelCommands m_labelCommands;
+    FieldCommands m_fieldCommands;
     VLCategoryEditFieldDelegate m_categoryEditFieldDelegate;
     int m_selectedView = ViewMode;
     QString m_categoryString = QStringLiteral("");
     QString m_searchText;
     QString m_searchCategory;
     std::optional<Foundation::Predicate> m_searchPredicate;
+    Foundation::Color m_properTextColor;
     // The room of the strip that tells of filters is taken.
     bool m_prevFilterInaction = false;
 };

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "browse/BrowseWindow.h"
+#include "foundation/Color.h"
+#include "helpers/VLVSplitViewDelegate.h"
 
 // What the address book's document asks of its window beyond any document's.
 class MyDocumentWindow : public BrowseWindow
@@ -11,4 +13,11 @@ public:
     virtual void clearPasswordToDecryptField() = 0;
     // The strip above the list that tells which filter is in force.
     virtual void setSearchInfoShown(bool shown) = 0;
+    // The rule of the list beside the detail.
+    virtual VLVSplitViewDelegate &mySplitViewDelegate() = 0;
+    // The desktop's colour of text in controls.
+    virtual Foundation::Color controlTextColor() const = 0;
+    // Both ask the user first, and return at once.
+    virtual void printWhiteView() = 0;
+    virtual void runPageLayout() = 0;
 };

@@ -44,6 +44,7 @@ Application::Application()
     Services::shared().setWorkspace(&m_workspace);
     Services::shared().setModalAlerts(&m_modalAlerts);
     Services::shared().setImageReader(&m_imageReader);
+    Services::shared().setTextMeasurer(&m_textMeasurer);
     connect(&m_documents, &DocumentController::documentAdded, this, &Application::makeWindow);
     connect(&m_documents, &DocumentController::documentClosed, this, &Application::quitWithoutDocuments);
 }
@@ -56,6 +57,7 @@ Application::~Application()
     Services::shared().setWorkspace(nullptr);
     Services::shared().setModalAlerts(nullptr);
     Services::shared().setImageReader(nullptr);
+    Services::shared().setTextMeasurer(nullptr);
 }
 
 void Application::start(const QStringList &paths)

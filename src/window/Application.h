@@ -4,6 +4,7 @@
 #include "shell/MyAppDelegate.h"
 #include "window/AlertDialog.h"
 #include "window/DesktopImageReader.h"
+#include "window/DesktopText.h"
 #include "window/DesktopWorkspace.h"
 #include "window/DocumentWindowController.h"
 
@@ -41,6 +42,7 @@ private:
     DesktopWorkspace m_workspace;
     ModalAlerts m_modalAlerts;
     DesktopImageReader m_imageReader;
+    DesktopTextMeasurer m_textMeasurer;
     MyAppDelegate m_delegate;
     Foundation::DocumentController m_documents;
     QList<QPointer<DocumentWindowController>> m_windows;

@@ -1,17 +1,19 @@
 #include "window/Binder.h"
 
+#include "foundation/OpaqueObject.h"
+#include "window/ColorWell.h"
 #include "window/ControlAccess.h"
+#include "window/FieldText.h"
 #include "window/InterfaceProperties.h"
 #include "window/SearchField.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QStackedWidget>
-#include <QTextEdit>
 
 using Foundation::Value;
 
@@ -65,6 +67,13 @@ void Binder::bindConditions(QWidget *control)
            [control](const BindingExpression &expression) { control->setVisible(expression.holds()); });
     follow(control, InterfaceProperty::BindEnabled, InterfaceProperty::EnabledTransformer,
            [control](const BindingExpression &expression) { control->setEnabled(expression.holds()); });
+    const QString format = textProperty(control, InterfaceProperty::BindFormat);
+    follow(control, InterfaceProperty::BindToolTip, InterfaceProperty::Transformer,
+           [control, format](const BindingExpression &expression) {
+               const QString text = format.arg(expression.value().value.stringValue());
+               control->setAccessibleName(text);
+               control->setToolTip(text.toHtmlEscaped());
+           });
     if (auto *field = qobject_cast<QLineEdit *>(control)) {
         follow(field, InterfaceProperty::BindShowsText, nullptr,
                [field](const BindingExpression &expression) {
@@ -83,8 +92,10 @@ void Binder::bindValue(QWidget *control)
         bindSwitch(box);
     else if (auto *label = qobject_cast<QLabel *>(control))
         bindLabel(label);
-    else if (auto *readOnly = qobject_cast<QTextEdit *>(control))
+    else if (auto *readOnly = qobject_cast<FieldText *>(control))
         bindReadOnlyText(readOnly);
+    else if (auto *well = qobject_cast<ColorWell *>(control))
+        bindColorWell(well);
     else if (auto *pages = qobject_cast<QStackedWidget *>(control))
         bindPages(pages);
     else if (auto *popUp = qobject_cast<QComboBox *>(control))
@@ -112,7 +123,7 @@ void Binder::bindField(Field *field)
         const QString text = textOfField(field);
         // An absent value shows like an empty one, and looking at it must not change it.
         if (bound.isMixed || text != bound.value.stringValue())
-            write(*binding, text, tagOf(field));
+            writeInput(*binding, text, tagOf(field));
     });
 }
 
@@ -134,7 +145,7 @@ void Binder::bindSwitch(QCheckBox *box)
             return;
         const BoundValue bound = binding->expression().value();
         if (bound.isMixed || bound.value.boolValue() != (state == Qt::Checked))
-            write(*binding, Value(state == Qt::Checked), tagOf(box));
+            writeInput(*binding, Value(state == Qt::Checked), tagOf(box));
     });
 }
 
@@ -151,7 +162,7 @@ void Binder::bindLabel(QLabel *label)
            });
 }
 
-void Binder::bindReadOnlyText(QTextEdit *text)
+void Binder::bindReadOnlyText(FieldText *text)
 {
     follow(text, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
            [text](const BindingExpression &expression) {
@@ -161,6 +172,27 @@ void Binder::bindReadOnlyText(QTextEdit *text)
                if (text->toPlainText() != shown)
                    text->setPlainText(shown);
            });
+    follow(text, InterfaceProperty::BindLink, nullptr,
+           [text](const BindingExpression &expression) { text->setLink(expression.holds()); });
+}
+
+void Binder::bindColorWell(ColorWell *well)
+{
+    const Binding *binding = follow(well, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
+                                    [well](const BindingExpression &expression) {
+                                        const BoundValue bound = expression.value();
+                                        const auto opaque = bound.value.opaque();
+                                        const auto *color =
+                                            dynamic_cast<const Foundation::ColorObject *>(opaque.get());
+                                        well->setColor(color ? color->color : Foundation::Color());
+                                        enableBySelection(well, bound);
+                                    });
+    if (!binding)
+        return;
+    connect(well, &ColorWell::colorChosen, this, [well, binding] {
+        write(*binding,
+              Foundation::Ref<Foundation::OpaqueObject>(new Foundation::ColorObject(well->color())));
+    });
 }
 
 void Binder::bindPages(QStackedWidget *pages)
@@ -196,10 +228,10 @@ void Binder::bindAction(QWidget *control)
     const QWidget *sender =
         senderName.isEmpty() ? control : control->window()->findChild<QWidget *>(senderName);
     const auto send = [this, action, sender] { m_dispatcher.send(action, senderOfControl(sender)); };
-    if (auto *button = qobject_cast<QPushButton *>(control))
-        connect(button, &QPushButton::clicked, this, send);
-    else if (auto *box = qobject_cast<QCheckBox *>(control))
-        connect(box, &QCheckBox::clicked, this, send);
+    if (auto *button = qobject_cast<QAbstractButton *>(control))
+        connect(button, &QAbstractButton::clicked, this, send);
+    else if (auto *link = qobject_cast<FieldText *>(control))
+        connect(link, &FieldText::opened, this, send);
     else if (auto *search = qobject_cast<SearchField *>(control))
         connect(search, &QLineEdit::textChanged, this, send); // By then its value is written.
     else if (auto *line = qobject_cast<QLineEdit *>(control))
@@ -208,10 +240,13 @@ void Binder::bindAction(QWidget *control)
         connect(popUp, &QComboBox::activated, this, send);
 }
 
-void Binder::write(const Binding &binding, const Value &value, int tag)
+bool Binder::write(const Binding &binding, const Value &value)
 {
-    if (binding.isShowing() || !binding.expression().setValue(value))
-        return;
-    if (binding.expression().keyPath().isOfSelection())
-        m_textDidChange(tag);
+    return !binding.isShowing() && binding.expression().setValue(value);
+}
+
+void Binder::writeInput(const Binding &binding, const Value &value, int tag)
+{
+    if (write(binding, value) && binding.expression().keyPath().isOfSelection())
+        m_textDidChange(binding.expression().keyPath().controller(), tag);
 }

@@ -3,12 +3,13 @@
 #include "window/ActionDispatcher.h"
 #include "window/Binding.h"
 
+class ColorWell;
+class FieldText;
 class QCheckBox;
 class QComboBox;
 class QLabel;
 class QLineEdit;
 class QStackedWidget;
-class QTextEdit;
 
 // Connects the controls and items of an interface file with a document by their dynamic properties, so that a
 // new field is a new widget and no new code:
@@ -23,6 +24,8 @@ class QTextEdit;
 //   bindVisible, bindEnabled           conditions, see BindingExpression
 //   visibleTransformer, enabledTransformer
 //   bindShowsText       condition under which a password field shows what is typed
+//   bindLink            condition under which a text to be read is a link, which sends the action
+//   bindToolTip         what the tool tip and the name for assistive technology say, in bindFormat
 //   bindContent         rows of a pop-up: "<controller>.arrangedObjects.<key>"
 //   bindSelectedObject  key path to the object whose row the pop-up shows
 //   action              sent along the responder chain when the control is used
@@ -36,8 +39,9 @@ class Binder : public QObject
     Q_OBJECT
 
 public:
-    // Called after a keystroke changed a value of the selected objects, with the tag of the field.
-    using TextDidChange = std::function<void(int tag)>;
+    // Called after a keystroke changed a value of the objects selected in a controller, with the tag of the
+    // field.
+    using TextDidChange = std::function<void(const Foundation::ArrayController *controller, int tag)>;
 
     Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange);
 
@@ -55,11 +59,14 @@ private:
     void bindField(Field *field);
     void bindSwitch(QCheckBox *box);
     void bindLabel(QLabel *label);
-    void bindReadOnlyText(QTextEdit *text);
+    void bindReadOnlyText(FieldText *text);
+    void bindColorWell(ColorWell *well);
     void bindPages(QStackedWidget *pages);
     void bindPopUp(QComboBox *popUp);
     void bindAction(QWidget *control);
-    void write(const Binding &binding, const Foundation::Value &value, int tag);
+    // False if nothing was to be written.
+    static bool write(const Binding &binding, const Foundation::Value &value);
+    void writeInput(const Binding &binding, const Foundation::Value &value, int tag);
 
     QObject *m_document;
     ActionDispatcher &m_dispatcher;

@@ -1,107 +1,51 @@
 #include "window/CategoryPill.h"
 
 #include "core/RecordModel.h"
+#include "foundation/UserDefaults.h"
 #include "helpers/VLColorUtilOSX.h"
+#include "window/VLLabelDrawerExt.h"
 
 #include <QPainter>
 
-#include <algorithm>
-#include <cmath>
-
 using Foundation::Dictionary;
+using Foundation::TextAttributes;
+using Foundation::UserDefaults;
 
-namespace
+CategoryPill CategoryPill::ofCategory(const Dictionary &category)
 {
-
-constexpr int RoomAtEnds = 10;
-constexpr int RoomAboveAndBelow = 2;
-// Text comes out up to a point wider than the sum of its rounded advances.
-constexpr int RoomForRounding = 2;
-
-QColor colorUnder(const Dictionary &category, const Foundation::Key &key)
-{
-    const Foundation::Color color = VLColorUtilOSX::NSColorFromDict(category.value(key).dictionary());
-    return QColor::fromRgbF(float(color.red), float(color.green), float(color.blue), float(color.alpha));
-}
-
-// Relative luminance and contrast as in WCAG 2.
-double luminance(const QColor &color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    const auto color = [&category](const Foundation::Key &key) {
+        return VLColorUtilOSX::NSColorFromDict(category.value(key).dictionary());
     };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+    return {category.value(CategoryKey::cat_category).stringValue(), color(CategoryKey::cat_backColor),
+            color(CategoryKey::cat_textColor)};
 }
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
-    return (lighter + 0.05) / (darker + 0.05);
-}
-
-} // namespace
 
 std::optional<CategoryPill> CategoryPill::ofRecord(const Dictionary &record)
 {
     const auto category = record.value(RecordKey::categoryPtr).dictionary();
-    if (!category)
-        return std::nullopt;
-    return CategoryPill{category->value(CategoryKey::cat_category).stringValue(),
-                        colorUnder(*category, CategoryKey::cat_backColor),
-                        colorUnder(*category, CategoryKey::cat_textColor)};
+    return category ? std::optional(ofCategory(*category)) : std::nullopt;
 }
 
-QSize CategoryPill::size(const QFontMetrics &metrics) const
+TextAttributes CategoryPill::tableAttributes()
 {
-    return {metrics.horizontalAdvance(name) + 2 * RoomAtEnds + RoomForRounding,
-            metrics.height() + 2 * RoomAboveAndBelow};
+    const UserDefaults &defaults = UserDefaults::standardUserDefaults();
+    TextAttributes attributes;
+    attributes.fontFamily = defaults.value(QStringLiteral("tableFontFamily")).toString();
+    attributes.fontSize = defaults.value(QStringLiteral("tableFontSize")).toDouble();
+    return attributes;
 }
 
-void CategoryPill::paint(QPainter &painter, const QRect &room, const QColor &background) const
+void CategoryPill::paintIntoCell(QPainter &painter, const QRectF &cell) const
 {
-    constexpr double LeastContrast = 1.3;
-    const QSize wanted = size(painter.fontMetrics());
-    QRect label(room.topLeft(), wanted.boundedTo(room.size()));
-    if (label.width() <= label.height() / 2)
+    const qint32 width = qint32(cell.width()) - 2;
+    const qint32 height = qint32(cell.height()) - 2;
+    if (width <= 0 || height <= 0)
         return;
-    label.moveTop(room.top() + (room.height() - label.height()) / 2);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(back);
-    QColor edge = text;
-    edge.setAlphaF(0.6F);
-    painter.setPen(contrast(back, background) < LeastContrast ? QPen(edge) : QPen(Qt::NoPen));
-    const QRectF outline = QRectF(label).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.drawRoundedRect(outline, outline.height() / 2, outline.height() / 2);
-    painter.setPen(text);
-    const QRect line = label.adjusted(RoomAtEnds, 0, -RoomAtEnds, 0);
-    painter.drawText(line, int(Qt::AlignCenter) | Qt::TextSingleLine,
-                     painter.fontMetrics().elidedText(name, Qt::ElideRight, line.width()));
-}
-
-CategoryPillView::CategoryPillView(QWidget *parent)
-    : QWidget(parent)
-{
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-}
-
-void CategoryPillView::setPill(const std::optional<CategoryPill> &pill)
-{
-    m_pill = pill;
-    setVisible(pill.has_value());
-    setAccessibleName(pill ? pill->name : QString());
-    updateGeometry();
-    update();
-}
-
-QSize CategoryPillView::sizeHint() const
-{
-    return m_pill ? m_pill->size(fontMetrics()) : QSize(0, fontMetrics().height());
-}
-
-void CategoryPillView::paintEvent(QPaintEvent *)
-{
-    if (!m_pill)
-        return;
-    QPainter painter(this);
-    m_pill->paint(painter, rect(), palette().color(QPalette::Window));
+    TextAttributes attributes = tableAttributes();
+    attributes.foreground = text;
+    painter.save();
+    painter.translate(cell.topLeft() + QPointF(1, 1));
+    painter.setClipRect(0, 0, width, height, Qt::IntersectClip);
+    VLLabelDrawerExt::drawString(painter, name, attributes, width, height, back, text);
+    painter.restore();
 }

@@ -1,47 +1,30 @@
 #pragma once
 
 #include "foundation/Dictionary.h"
+#include "foundation/TextAttributes.h"
 
-#include <QColor>
-#include <QWidget>
+#include <QtGlobal>
 
 #include <optional>
 
 class QPainter;
+class QRectF;
 
 // What a category looks like: its name on a rounded label in its own two colours.
 struct CategoryPill
 {
     QString name;
-    QColor back;
-    QColor text;
+    Foundation::Color back;
+    Foundation::Color text;
 
+    static CategoryPill ofCategory(const Foundation::Dictionary &category);
     // Of the record's category; nothing for a record without one.
     static std::optional<CategoryPill> ofRecord(const Foundation::Dictionary &record);
 
-    // Paints the label into the left of the room, as wide as the name needs, elided where the room is too
-    // narrow. An outline sets it off from a background of about its own colour, as that of a selected row may
-    // be.
-    void paint(QPainter &painter, const QRect &room, const QColor &background) const;
-    QSize size(const QFontMetrics &metrics) const;
-};
+    // Family and size of the tables' labels, as the user has set them at this moment.
+    static Foundation::TextAttributes tableAttributes();
 
-// The label of one category by itself. Nothing is drawn as long as there is none.
-class CategoryPillView : public QWidget
-{
-    Q_OBJECT
-
-public:
-    explicit CategoryPillView(QWidget *parent = nullptr);
-
-    const std::optional<CategoryPill> &pill() const { return m_pill; }
-    void setPill(const std::optional<CategoryPill> &pill);
-
-    QSize sizeHint() const override;
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
-
-private:
-    std::optional<CategoryPill> m_pill;
+    // Paints the label into a cell of a table, a point inside it on all sides, in the font of the settings.
+    // Nothing is drawn in a cell without room.
+    void paintIntoCell(QPainter &painter, const QRectF &cell) const;
 };

@@ -2,9 +2,13 @@
 
 #include "ui_MyDocument.h"
 #include "window/AlertDialog.h"
+#include "window/CategoryTable.h"
+#include "window/DesktopText.h"
 #include "window/FilePanels.h"
 #include "window/InterfaceStyle.h"
+#include "window/MyTableDelegate.h"
 #include "window/RecordCard.h"
+#include "window/RecordTableModel.h"
 #include "window/SafeText.h"
 #include "window/SheetDialog.h"
 #include "window/WindowPlacement.h"
@@ -51,19 +55,21 @@ DocumentWindowController::DocumentWindowController(MyDocument *document, QList<Q
     , m_lastResponders(std::move(lastResponders))
     , m_ui(std::make_unique<Ui::MyDocument>())
     , m_dispatcher(document, [this](const QString &action) { return responders(action); })
-    , m_binder(document, m_dispatcher, [document](int tag) { document->controlTextDidChange(tag); })
+    , m_binder(document, m_dispatcher,
+               [this](const ArrayController *rows, int tag) { controlTextDidChange(rows, tag); })
     , m_sheets(&m_window)
     , m_savePanel(m_sheets)
 {
     m_ui->setupUi(&m_window);
     m_window.resize(document->isEncrypted() ? LeastLockedSize : UsualSize);
     m_textCommands = std::make_unique<TextCommands>(&m_window);
+    m_cardPrinter = std::make_unique<CardPrinter>(m_sheets, m_ui->whiteView);
     setUpControls();
     followDocument();
     followItems();
     updateTitle();
     showFace();
-    m_takesUsualSizeAtDecrypt = document->isEncrypted();
+    m_isLockedSinceOpened = document->isEncrypted();
 }
 
 DocumentWindowController::~DocumentWindowController() = default;
@@ -74,21 +80,48 @@ void DocumentWindowController::setUpControls()
     // The toolbar is shown and hidden by the document and by its own item, which know when it may be.
     m_window.setContextMenuPolicy(Qt::NoContextMenu);
     m_ui->modernToolbar->setVisible(true);
-    m_ui->mySplitView->setStretchFactor(1, 1);
-    m_ui->mySplitView->setSizes({UsualListWidth, UsualSize.width() - UsualListWidth});
-    m_ui->myTableView->setRecords(m_document->myArrayController());
+    giveListUsualWidth();
+    // Reading and editing show the same contact, and go on where the other was left.
+    m_ui->viewScrollArea->synchronizer().setSynchronizedScrollView(m_ui->editScrollArea);
+    m_ui->editScrollArea->synchronizer().setSynchronizedScrollView(m_ui->viewScrollArea);
+    setUpTable();
     m_categoryFilter = std::make_unique<CategoryFilter>(m_document->myArrayController(), m_dispatcher,
                                                         *m_document, m_ui->myActionPopup);
-    orderToolbar();
-    connect(m_ui->searchField, &SearchField::left, m_ui->myTableView,
-            [this] { m_ui->myTableView->setFocus(); });
-    new RecordCard(m_document->myArrayController(),
-                   {m_ui->recordName, m_ui->recordSubtitle, m_ui->categoryView}, &m_window);
+    setUpToolbar();
+    new RecordCard(m_document->myArrayController(), {m_ui->recordName, m_ui->recordSubtitle}, &m_window);
     m_binder.bind(&m_window);
 }
 
-void DocumentWindowController::orderToolbar()
+void DocumentWindowController::giveListUsualWidth()
 {
+    m_ui->mySplitView->setSizes({UsualListWidth, m_ui->mySplitView->width() - UsualListWidth});
+}
+
+void DocumentWindowController::setUpTable()
+{
+    FilteringArrayController *records = m_document->myArrayController();
+    RecordTable *table = m_ui->myTableView;
+    table->setRecords(records);
+    auto *delegate = new MyTableDelegate(records, m_ui->categoryView, m_ui->categoryView2, table);
+    table->setItemDelegateForColumn(RecordTableModel::CategoryColumn, delegate);
+    for (CategoryView *view : {m_ui->categoryView, m_ui->categoryView2})
+        view->setMyArrayController(records);
+    const auto refreshLabels = [delegate] { delegate->tableViewSelectionDidChange(); };
+    connect(records, &ArrayController::selectionChanged, delegate, refreshLabels);
+    connect(m_document->myCategoryArrayController(), &ArrayController::objectChanged, delegate,
+            refreshLabels);
+    connect(table, &RecordTable::editRequested, m_document, &MyDocument::switchToEditMode);
+    connect(table, &RecordTable::contextMenuRequested, this,
+            [this](const QPoint &place) { m_ui->myActionMenu->popup(place); });
+}
+
+void DocumentWindowController::setUpToolbar()
+{
+    VLBtnImgPopUp *more = m_ui->myActionButton;
+    connect(more, &VLBtnImgPopUp::clicked, this,
+            [this, more] { m_ui->myActionMenu->popup(more->mapToGlobal(more->rect().bottomLeft())); });
+    connect(m_ui->searchField, &SearchField::left, m_ui->myTableView,
+            [this] { m_ui->myTableView->setFocus(); });
     // Interface files put widgets before items.
     QToolBar *toolbar = m_ui->modernToolbar;
     QAction *filters = toolbar->actions().first();
@@ -186,11 +219,14 @@ void DocumentWindowController::changeFace()
 {
     showFace();
     // A file may hold no frame for its window, which then leaves the small size of its locked face by itself.
-    if (m_document->isDecrypted() && std::exchange(m_takesUsualSizeAtDecrypt, false) &&
-        !m_document->useMyWinRect()) {
+    if (m_document->isEncrypted() || !std::exchange(m_isLockedSinceOpened, false))
+        return;
+    if (!m_document->useMyWinRect()) {
         m_window.resize(UsualSize);
         center();
     }
+    // The list has no width of its own before it is shown in a window of the final size.
+    QMetaObject::invokeMethod(this, &DocumentWindowController::giveListUsualWidth, Qt::QueuedConnection);
 }
 
 QWidget *DocumentWindowController::initialControl() const
@@ -296,7 +332,13 @@ void DocumentWindowController::close()
 void DocumentWindowController::beginSheet(const QString &name, SheetEnd ended)
 {
     m_sheets.begin(
-        name, [this, name](QWidget *parent) { return newSheet(name, m_binder, parent); }, std::move(ended));
+        name,
+        [this, name](QWidget *parent) {
+            SheetDialog *sheet = newSheet(name, m_document, m_binder, parent);
+            m_categoryTable = sheet->findChild<CategoryTable *>();
+            return sheet;
+        },
+        std::move(ended));
 }
 
 void DocumentWindowController::endSheet(const QString &name, int returnCode)
@@ -344,12 +386,21 @@ void DocumentWindowController::redrawColumn(const QString &identifier)
 
 void DocumentWindowController::redrawCategoryViews()
 {
-    m_ui->categoryView->update();
+    m_ui->categoryView->refresh();
+    m_ui->categoryView2->refresh();
 }
 
-void DocumentWindowController::redrawCategoryTable() {}
+void DocumentWindowController::redrawCategoryTable()
+{
+    if (m_categoryTable)
+        m_categoryTable->viewport()->update();
+}
 
-void DocumentWindowController::scrollCategoryViewToBottom() {}
+void DocumentWindowController::scrollCategoryViewToBottom()
+{
+    if (m_categoryTable)
+        m_categoryTable->scrollToBottom();
+}
 
 void DocumentWindowController::scrollListViewToBottom()
 {
@@ -358,12 +409,40 @@ void DocumentWindowController::scrollListViewToBottom()
 
 void DocumentWindowController::attachCategoryMenu()
 {
-    m_ui->viewMenu->insertMenu(m_ui->editModeItem, &m_categoryFilter->categoryMenu());
+    m_ui->myCategorySuperMenuItem->setMenu(&m_categoryFilter->categoryMenu());
 }
 
 void DocumentWindowController::setSearchInfoShown(bool shown)
 {
     m_ui->grayStatusView->setVisible(shown);
+}
+
+VLVSplitViewDelegate &DocumentWindowController::mySplitViewDelegate()
+{
+    return m_ui->mySplitView->mySplitViewDelegate();
+}
+
+Foundation::Color DocumentWindowController::controlTextColor() const
+{
+    return componentsOfColor(m_window.palette().color(QPalette::WindowText));
+}
+
+void DocumentWindowController::printWhiteView()
+{
+    m_cardPrinter->beginPrint();
+}
+
+void DocumentWindowController::runPageLayout()
+{
+    m_cardPrinter->beginPageLayout();
+}
+
+void DocumentWindowController::controlTextDidChange(const ArrayController *controller, int tag)
+{
+    if (controller == m_document->myCategoryArrayController())
+        m_document->categoryEditFieldDelegate().controlTextDidChange();
+    else
+        m_document->controlTextDidChange(tag);
 }
 
 void DocumentWindowController::find(const ActionSender &)

@@ -3,6 +3,7 @@
 #include "lifecycle/MyDocument.h"
 #include "window/ActionDispatcher.h"
 #include "window/Binder.h"
+#include "window/CardPrinter.h"
 #include "window/CategoryFilter.h"
 #include "window/DocumentMainWindow.h"
 #include "window/MenuItemValidator.h"
@@ -11,6 +12,8 @@
 #include "window/TextCommands.h"
 
 #include <memory>
+
+class CategoryTable;
 
 namespace Ui
 {
@@ -33,6 +36,7 @@ public:
 
     DocumentMainWindow *mainWindow() { return &m_window; }
     SavePanel &savePanel() { return m_savePanel; }
+    CardPrinter &cardPrinter() { return *m_cardPrinter; }
 
     Foundation::Rect frame() const override;
     // The frame may be anything: a window stays in reach and no smaller than its minimum. Moves at once:
@@ -64,6 +68,10 @@ public:
     PopUpMenu &actionPopUp() override { return *m_categoryFilter; }
     void attachCategoryMenu() override;
     void setSearchInfoShown(bool shown) override;
+    VLVSplitViewDelegate &mySplitViewDelegate() override;
+    Foundation::Color controlTextColor() const override;
+    void printWhiteView() override;
+    void runPageLayout() override;
 
     bool validateMenuItem(Foundation::MenuItem &item) override;
     Q_INVOKABLE void toggleToolbarShown(const Foundation::ActionSender &sender);
@@ -73,7 +81,9 @@ public:
 private:
     QList<QObject *> responders(const QString &action);
     void setUpControls();
-    void orderToolbar();
+    void giveListUsualWidth();
+    void setUpTable();
+    void setUpToolbar();
     void followDocument();
     void followItems();
     void updateHints();
@@ -83,6 +93,7 @@ private:
     void changeFace();
     void keepFocusInSight();
     void prepareForTyping();
+    void controlTextDidChange(const Foundation::ArrayController *controller, int tag);
     QWidget *initialControl() const;
     int titleBarHeight() const;
 
@@ -96,5 +107,7 @@ private:
     std::unique_ptr<CategoryFilter> m_categoryFilter;
     SheetQueue m_sheets;
     SavePanel m_savePanel;
-    bool m_takesUsualSizeAtDecrypt = false;
+    std::unique_ptr<CardPrinter> m_cardPrinter;
+    QPointer<CategoryTable> m_categoryTable; // while its sheet stands
+    bool m_isLockedSinceOpened = false;
 };

@@ -1,6 +1,10 @@
 #include "window/FieldText.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFocusEvent>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QStyleHints>
 #include <QTextOption>
 
 #include <cmath>
@@ -29,6 +33,62 @@ FieldText::FieldText(QWidget *parent)
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     connect(this, &QTextEdit::textChanged, this, &QWidget::updateGeometry);
+}
+
+void FieldText::setLink(bool isLink)
+{
+    if (m_isLink == isLink)
+        return;
+    m_isLink = isLink;
+    setFocusPolicy(isLink ? Qt::StrongFocus : Qt::ClickFocus);
+    viewport()->setCursor(isLink ? Qt::PointingHandCursor : Qt::IBeamCursor);
+    QPalette colors = palette();
+    colors.setColor(QPalette::Text, shownColor());
+    setPalette(colors);
+}
+
+QColor FieldText::shownColor() const
+{
+    const QWidget *page = parentWidget() ? parentWidget() : this;
+    return page->palette().color(m_isLink ? QPalette::Link : QPalette::Text);
+}
+
+void FieldText::keyPressEvent(QKeyEvent *event)
+{
+    const bool isOpening =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (m_isLink && isOpening)
+        Q_EMIT opened();
+    else
+        QTextEdit::keyPressEvent(event);
+}
+
+void FieldText::mousePressEvent(QMouseEvent *event)
+{
+    m_pressedAt = event->position().toPoint();
+    QTextEdit::mousePressEvent(event);
+}
+
+void FieldText::mouseReleaseEvent(QMouseEvent *event)
+{
+    QTextEdit::mouseReleaseEvent(event);
+    // Beside the text and at the end of a selection the button means nothing of the kind.
+    const QPoint place = event->position().toPoint();
+    const bool isClick =
+        event->button() == Qt::LeftButton && !textCursor().hasSelection() &&
+        (place - m_pressedAt).manhattanLength() < QGuiApplication::styleHints()->startDragDistance();
+    if (m_isLink && isClick && document()->documentLayout()->hitTest(place, Qt::ExactHit) >= 0)
+        Q_EMIT opened();
+}
+
+void FieldText::paintEvent(QPaintEvent *event)
+{
+    QTextEdit::paintEvent(event);
+    if (!m_isLink || !hasFocus())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
 }
 
 int FieldText::heightForWidth(int width) const

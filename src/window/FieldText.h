@@ -3,7 +3,8 @@
 #include <QTextEdit>
 
 // Plain text that can be read, selected and copied, as high as its content at the width given. Breaks at
-// words, and within them where one alone is too wide.
+// words, and within them where one alone is too wide. As a link it looks like one, is reached by Tab, and
+// asks to be opened by a click, Return or the space bar.
 class FieldText : public QTextEdit
 {
     Q_OBJECT
@@ -11,12 +12,27 @@ class FieldText : public QTextEdit
 public:
     explicit FieldText(QWidget *parent = nullptr);
 
+    bool isLink() const { return m_isLink; }
+    void setLink(bool isLink);
+    QColor shownColor() const;
+
     bool hasHeightForWidth() const override { return true; }
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
+Q_SIGNALS:
+    void opened();
+
 protected:
     void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    bool m_isLink = false;
+    QPoint m_pressedAt;
 };

@@ -15,6 +15,14 @@ void styleInterface(QWidget *interface)
         font.setPointSizeF(QFontInfo(font).pointSizeF() * scale.toDouble());
         control->setFont(font);
     }
+    for (QAbstractButton *button : interface->findChildren<QAbstractButton *>()) {
+        if (!button->property("looksLikeLink").toBool())
+            continue;
+        QPalette colors = button->palette();
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+            colors.setColor(group, QPalette::ButtonText, colors.color(group, QPalette::Link));
+        button->setPalette(colors);
+    }
     for (QAction *item : interface->findChildren<QAction *>()) {
         const QString symbol = item->property("symbol").toString();
         if (!symbol.isEmpty())

@@ -111,8 +111,16 @@ bool KeyPath::setValue(const Value &value) const
         return true;
     }
     const Step *step = lastStep();
-    return step && step->object && m_keyPath.isEmpty() &&
-           step->property.write(step->object, variantOfValue(value, step->property.metaType()));
+    if (!step || !step->object)
+        return false;
+    if (m_keyPath.isEmpty())
+        return step->property.write(step->object, variantOfValue(value, step->property.metaType()));
+    const auto dictionary = valueOfVariant(step->property.read(step->object)).dictionary();
+    if (!dictionary || m_keyPath.contains(u'.'))
+        return false;
+    dictionary->setValue(Key(m_keyPath), value);
+    // Dictionaries tell nobody.
+    return step->property.notifySignal().invoke(step->object, Qt::DirectConnection);
 }
 
 void KeyPath::observe(QObject *receiver, const QMetaMethod &changed,

@@ -48,7 +48,6 @@ void RecordCard::refresh()
     if (selected.empty()) {
         m_parts.name->clear();
         m_parts.subtitle->clear();
-        m_parts.category->setPill(std::nullopt);
         return;
     }
     const Dictionary &first = *m_records->arrangedObjects()[selected.front()];
@@ -57,5 +56,4 @@ void RecordCard::refresh()
                                      : tr("%1 contacts selected").arg(selected.size()));
     m_parts.subtitle->setPlainText(isOne ? subtitleOfRecord(first) : QString());
     m_parts.subtitle->setVisible(!m_parts.subtitle->toPlainText().isEmpty());
-    m_parts.category->setPill(CategoryPill::ofRecord(first));
 }

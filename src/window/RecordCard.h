@@ -1,13 +1,12 @@
 #pragma once
 
 #include "foundation/ArrayController.h"
-#include "window/CategoryPill.h"
 #include "window/FieldText.h"
 #include "window/TextLabel.h"
 
-// The head of the view that shows a contact to be read: its name, below it the company, or of a company the
-// person, and the label of its category. With several contacts selected it tells how many, and the label is
-// that of the first. The fields below are bound in the interface file.
+// The head of the view that shows a contact to be read: its name, and below it the company, or of a company
+// the person. With several contacts selected it tells how many. The fields below are bound in the interface
+// file.
 class RecordCard : public QObject
 {
     Q_OBJECT
@@ -17,7 +16,6 @@ public:
     {
         FieldText *name;
         FieldText *subtitle;
-        CategoryPillView *category;
     };
 
     // Nothing is owned. The controller must outlive the parent.

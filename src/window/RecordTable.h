@@ -1,12 +1,10 @@
 #pragma once
 
-#include "window/RecordTableModel.h"
+#include "window/ArrayTable.h"
 
-#include <QTableView>
-
-// The record list as a table. Its selection and that of the controller are one: a change of either goes to
-// the other. An empty list says what to do.
-class RecordTable : public QTableView
+// The record list. A click on a column's head puts the list in its order, a second one turns it round;
+// letters typed go to the next contact whose name begins so.
+class RecordTable : public ArrayTable
 {
     Q_OBJECT
 
@@ -15,24 +13,17 @@ public:
 
     // Not owned; must outlive the table.
     void setRecords(Foundation::ArrayController *records);
-    void redrawColumn(const QString &identifier);
-    // What an empty list says.
-    void setEmptyHint(const QString &hint);
-    // A row that is not there is ignored.
-    void scrollRowToVisible(qsizetype row);
+
+    void keyboardSearch(const QString &typed) override;
+
+Q_SIGNALS:
+    // The user wants to change the selected contact: Return or a double click.
+    void editRequested();
+    // By key or mouse; the place is on the screen.
+    void contextMenuRequested(const QPoint &place);
 
 protected:
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    void paintEvent(QPaintEvent *event) override;
-
-private:
-    void showSelection();
-    void takeSelection();
-
-    Foundation::ArrayController *m_records = nullptr;
-    RecordTableModel *m_model = nullptr;
-    bool m_isShowingSelection = false;
-    bool m_isTakingSelection = false;
-    int m_scrollPosition = 0;
-    QString m_emptyHint;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
 };

@@ -1,40 +1,25 @@
 #include "window/RecordTableModel.h"
 
 #include "browse/RecordName.h"
+#include "window/CategoryPill.h"
 
-using Foundation::ArrayController;
-
-RecordTableModel::RecordTableModel(ArrayController *records, QObject *parent)
-    : QAbstractTableModel(parent)
-    , m_records(records)
+RecordTableModel::RecordTableModel(Foundation::ArrayController *records, QObject *parent)
+    : ArrayTableModel(records,
+                      {{QStringLiteral("category"), tr("Category")}, {QStringLiteral("name"), tr("Name")}},
+                      parent)
 {
-    connect(records, &ArrayController::arrangedObjectsChanged, this, [this] {
-        beginResetModel();
-        endResetModel();
-    });
-    connect(records, &ArrayController::objectChanged, this, [this](qsizetype row) {
-        Q_EMIT dataChanged(index(int(row), 0), index(int(row), ColumnCount - 1));
-    });
 }
 
-int RecordTableModel::rowCount(const QModelIndex &parent) const
+void RecordTableModel::sort(int column, Qt::SortOrder order)
 {
-    return parent.isValid() ? 0 : int(m_records->arrangedObjects().size());
-}
-
-int RecordTableModel::columnCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : ColumnCount;
-}
-
-const Foundation::Dictionary &RecordTableModel::recordOfRow(int row) const
-{
-    return *m_records->arrangedObjects()[std::size_t(row)];
-}
-
-std::optional<CategoryPill> RecordTableModel::pillOfRow(int row) const
-{
-    return CategoryPill::ofRecord(recordOfRow(row));
+    const bool isAscending = order == Qt::AscendingOrder;
+    std::vector<Foundation::SortDescriptor> descriptors;
+    if (column == CategoryColumn)
+        descriptors.push_back({QStringLiteral("categoryPtr.cat_category"), isAscending});
+    if (column == CategoryColumn || column == NameColumn)
+        descriptors.push_back({QString(), column == CategoryColumn || isAscending, displayedNameOfRecord});
+    rows()->setSortDescriptors(std::move(descriptors));
+    rows()->rearrangeObjects();
 }
 
 QVariant RecordTableModel::data(const QModelIndex &index, int role) const
@@ -43,33 +28,11 @@ QVariant RecordTableModel::data(const QModelIndex &index, int role) const
         return {};
     // The label is painted; its name is for assistive technology.
     if (index.column() == CategoryColumn) {
-        const auto pill = role == Qt::AccessibleTextRole ? pillOfRow(index.row()) : std::nullopt;
+        const auto pill =
+            role == Qt::AccessibleTextRole ? CategoryPill::ofRecord(objectOfRow(index.row())) : std::nullopt;
         return pill ? pill->name : QVariant();
     }
     if (role == Qt::DisplayRole)
-        return displayedNameOfRecord(recordOfRow(index.row()));
+        return displayedNameOfRecord(objectOfRow(index.row()));
     return {};
-}
-
-QVariant RecordTableModel::headerData(int section, Qt::Orientation orientation, int role) const
-{
-    if (orientation != Qt::Horizontal)
-        return {};
-    if (role == Qt::DisplayRole)
-        return section == CategoryColumn ? tr("Category") : tr("Name");
-    if (role == Qt::TextAlignmentRole)
-        return int(Qt::AlignLeft | Qt::AlignVCenter);
-    return {};
-}
-
-int RecordTableModel::columnWithIdentifier(const QString &identifier)
-{
-    static const QStringList identifiers = {QStringLiteral("category"), QStringLiteral("name")};
-    return int(identifiers.indexOf(identifier));
-}
-
-void RecordTableModel::redrawColumn(int column)
-{
-    if (column >= 0 && rowCount() > 0)
-        Q_EMIT dataChanged(index(0, column), index(rowCount() - 1, column));
 }

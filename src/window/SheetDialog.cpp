@@ -1,6 +1,8 @@
 #include "window/SheetDialog.h"
 
-#include "lifecycle/VLCryptoDoc.h"
+#include "lifecycle/MyDocument.h"
+#include "ui_CategoriesSheet.h"
+#include "ui_LabelsSheet.h"
 #include "ui_MandatoryPasswordSheet.h"
 #include "window/InterfaceProperties.h"
 #include "window/InterfaceStyle.h"
@@ -11,8 +13,10 @@ using Foundation::Alert;
 
 void SheetDialog::reject()
 {
-    if (QPushButton *cancel = buttonOfTag(Alert::SecondButtonReturn))
-        cancel->click();
+    QPushButton *cancel = buttonOfTag(Alert::SecondButtonReturn);
+    QPushButton *closing = cancel ? cancel : buttonOfTag(Alert::FirstButtonReturn);
+    if (closing)
+        closing->click();
     else
         QDialog::reject();
 }
@@ -35,12 +39,28 @@ void SheetDialog::arrangeButtons()
         box->addButton(cancel, QDialogButtonBox::RejectRole);
 }
 
-SheetDialog *newSheet(const QString &name, Binder &binder, QWidget *parent)
+namespace
 {
-    if (name != VLCryptoDoc::MandatoryPasswordSheet)
-        return nullptr;
+
+void setUpSheet(const QString &name, MyDocument *document, SheetDialog *sheet)
+{
+    if (name == CategoryCommands::CategorySheet) {
+        Ui::CategoriesSheet ui;
+        ui.setupUi(sheet);
+        ui.myCategoryTableView->setCategories(document->myCategoryArrayController());
+    } else if (name == LabelCommands::LabelSheet) {
+        Ui::LabelsSheet().setupUi(sheet);
+    } else {
+        Ui::MandatoryPasswordSheet().setupUi(sheet);
+    }
+}
+
+} // namespace
+
+SheetDialog *newSheet(const QString &name, MyDocument *document, Binder &binder, QWidget *parent)
+{
     auto *sheet = new SheetDialog(parent);
-    Ui::MandatoryPasswordSheet().setupUi(sheet);
+    setUpSheet(name, document, sheet);
     sheet->arrangeButtons();
     styleInterface(sheet);
     binder.bind(sheet);

@@ -4,7 +4,10 @@
 
 #include <QDialog>
 
-// A sheet made from an interface file. Escape and the closing of the sheet press its button of tag 1001.
+class MyDocument;
+
+// A sheet made from an interface file. Escape and the closing of the sheet press its button of tag 1001, or
+// the only one, of tag 1000.
 class SheetDialog : public QDialog
 {
     Q_OBJECT
@@ -21,5 +24,5 @@ private:
     QPushButton *buttonOfTag(int tag) const;
 };
 
-// The sheet of that name, bound to the document. Null for a name that no interface file has.
-SheetDialog *newSheet(const QString &name, Binder &binder, QWidget *parent);
+// The sheet of that name, which one of the interface files has, bound to the document.
+SheetDialog *newSheet(const QString &name, MyDocument *document, Binder &binder, QWidget *parent);

@@ -82,6 +82,12 @@ bool TextLabel::event(QEvent *event)
 void TextLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    draw(painter);
+}
+
+void TextLabel::draw(QPainter &painter) const
+{
+    painter.setFont(font());
     QRect room = contentsRect().adjusted(margin(), margin(), -margin(), -margin());
     if (m_look == Look::Heading) {
         painter.setPen(blend(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 0.2));
@@ -91,8 +97,8 @@ void TextLabel::paintEvent(QPaintEvent *)
     const bool isQuiet = m_look != Look::Plain || !isEnabled();
     painter.setPen(isQuiet ? quietTextColor(palette()) : palette().color(QPalette::WindowText));
     const QString text = shownText();
-    const QString fitting = painter.fontMetrics().horizontalAdvance(text) <= room.width()
+    const QString fitting = fontMetrics().horizontalAdvance(text) <= room.width()
                                 ? text
-                                : painter.fontMetrics().elidedText(text, m_elideMode, room.width());
+                                : fontMetrics().elidedText(text, m_elideMode, room.width());
     painter.drawText(room, int(alignment()) | Qt::TextSingleLine, fitting);
 }

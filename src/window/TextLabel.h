@@ -22,6 +22,9 @@ public:
     Qt::TextElideMode elideMode() const { return m_elideMode; }
     void setElideMode(Qt::TextElideMode mode) { m_elideMode = mode; }
 
+    // As on the screen, with the painter's origin as the upper left corner.
+    void draw(QPainter &painter) const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 

@@ -1,5 +1,9 @@
 #include "window/VLWhiteView.h"
 
+#include "window/PrintedLines.h"
+
+#include <QLayout>
+#include <QPagedPaintDevice>
 #include <QPainter>
 
 VLWhiteView::VLWhiteView(QWidget *parent)
@@ -12,6 +16,7 @@ VLWhiteView::VLWhiteView(QWidget *parent)
     for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base})
         page.setColor(role, Qt::white);
     page.setColor(QPalette::Disabled, QPalette::Text, QColor(0x6b, 0x70, 0x7a));
+    page.setColor(QPalette::Link, QColor(0x1f, 0x5f, 0xd0));
     setPalette(page);
 }
 
@@ -21,4 +26,42 @@ void VLWhiteView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), Qt::white);
     painter.setPen(Qt::gray);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+bool VLWhiteView::print(QPagedPaintDevice &device)
+{
+    // Nothing of this is seen: the screen is painted when it is over.
+    setUpdatesEnabled(false);
+    const QRect shown = geometry();
+    const bool isPrinted = paintSheets(device);
+    setGeometry(shown);
+    layout()->activate();
+    setUpdatesEnabled(true);
+    return isPrinted;
+}
+
+bool VLWhiteView::paintSheets(QPagedPaintDevice &device)
+{
+    QPainter painter;
+    if (!painter.begin(&device))
+        return false;
+    const double width = device.width();
+    const double height = device.height();
+    resize(int(width), layout()->totalHeightForWidth(int(width)));
+    layout()->activate();
+    const PrintedLines lines(this);
+    const double end = lines.end();
+    for (double top = 0; top < end;) {
+        const double bottom = lines.endOfSheet(top, height);
+        painter.save();
+        painter.translate(0, -top);
+        lines.paint(painter, top, bottom);
+        painter.restore();
+        painter.setPen(Qt::gray);
+        painter.drawRect(QRectF(0, 0, width - 1, height - 1));
+        top = bottom;
+        if (top < end && !device.newPage())
+            return false;
+    }
+    return painter.end();
 }

@@ -2,6 +2,9 @@
 
 #include <QWidget>
 
+class QPagedPaintDevice;
+class QPainter;
+
 // A white page with a thin gray frame, in a dark palette too: what is on it looks as it will on paper.
 class VLWhiteView : public QWidget
 {
@@ -10,6 +13,14 @@ class VLWhiteView : public QWidget
 public:
     explicit VLWhiteView(QWidget *parent = nullptr);
 
+    // Paints what the page shows onto as many sheets as it needs, laid out anew for their width, at the
+    // screen's resolution: texts as text, which can be selected in a PDF. A line is never cut, and a heading
+    // stands on the sheet of what it heads. False if the device refuses.
+    bool print(QPagedPaintDevice &device);
+
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    bool paintSheets(QPagedPaintDevice &device);
 };

@@ -71,6 +71,10 @@ public:
     PopUpMenu &actionPopUp() override { return popUp; }
     void attachCategoryMenu() override { ++menusAttached; }
     void setSearchInfoShown(bool shown) override { searchInfoShown.append(shown); }
+    VLVSplitViewDelegate &mySplitViewDelegate() override { return splitViewDelegate; }
+    Foundation::Color controlTextColor() const override { return {0.25, 0.5, 0.75}; }
+    void printWhiteView() override { ++prints; }
+    void runPageLayout() override { ++pageLayouts; }
 
     Foundation::Rect frameNow{100.25, 200.5, 900, 600};
     QString savePath; // what the user chooses; null: gives up
@@ -86,6 +90,9 @@ public:
     int menusAttached = 0;
     ScriptedPopUpMenu popUp;
     QList<bool> searchInfoShown;
+    VLVSplitViewDelegate splitViewDelegate;
+    int prints = 0;
+    int pageLayouts = 0;
 
 private:
     QString m_sheet;

@@ -59,7 +59,7 @@ protected:
     MyDocument document;
     ActionDispatcher dispatcher{&document, [this](const QString &) { return document.responders(); }};
     QList<int> changedTags;
-    Binder binder{&document, dispatcher, [this](int tag) {
+    Binder binder{&document, dispatcher, [this](const Foundation::ArrayController *, int tag) {
                       changedTags.append(tag);
                       document.controlTextDidChange(tag);
                   }};

@@ -90,12 +90,7 @@ TEST_F(BrowsingTest, OneCategoryIsShownByPopUpMenuAndStrip)
     EXPECT_EQ(popUp->currentText(), u"Show All") << "the title above it is no choice";
     EXPECT_EQ(names(), (QStringList{zoe, boris}));
 
-    auto *menu = window()->findChild<QMenu *>(QStringLiteral("viewMenu"));
-    QMenu *categories = nullptr;
-    for (QAction *item : menu->actions()) {
-        if (item->menu())
-            categories = item->menu();
-    }
+    QMenu *categories = window()->findChild<QAction *>(QStringLiteral("myCategorySuperMenuItem"))->menu();
     ASSERT_TRUE(categories);
     Q_EMIT categories->aboutToShow();
     QStringList titles;

@@ -89,7 +89,8 @@ QList<InterfaceFile> interfaceFiles()
 
 const QStringList keyPathProperties = {QStringLiteral("bindValue"),     QStringLiteral("bindVisible"),
                                        QStringLiteral("bindEnabled"),   QStringLiteral("bindContent"),
-                                       QStringLiteral("bindShowsText"), QStringLiteral("bindSelectedObject")};
+                                       QStringLiteral("bindShowsText"), QStringLiteral("bindSelectedObject"),
+                                       QStringLiteral("bindLink"),      QStringLiteral("bindToolTip")};
 
 } // namespace
 
@@ -138,7 +139,8 @@ TEST_F(InterfaceFilesTest, ActionsHaveAResponder)
         EXPECT_TRUE(action.isEmpty() || Foundation::responderForAction(chain, action))
             << action.toStdString();
         const bool isMenuItem = element.className.isEmpty();
-        EXPECT_FALSE(isMenuItem && action.isEmpty()) << "an item that does nothing";
+        const bool carriesMenu = element.name == u"myCategorySuperMenuItem";
+        EXPECT_EQ(isMenuItem && action.isEmpty(), carriesMenu) << "an item that does nothing";
     });
     EXPECT_GT(checked, 20);
 }
@@ -154,6 +156,7 @@ TEST_F(InterfaceFilesTest, NamesLeadSomewhere)
                                                               QStringLiteral("tag"),
                                                               QStringLiteral("symbol"),
                                                               QStringLiteral("fontScale"),
+                                                              QStringLiteral("looksLikeLink"),
                                                               QStringLiteral("buddy")};
     auto &transformers = Foundation::ValueTransformerRegistry::shared();
     forEachElement([&](const InterfaceFile &file, const Element &element) {
@@ -175,22 +178,38 @@ TEST_F(InterfaceFilesTest, NamesLeadSomewhere)
 TEST_F(InterfaceFilesTest, TagsAreThoseThatAreAskedFor)
 {
     QStringList redrawsName;
-    forEachElement([&redrawsName](const InterfaceFile &, const Element &element) {
-        const QString tag = element.properties.value(QStringLiteral("tag"));
-        if (tag.isEmpty())
-            return;
-        if (element.className == u"QLineEdit") {
-            EXPECT_EQ(tag, QStringLiteral("1"));
+    QMap<int, int> openers;
+    forEachElement([&](const InterfaceFile &, const Element &element) {
+        const int tag = element.properties.value(QStringLiteral("tag")).toInt();
+        const QString action = element.properties.value(QStringLiteral("action"));
+        if (action == u"openField") {
+            // A link of the card or a button of the form stands by the field that it opens, and shows by its
+            // flag.
+            ++openers[tag];
+            const auto field = FieldCommands::fieldOfTag(tag);
+            ASSERT_TRUE(field);
+            const bool isLink = element.className == u"FieldText";
+            const char *const path = isLink ? "bindValue" : "bindEnabled";
+            EXPECT_EQ(element.properties.value(QLatin1String(path)),
+                      QStringLiteral("myArrayController.selection.") + field->name());
+            const char *const condition = isLink ? "bindLink" : "bindVisible";
+            EXPECT_EQ(element.properties.value(QLatin1String(condition)),
+                      QStringLiteral("myLabelDictionary.open%1").arg(tag, 2, 10, QLatin1Char('0')));
+        } else if (element.className == u"QLineEdit" && tag != 0) {
+            EXPECT_EQ(tag, 1);
             redrawsName.append(element.name);
+        } else if (element.className == u"QPushButton" && tag != 0) {
+            EXPECT_TRUE(tag == Foundation::Alert::FirstButtonReturn ||
+                        tag == Foundation::Alert::SecondButtonReturn);
         } else {
-            EXPECT_TRUE(tag == u"1000" || tag == u"1001");
-            EXPECT_EQ(element.properties.value(QStringLiteral("action")),
-                      QStringLiteral("confirmMandatoryPasswordSheet"));
+            EXPECT_EQ(tag, 0);
         }
     });
     redrawsName.sort();
     EXPECT_EQ(redrawsName, QStringList({QStringLiteral("company"), QStringLiteral("firstName"),
                                         QStringLiteral("lastName")}));
+    for (int tag = FieldCommands::FirstFieldTag; tag <= FieldCommands::LastFieldTag; ++tag)
+        EXPECT_EQ(openers.value(tag), tag <= 3 ? 1 : 2) << "the head of the card has no links: " << tag;
 }
 
 TEST_F(InterfaceFilesTest, EveryTextOfAContactIsShownAndCanBeEdited)

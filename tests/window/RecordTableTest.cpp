@@ -2,9 +2,13 @@
 
 #include "browse/RecordName.h"
 #include "core/RecordModel.h"
+#include "window/MyTableDelegate.h"
+#include "window/RecordTableModel.h"
 
 #include <gtest/gtest.h>
 
+#include <QHeaderView>
+#include <QSignalSpy>
 #include <QTest>
 
 using Foundation::Array;
@@ -70,6 +74,9 @@ protected:
             content->values.push_back(newPerson(QString::number(i), acme));
         records.setContent(content);
         table.setRecords(&records);
+        table.setItemDelegateForColumn(RecordTableModel::CategoryColumn, &delegate);
+        for (CategoryView *view : {&categoryView, &categoryView2})
+            view->setMyArrayController(&records);
         table.resize(300, 400);
         table.show();
     }
@@ -88,8 +95,25 @@ protected:
         return table.viewport()->grab().toImage().pixel(cell.left() + 14, cell.center().y());
     }
 
+    QStringList names() const
+    {
+        QStringList names;
+        for (int row = 0; row < table.model()->rowCount(); ++row)
+            names.append(table.model()->index(row, RecordTableModel::NameColumn).data().toString());
+        return names;
+    }
+    void clickHead(int column)
+    {
+        const QHeaderView *header = table.horizontalHeader();
+        const QPoint place(header->sectionViewportPosition(column) + 20, header->height() / 2);
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, place);
+    }
+
     ArrayController records;
+    CategoryView categoryView;
+    CategoryView categoryView2;
     RecordTable table;
+    MyTableDelegate delegate{&records, &categoryView, &categoryView2, &table};
 };
 
 TEST_F(RecordTableTest, SelectionIsTheControllers)
@@ -131,9 +155,53 @@ TEST_F(RecordTableTest, CategoryIsPaintedInItsColours)
     EXPECT_EQ(colorInCategoryCell(2), base) << "no category, no label";
     records.setSelectionIndex(1);
     EXPECT_EQ(colorInCategoryCell(1), back) << "the selection does not cover it";
-    EXPECT_EQ(RecordTableModel::columnWithIdentifier(QStringLiteral("category")), 0);
-    EXPECT_EQ(RecordTableModel::columnWithIdentifier(QStringLiteral("name")), 1);
-    EXPECT_EQ(RecordTableModel::columnWithIdentifier(QStringLiteral("other")), -1);
+    const auto *model = static_cast<const RecordTableModel *>(table.model());
+    EXPECT_EQ(model->columnWithIdentifier(QStringLiteral("category")), 0);
+    EXPECT_EQ(model->columnWithIdentifier(QStringLiteral("name")), 1);
+    EXPECT_EQ(model->columnWithIdentifier(QStringLiteral("other")), -1);
+}
+
+TEST_F(RecordTableTest, AHeadPutsTheListInItsOrderAndTurnsItRound)
+{
+    const auto work = newCategoryRecord(QStringLiteral("Work"), 1);
+    const auto family = newCategoryRecord(QStringLiteral("Family"), 2);
+    const auto content = Array::create();
+    for (const QString &name : {QStringLiteral("c"), QStringLiteral("A"), QStringLiteral("b")}) {
+        const auto person = newPerson(name, none);
+        person->setValue(RecordKey::categoryPtr, name == u"A" ? family : work);
+        content->values.push_back(person);
+    }
+    records.setContent(content);
+    records.setSelectionIndex(1);
+    const QStringList inDocument = names();
+    clickHead(RecordTableModel::NameColumn);
+    EXPECT_EQ(names(), (QStringList{QStringLiteral("A"), QStringLiteral("b"), QStringLiteral("c")}));
+    EXPECT_EQ(selectedRows(), QList<int>{0}) << "the contact stays selected, and nothing else is";
+    clickHead(RecordTableModel::NameColumn);
+    EXPECT_EQ(names(), (QStringList{QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("A")}));
+    clickHead(RecordTableModel::CategoryColumn);
+    EXPECT_EQ(names(), (QStringList{QStringLiteral("A"), QStringLiteral("b"), QStringLiteral("c")}));
+    clickHead(RecordTableModel::CategoryColumn);
+    EXPECT_EQ(names(), (QStringList{QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("A")}));
+}
+
+TEST_F(RecordTableTest, LettersGoToTheNextNameAndReturnEdits)
+{
+    const auto content = Array::create();
+    for (const QString &name : {QStringLiteral("Ada"), QStringLiteral("Zoë"), QStringLiteral("Zita")})
+        content->values.push_back(newPerson(name, none));
+    records.setContent(content);
+    table.selectionModel()->setCurrentIndex(table.model()->index(0, RecordTableModel::CategoryColumn),
+                                            QItemSelectionModel::NoUpdate);
+    QTest::keyClicks(&table, QStringLiteral("zi"));
+    EXPECT_EQ(selectedRows(), QList<int>{2});
+    QSignalSpy edits(&table, &RecordTable::editRequested);
+    QTest::keyClick(&table, Qt::Key_Return);
+    const QRect cell = table.visualRect(table.model()->index(1, RecordTableModel::NameColumn));
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
+    EXPECT_EQ(edits.size(), 2);
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, {cell.x(), table.viewport()->height() - 4});
+    EXPECT_EQ(edits.size(), 2) << "no contact there";
 }
 
 TEST_F(RecordTableTest, RowsThatAreNotThereAreIgnored)

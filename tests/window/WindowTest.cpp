@@ -1,6 +1,7 @@
 #include "window/WindowTest.h"
 
 #include "window/RecordTable.h"
+#include "window/RecordTableModel.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>

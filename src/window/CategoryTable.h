@@ -1,0 +1,29 @@
+#pragma once
+
+#include "window/ArrayTable.h"
+
+// The categories of a document in the columns "cat_category", the label, and "cat_howManyUsingThis".
+class CategoryTableModel : public ArrayTableModel
+{
+    Q_OBJECT
+
+public:
+    enum { CategoryColumn = 0, UseColumn = 1 };
+
+    // Not owned; must outlive the model.
+    explicit CategoryTableModel(Foundation::ArrayController *categories, QObject *parent = nullptr);
+
+    QVariant data(const QModelIndex &index, int role) const override;
+};
+
+// The table of the sheet of categories: their labels, and how many contacts bear each.
+class CategoryTable : public ArrayTable
+{
+    Q_OBJECT
+
+public:
+    explicit CategoryTable(QWidget *parent = nullptr);
+
+    // Not owned; must outlive the table.
+    void setCategories(Foundation::ArrayController *categories);
+};

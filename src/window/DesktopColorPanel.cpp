@@ -1,0 +1,71 @@
+#include "window/DesktopColorPanel.h"
+
+#include "foundation/ColorPanel.h"
+#include "window/DesktopText.h"
+
+#include <QSignalBlocker>
+
+using Foundation::Color;
+using Foundation::ColorPanel;
+
+DesktopColorPanel &DesktopColorPanel::shared()
+{
+    static DesktopColorPanel panel;
+    return panel;
+}
+
+DesktopColorPanel::DesktopColorPanel()
+{
+    connect(&ColorPanel::shared(), &ColorPanel::closed, this, &DesktopColorPanel::close);
+}
+
+void DesktopColorPanel::give(Activation activation)
+{
+    if (m_activation)
+        m_activation(false);
+    m_activation = std::move(activation);
+    if (m_activation)
+        m_activation(true);
+}
+
+void DesktopColorPanel::open(const Color &color, const QString &title, QWidget *window, Activation activation)
+{
+    // A sheet lets only what belongs to it be used beside it.
+    if (m_dialog && m_dialog->parentWidget() != window)
+        close();
+    if (!m_dialog) {
+        m_dialog = new QColorDialog(window);
+        m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+        m_dialog->setModal(false);
+        m_dialog->setOptions(QColorDialog::NoButtons | QColorDialog::DontUseNativeDialog |
+                             QColorDialog::ShowAlphaChannel);
+        connect(m_dialog, &QColorDialog::currentColorChanged, this, [this](const QColor &chosen) {
+            m_isTelling = true;
+            ColorPanel::shared().setColor(componentsOfColor(chosen));
+            m_isTelling = false;
+        });
+        connect(m_dialog, &QObject::destroyed, this, [this] { give({}); });
+    }
+    m_dialog->setWindowTitle(title);
+    give(std::move(activation));
+    showColor(color);
+    m_dialog->show();
+    m_dialog->raise();
+    m_dialog->activateWindow();
+}
+
+void DesktopColorPanel::showColor(const Color &color)
+{
+    if (!m_dialog || m_isTelling)
+        return;
+    const QSignalBlocker quietly(m_dialog);
+    m_dialog->setCurrentColor(colorOfComponents(color));
+}
+
+void DesktopColorPanel::close()
+{
+    give({});
+    if (m_dialog)
+        m_dialog->close();
+    m_dialog = nullptr;
+}

@@ -1,0 +1,89 @@
+#include "window/PrintedLines.h"
+
+#include "window/CategoryView.h"
+#include "window/FieldText.h"
+#include "window/TextLabel.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QPainter>
+#include <QTextBlock>
+#include <QTextLayout>
+
+#include <algorithm>
+
+PrintedLines::PrintedLines(const QWidget *page)
+{
+    for (const QWidget *widget : page->findChildren<QWidget *>()) {
+        if (widget->isVisibleTo(page))
+            add(page, widget);
+    }
+}
+
+void PrintedLines::add(const QWidget *page, const QWidget *widget)
+{
+    const QPointF place = widget->mapTo(page, QPoint());
+    const double bottom = place.y() + widget->height();
+    if (const auto *label = qobject_cast<const TextLabel *>(widget)) {
+        // A heading takes the line below it along.
+        const double company = label->look() == TextLabel::Look::Heading ? 2 * widget->height() : 0;
+        m_lines.push_back({place.y(), bottom + company, [label, place](QPainter &painter) {
+                               painter.translate(place);
+                               label->draw(painter);
+                           }});
+    } else if (const auto *category = qobject_cast<const CategoryView *>(widget)) {
+        m_lines.push_back({place.y(), bottom, [category, place](QPainter &painter) {
+                               painter.translate(place);
+                               category->draw(painter);
+                           }});
+    } else if (const auto *text = qobject_cast<const FieldText *>(widget)) {
+        const QColor ink = text->shownColor();
+        for (QTextBlock block = text->document()->begin(); block.isValid(); block = block.next()) {
+            const QTextLayout *layout = block.layout();
+            const QPointF origin =
+                place + text->document()->documentLayout()->blockBoundingRect(block).topLeft();
+            for (int i = 0; i < layout->lineCount(); ++i) {
+                const QTextLine line = layout->lineAt(i);
+                const double top = origin.y() + line.y();
+                m_lines.push_back({top, top + line.height(), [line, origin, ink](QPainter &painter) {
+                                       painter.setPen(ink);
+                                       line.draw(&painter, origin);
+                                   }});
+            }
+        }
+    }
+}
+
+double PrintedLines::endOfSheet(double top, double height) const
+{
+    double end = top + height;
+    // Ending the sheet earlier may cut a line beside it.
+    for (bool isCutting = true; isCutting;) {
+        isCutting = false;
+        for (const Line &line : m_lines) {
+            if (line.top > top && line.top < end && line.bottom > end) {
+                end = line.top;
+                isCutting = true;
+            }
+        }
+    }
+    return end;
+}
+
+double PrintedLines::end() const
+{
+    double end = 0;
+    for (const Line &line : m_lines)
+        end = std::max(end, line.bottom);
+    return end;
+}
+
+void PrintedLines::paint(QPainter &painter, double top, double bottom) const
+{
+    for (const Line &line : m_lines) {
+        if (line.top < top || line.top >= bottom)
+            continue;
+        painter.save();
+        line.paint(painter);
+        painter.restore();
+    }
+}

@@ -1,0 +1,44 @@
+#include "window/SynchroScrollArea.h"
+
+#include <QScrollBar>
+
+using Foundation::Point;
+using Foundation::Rect;
+
+SynchroScrollArea::SynchroScrollArea(QWidget *parent)
+    : QScrollArea(parent)
+    , m_synchronizer(*this)
+{
+}
+
+Rect SynchroScrollArea::documentFrame() const
+{
+    const QSize size = widget() ? widget()->size() : QSize();
+    return {0, 0, double(size.width()), double(size.height())};
+}
+
+Rect SynchroScrollArea::documentVisibleRect() const
+{
+    return {double(horizontalScrollBar()->value()), double(verticalScrollBar()->value()),
+            double(viewport()->width()), double(viewport()->height())};
+}
+
+void SynchroScrollArea::scrollToPoint(const Point &point)
+{
+    horizontalScrollBar()->setValue(qRound(point.x));
+    verticalScrollBar()->setValue(qRound(point.y));
+}
+
+void SynchroScrollArea::addBoundsObserver(const void *observer, std::function<void()> changed)
+{
+    m_observers[observer] = std::move(changed);
+}
+
+void SynchroScrollArea::scrollContentsBy(int dx, int dy)
+{
+    QScrollArea::scrollContentsBy(dx, dy);
+    if (!m_postsBoundsChanged)
+        return;
+    for (const auto &[observer, changed] : m_observers)
+        changed();
+}
