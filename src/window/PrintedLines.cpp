@@ -4,12 +4,12 @@
 #include "window/FieldText.h"
 #include "window/TextLabel.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextLayout>
 
 #include <algorithm>
+#include <memory>
 
 PrintedLines::PrintedLines(const QWidget *page)
 {
@@ -36,20 +36,30 @@ void PrintedLines::add(const QWidget *page, const QWidget *widget)
                                category->draw(painter);
                            }});
     } else if (const auto *text = qobject_cast<const FieldText *>(widget)) {
-        const QColor ink = text->shownColor();
-        for (QTextBlock block = text->document()->begin(); block.isValid(); block = block.next()) {
-            const QTextLayout *layout = block.layout();
-            const QPointF origin =
-                place + text->document()->documentLayout()->blockBoundingRect(block).topLeft();
-            for (int i = 0; i < layout->lineCount(); ++i) {
-                const QTextLine line = layout->lineAt(i);
-                const double top = origin.y() + line.y();
-                m_lines.push_back({top, top + line.height(), [line, origin, ink](QPainter &painter) {
-                                       painter.setPen(ink);
-                                       line.draw(&painter, origin);
-                                   }});
-            }
+        addText(text, place);
+    }
+}
+
+void PrintedLines::addText(const FieldText *text, const QPointF &place)
+{
+    double bottom = place.y();
+    for (QTextBlock block = text->document()->begin(); block.isValid(); block = block.next()) {
+        // Not the layout of the widget, which is at work only where it is shown.
+        const auto layout = std::make_shared<QTextLayout>(block.text(), text->font());
+        layout->setTextOption(text->document()->defaultTextOption());
+        layout->beginLayout();
+        for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+            line.setLineWidth(text->width());
+            const double top = bottom;
+            bottom += line.height();
+            m_lines.push_back(
+                {top, bottom,
+                 [layout, line, at = QPointF(place.x(), top), ink = text->shownColor()](QPainter &painter) {
+                     painter.setPen(ink);
+                     line.draw(&painter, at);
+                 }});
         }
+        layout->endLayout();
     }
 }
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+class FieldText;
 class QPainter;
 
 // What can be seen on a page of texts, line by line, for sheets of paper that may end between any two lines.
@@ -30,6 +31,7 @@ private:
     };
 
     void add(const QWidget *page, const QWidget *widget);
+    void addText(const FieldText *text, const QPointF &place);
 
     std::vector<Line> m_lines;
 };

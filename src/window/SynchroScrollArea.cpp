@@ -34,6 +34,19 @@ void SynchroScrollArea::addBoundsObserver(const void *observer, std::function<vo
     m_observers[observer] = std::move(changed);
 }
 
+// What it shows draws the focus: it has no frame of its own.
+void SynchroScrollArea::focusInEvent(QFocusEvent *event)
+{
+    QScrollArea::focusInEvent(event);
+    widget()->update();
+}
+
+void SynchroScrollArea::focusOutEvent(QFocusEvent *event)
+{
+    QScrollArea::focusOutEvent(event);
+    widget()->update();
+}
+
 void SynchroScrollArea::scrollContentsBy(int dx, int dy)
 {
     QScrollArea::scrollContentsBy(dx, dy);

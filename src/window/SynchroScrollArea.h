@@ -29,6 +29,8 @@ public:
 
 protected:
     void scrollContentsBy(int dx, int dy) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
 
 private:
     bool m_postsBoundsChanged = false;

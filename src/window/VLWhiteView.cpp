@@ -2,6 +2,8 @@
 
 #include "window/PrintedLines.h"
 
+#include <QAbstractScrollArea>
+#include <QApplication>
 #include <QLayout>
 #include <QPagedPaintDevice>
 #include <QPainter>
@@ -26,6 +28,22 @@ void VLWhiteView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), Qt::white);
     painter.setPen(Qt::gray);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    const auto *area = qobject_cast<const QAbstractScrollArea *>(QApplication::focusWidget());
+    if (!area || !area->viewport()->isAncestorOf(this))
+        return;
+    // The arrow keys scroll the page.
+    painter.setPen(QPen(QGuiApplication::palette().color(QPalette::Highlight), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
+// Unlike QLayout::activate() in pages that are not shown, too.
+static void layOut(const QWidget *widget)
+{
+    if (!widget->layout())
+        return;
+    widget->layout()->setGeometry(widget->contentsRect());
+    for (const QWidget *child : widget->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+        layOut(child);
 }
 
 bool VLWhiteView::print(QPagedPaintDevice &device)
@@ -35,7 +53,7 @@ bool VLWhiteView::print(QPagedPaintDevice &device)
     const QRect shown = geometry();
     const bool isPrinted = paintSheets(device);
     setGeometry(shown);
-    layout()->activate();
+    layOut(this);
     setUpdatesEnabled(true);
     return isPrinted;
 }
@@ -48,7 +66,7 @@ bool VLWhiteView::paintSheets(QPagedPaintDevice &device)
     const double width = device.width();
     const double height = device.height();
     resize(int(width), layout()->totalHeightForWidth(int(width)));
-    layout()->activate();
+    layOut(this);
     const PrintedLines lines(this);
     const double end = lines.end();
     for (double top = 0; top < end;) {

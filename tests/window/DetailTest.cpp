@@ -1,0 +1,129 @@
+#include "core/RecordModel.h"
+#include "support/Printers.h"
+#include "support/TestServices.h"
+#include "window/FieldText.h"
+#include "window/WindowTest.h"
+
+#include <QMenu>
+#include <QPrintDialog>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTest>
+#include <QToolButton>
+
+namespace
+{
+
+class DetailTest : public WindowTest
+{
+protected:
+    void SetUp() override
+    {
+        makeProtectedDocument();
+        addContact(QStringLiteral("Zoë"), QStringLiteral("Åström"));
+        enterField("webWork", QStringLiteral("fjord.example"));
+    }
+    void set(const Foundation::Key &key, const QString &text)
+    {
+        document()->myArrayController()->setValueForSelection(key, text);
+        runEvents();
+    }
+    // The pages of a PDF of the selected contact as text, by a reader that knows nothing of us.
+    QStringList printedPages()
+    {
+        const QString path = pathOf(QStringLiteral("card.pdf"));
+        QPrinter &printer = controller()->cardPrinter().printer();
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path);
+        printer.setPageSize(QPageSize(QPageSize::A4));
+        controller()->cardPrinter().print();
+        QProcess reader;
+        reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+        EXPECT_TRUE(reader.waitForFinished());
+        QStringList pages = QString::fromUtf8(reader.readAllStandardOutput()).split(u'\f');
+        pages.removeLast();
+        return pages;
+    }
+
+    RecordingWorkspace workspace;
+};
+
+TEST_F(DetailTest, AFieldOpensByItsButtonAndAsALink)
+{
+    auto *button = control<QToolButton>("openWebWork");
+    EXPECT_TRUE(button->isVisible());
+    EXPECT_FALSE(control<QToolButton>("openWebPersonal")->isEnabled()) << "an empty field";
+    EXPECT_FALSE(control<QToolButton>("openPhoneWork")->isVisible()) << "its flag is not set";
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(workspace.openedUrls, QStringList{QStringLiteral("http://fjord.example")});
+
+    press(Qt::Key_F2);
+    auto *link = control<FieldText>("webWorkText");
+    EXPECT_TRUE(link->isLink());
+    EXPECT_FALSE(control<FieldText>("phoneWorkText")->isLink());
+    QTest::mouseClick(link->viewport(), Qt::LeftButton, {}, QPoint(8, link->height() / 2));
+    EXPECT_EQ(workspace.openedUrls.size(), 2);
+    QTest::mouseClick(link->viewport(), Qt::LeftButton, {}, QPoint(link->width() - 3, link->height() / 2));
+    EXPECT_EQ(workspace.openedUrls.size(), 2) << "beside the text";
+    control<QWidget>("myTableView")->setFocus();
+    press(Qt::Key_Tab); // to the page, which can be scrolled
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), link);
+    press(Qt::Key_Return);
+    EXPECT_EQ(workspace.openedUrls.size(), 3);
+}
+
+TEST_F(DetailTest, ACardIsPrintedAsTextAndNeverCutsALine)
+{
+    set(RecordKey::addressWork, QStringLiteral("Havnegata 12\n0150 Oslo"));
+    const QSize shown = control<QWidget>("whiteView")->size();
+    QStringList pages = printedPages();
+    ASSERT_EQ(pages.size(), 1);
+    for (const QString &text : {QStringLiteral("Zoë Åström"), QStringLiteral("fjord.example"),
+                                QStringLiteral("0150 Oslo"), QStringLiteral("Generic")})
+        EXPECT_TRUE(pages[0].contains(text)) << text.toStdString() << "\n" << pages[0].toStdString();
+    EXPECT_EQ(control<QWidget>("whiteView")->size(), shown);
+
+    QStringList lines;
+    for (int line = 0; line < 150; ++line)
+        lines.append(QStringLiteral("Line number %1.").arg(line));
+    set(RecordKey::note, lines.join(u'\n'));
+    pages = printedPages();
+    EXPECT_GE(pages.size(), 3);
+    const QString all = pages.join(u' ');
+    for (const QString &line : lines)
+        EXPECT_EQ(all.count(line), 1) << line.toStdString();
+
+    // What no printer takes is told.
+    controller()->cardPrinter().printer().setOutputFileName(QStringLiteral("/no/such/folder/card.pdf"));
+    controller()->cardPrinter().print();
+    EXPECT_EQ(nextAlert().value(0), QStringLiteral("The contact could not be printed"));
+}
+
+TEST_F(DetailTest, PrintingBeginsWithADialogAndNeedsAnOpenDocument)
+{
+    press(Qt::Key_P, Qt::ControlModifier);
+    ASSERT_TRUE(eventually([this] { return qobject_cast<QPrintDialog *>(sheet()) != nullptr; }));
+    EXPECT_EQ(controller()->cardPrinter().printer().docName(), QStringLiteral("Vexarel")) << "tells no name";
+    sheet()->reject();
+    EXPECT_TRUE(windowIsActive());
+    document()->setIsEncrypted(true);
+    runEvents();
+    for (const char *item : {"printItem", "pageSetupItem", "editCategoriesItem", "editLabelsItem"})
+        EXPECT_FALSE(window()->findChild<QAction *>(QLatin1String(item))->isEnabled()) << item;
+}
+
+TEST_F(DetailTest, MoreOpensItsMenuWhenItIsPressed)
+{
+    auto *more = control<QToolButton>("myActionButton");
+    QTest::mousePress(more, Qt::LeftButton);
+    auto *menu = control<QMenu>("myActionMenu");
+    EXPECT_TRUE(menu->isVisible());
+    EXPECT_FALSE(more->isDown());
+    menu->close();
+    more->setFocus();
+    QTest::keyClick(more, Qt::Key_Space);
+    EXPECT_TRUE(menu->isVisible());
+}
+
+} // namespace

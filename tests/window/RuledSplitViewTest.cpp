@@ -1,0 +1,102 @@
+#include "window/RuledSplitView.h"
+
+#include "window/SynchroScrollArea.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QScrollBar>
+
+namespace
+{
+
+class RuledSplitViewTest : public testing::Test
+{
+protected:
+    RuledSplitViewTest()
+    {
+        view.addWidget(new QWidget);
+        view.addWidget(new QWidget);
+        view.setHandleWidth(1);
+        VLVSplitViewDelegate &rule = view.mySplitViewDelegate();
+        rule.setMinHSizeLeft(210);
+        rule.setMaxHSizeLeft(660);
+        rule.setMinHSizeRight(450);
+        rule.setMaxHSizeRight(9999);
+        rule.setCanCollapseLeft(false);
+        rule.setCanCollapseRight(false);
+        view.resize(801, 300);
+        view.show();
+        view.setSizes({300, 500});
+    }
+    QList<int> widthsAfter(int width)
+    {
+        view.resize(width, 300);
+        QApplication::processEvents();
+        return view.sizes();
+    }
+
+    RuledSplitView view;
+};
+
+} // namespace
+
+TEST_F(RuledSplitViewTest, BothPanesTakeHalfOfEveryChangeWithinTheirLimits)
+{
+    EXPECT_EQ(view.sizes(), QList<int>({300, 500}));
+    EXPECT_EQ(widthsAfter(901), QList<int>({350, 550}));
+    EXPECT_EQ(widthsAfter(701), QList<int>({250, 450}));
+    EXPECT_EQ(widthsAfter(661), QList<int>({210, 450})) << "the right pane was at its minimum";
+    EXPECT_EQ(widthsAfter(2501).at(0), 660) << "the list stops growing";
+    // In steps of a point, as by hand, it comes to the same.
+    view.resize(801, 300);
+    view.setSizes({300, 500});
+    for (int width = 802; width <= 901; ++width)
+        view.resize(width, 300);
+    EXPECT_EQ(view.sizes(), QList<int>({350, 550}));
+}
+
+TEST_F(RuledSplitViewTest, TheDividerStopsAtTheLimits)
+{
+    view.setPositionOfDivider(20, 0);
+    EXPECT_EQ(view.sizes(), QList<int>({210, 590}));
+    view.setPositionOfDivider(790, 0);
+    EXPECT_EQ(view.sizes(), QList<int>({350, 450}));
+    EXPECT_FALSE(view.isSubviewCollapsed(0));
+}
+
+TEST_F(RuledSplitViewTest, APaneThatMayCollapseDoesSoBesideHalfOfItsMinimum)
+{
+    VLVSplitViewDelegate &rule = view.mySplitViewDelegate();
+    rule.setCanCollapseLeft(true);
+    view.resize(802, 300); // The rule is looked at.
+    rule.collapseLeftView(view);
+    EXPECT_TRUE(view.isSubviewCollapsed(0));
+    EXPECT_EQ(widthsAfter(901), QList<int>({0, 900}));
+    rule.toggleCollapseLeftView(view);
+    EXPECT_FALSE(view.isSubviewCollapsed(0));
+    EXPECT_EQ(view.sizes().at(0), 210);
+}
+
+TEST(SynchroScrollAreaTest, FollowsUpAndDownAsFarAsItGoes)
+{
+    SynchroScrollArea leader;
+    SynchroScrollArea follower;
+    for (SynchroScrollArea *area : {&leader, &follower}) {
+        area->setWidget(new QWidget);
+        area->widget()->setFixedSize(400, area == &leader ? 1000 : 600);
+        area->resize(200, 200);
+        area->show();
+    }
+    follower.synchronizer().setSynchronizedScrollView(&leader);
+    leader.synchronizer().setSynchronizedScrollView(&follower);
+    leader.verticalScrollBar()->setValue(120);
+    leader.horizontalScrollBar()->setValue(40);
+    EXPECT_EQ(follower.verticalScrollBar()->value(), 120);
+    EXPECT_EQ(follower.horizontalScrollBar()->value(), 0);
+    follower.verticalScrollBar()->setValue(30);
+    EXPECT_EQ(leader.verticalScrollBar()->value(), 30);
+    follower.synchronizer().stopSynchronizing();
+    leader.verticalScrollBar()->setValue(0);
+    EXPECT_EQ(follower.verticalScrollBar()->value(), 30);
+}

@@ -1,0 +1,166 @@
+#include "core/RecordModel.h"
+#include "foundation/ColorPanel.h"
+#include "helpers/VLColorUtilOSX.h"
+#include "support/Printers.h"
+#include "window/CategoryTable.h"
+#include "window/ColorWell.h"
+#include "window/DesktopColorPanel.h"
+#include "window/WindowTest.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+using Foundation::Color;
+
+namespace
+{
+
+class SheetsTest : public WindowTest
+{
+protected:
+    void SetUp() override
+    {
+        makeProtectedDocument();
+        addContact(QStringLiteral("Zoë"), QStringLiteral("Åström"));
+    }
+    Foundation::Ref<Foundation::Dictionary> category(std::size_t row) const
+    {
+        return document()->myCategoryArrayController()->arrangedObjects().at(row);
+    }
+    Color colorOf(std::size_t row, const Foundation::Key &key) const
+    {
+        return VLColorUtilOSX::NSColorFromDict(category(row)->value(key).dictionary());
+    }
+    void openCategories() const
+    {
+        press(Qt::Key_K, Qt::ControlModifier);
+        ASSERT_TRUE(sheetComes(QStringLiteral("myCategorySheet")));
+    }
+    // The sheet must be called by its item: it has no key.
+    void openCaptions() const
+    {
+        window()->findChild<QAction *>(QStringLiteral("editLabelsItem"))->trigger();
+        ASSERT_TRUE(sheetComes(QStringLiteral("myLabelSheet")));
+    }
+    void choose(QAbstractButton *well, const QColor &color) const
+    {
+        well->setFocus();
+        press(Qt::Key_Space);
+        QColorDialog *panel = DesktopColorPanel::shared().dialog();
+        ASSERT_TRUE(panel);
+        EXPECT_FALSE(panel->isModal());
+        panel->setCurrentColor(color);
+    }
+};
+
+TEST_F(SheetsTest, ACategoryIsMadeNamedAndColouredByKeys)
+{
+    openCategories();
+    auto *table = control<CategoryTable>("myCategoryTableView");
+    EXPECT_EQ(QApplication::focusWidget(), table);
+    EXPECT_FALSE(control<QPushButton>("removeCategory")->isEnabled()) << "in use, and the last one";
+    QTest::mouseClick(control<QPushButton>("addCategory"), Qt::LeftButton);
+    ASSERT_EQ(table->model()->rowCount(), 2);
+    EXPECT_EQ(field("categoryName"), u"Generic 1");
+    EXPECT_TRUE(control<QPushButton>("removeCategory")->isEnabled());
+
+    document()->updateChangeCount(Foundation::Document::ChangeCleared);
+    enterField("categoryName", QStringLiteral("R&D"));
+    EXPECT_EQ(category(1)->value(CategoryKey::cat_category).stringValue(), u"R&D");
+    EXPECT_TRUE(document()->isDocumentEdited());
+    EXPECT_EQ(table->model()->index(1, 0).data(Qt::AccessibleTextRole).toString(), u"R&D");
+
+    auto *back = control<ColorWell>("backColorWell");
+    choose(back, QColor(204, 51, 0));
+    EXPECT_TRUE(back->isActive());
+    EXPECT_NEAR(colorOf(1, CategoryKey::cat_backColor).red, 0.8, 1e-4) << "while the panel stands";
+    EXPECT_EQ(colorOf(1, CategoryKey::cat_textColor), (Color{1, 1, 1})) << "the other well is not active";
+    auto *text = control<ColorWell>("textColorWell");
+    choose(text, QColor(255, 255, 0));
+    EXPECT_FALSE(back->isActive());
+    EXPECT_NEAR(colorOf(1, CategoryKey::cat_textColor).blue, 0, 1e-4);
+    EXPECT_NEAR(colorOf(1, CategoryKey::cat_backColor).red, 0.8, 1e-4);
+
+    answer(QStringLiteral("Done"));
+    EXPECT_TRUE(windowIsActive());
+    EXPECT_FALSE(DesktopColorPanel::shared().dialog()) << "the panel goes with the sheet";
+    const auto *popUp = control<QComboBox>("myActionPopup");
+    EXPECT_EQ(popUp->itemText(popUp->count() - 1), u"R&D");
+}
+
+TEST_F(SheetsTest, ThePanelWritesWhatTheUserChoosesAndNothingElse)
+{
+    const auto exact = VLColorUtilOSX::dictFromNSColor({0.1, 0.123456789, 0.3, 0.5});
+    category(0)->setValue(CategoryKey::cat_backColor, exact);
+    openCategories();
+    QTest::mouseClick(control<QPushButton>("addCategory"), Qt::LeftButton);
+    auto *back = control<ColorWell>("backColorWell");
+    choose(back, QColor(10, 20, 30));
+    document()->updateChangeCount(Foundation::Document::ChangeCleared);
+    // With another category the well shows that one's colour, and the panel too.
+    control<CategoryTable>("myCategoryTableView")->selectRow(0);
+    EXPECT_EQ(category(0)->value(CategoryKey::cat_backColor).dictionary(), exact);
+    EXPECT_FALSE(document()->isDocumentEdited());
+    EXPECT_NEAR(DesktopColorPanel::shared().dialog()->currentColor().alphaF(), 0.5, 3e-3);
+    EXPECT_NEAR(colorOf(1, CategoryKey::cat_backColor).blue, 30 / 255.0, 1e-4)
+        << "the former one keeps its own";
+    // A panel that the user closed belongs to nobody.
+    DesktopColorPanel::shared().dialog()->close();
+    runEvents();
+    EXPECT_FALSE(back->isActive());
+    Foundation::ColorPanel::shared().setColor({1, 0, 0});
+    EXPECT_EQ(category(0)->value(CategoryKey::cat_backColor).dictionary(), exact);
+
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(windowIsActive());
+}
+
+TEST_F(SheetsTest, ACategoryGoesOnlyWhenNoContactBearsIt)
+{
+    openCategories();
+    QTest::mouseClick(control<QPushButton>("addCategory"), Qt::LeftButton);
+    auto *table = control<CategoryTable>("myCategoryTableView");
+    table->selectRow(0);
+    EXPECT_FALSE(control<QPushButton>("removeCategory")->isEnabled());
+    table->selectRow(1);
+    QTest::mouseClick(control<QPushButton>("removeCategory"), Qt::LeftButton);
+    EXPECT_EQ(table->model()->rowCount(), 1);
+    EXPECT_EQ(field("categoryName"), u"Generic");
+    answer(QStringLiteral("Done"));
+    EXPECT_TRUE(windowIsActive());
+}
+
+TEST_F(SheetsTest, CaptionsReachTheFormAtEveryLetterAndFlagsShowTheirButton)
+{
+    document()->updateChangeCount(Foundation::Document::ChangeCleared);
+    openCaptions();
+    enterField("pagerCaption", QStringLiteral("Boat & car:"));
+    control<QLineEdit>("phoneWorkCaption")->clear();
+    const auto *label = window()->findChild<QLabel *>(QStringLiteral("pagerLabel"));
+    EXPECT_EQ(label->text(), u"Boat && car:") << "with a buddy, the sign stands doubled for itself";
+    const auto *button = window()->findChild<QToolButton *>(QStringLiteral("openPager"));
+    EXPECT_TRUE(button->isHidden());
+    control<QCheckBox>("open06")->click();
+    EXPECT_FALSE(button->isHidden());
+    EXPECT_EQ(button->accessibleName(), u"Open Boat & car");
+    EXPECT_FALSE(document()->isDocumentEdited());
+    answer(QStringLiteral("Done"));
+    EXPECT_TRUE(windowIsActive());
+    EXPECT_TRUE(document()->isDocumentEdited());
+
+    chooseNextPath(pathOf(QStringLiteral("captions.vexcards")));
+    press(Qt::Key_S, Qt::ControlModifier);
+    ASSERT_TRUE(eventually([this] { return !document()->isDocumentEdited(); }));
+    openDocument(pathOf(QStringLiteral("captions.vexcards")));
+    unlock(password);
+    const auto &labels = *document()->myLabelDictionary();
+    EXPECT_EQ(labels.value(RecordKey::pager).stringValue(), u"Boat & car:");
+    EXPECT_EQ(labels.value(RecordKey::phoneWork).stringValue(), u"");
+    EXPECT_TRUE(labels.value(u"open06").boolValue());
+}
+
+} // namespace
