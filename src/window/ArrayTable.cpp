@@ -65,6 +65,12 @@ QRectF ArrayTable::cellInRoom(const QRect &room)
                                  -RoomBetweenRows / 2.0);
 }
 
+QColor ArrayTable::backgroundOfCell(const QStyleOptionViewItem &option)
+{
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    return option.palette.color(isSelected ? QPalette::Highlight : QPalette::Base);
+}
+
 void ArrayTable::setRowHeight()
 {
     verticalHeader()->setMinimumSectionSize(rowHeight() + RoomBetweenRows);

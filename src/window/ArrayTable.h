@@ -17,6 +17,7 @@ public:
     int rowHeight() const;
     // The cell in the room that the view gives it, which is wider and higher by the room between cells.
     static QRectF cellInRoom(const QRect &room);
+    static QColor backgroundOfCell(const QStyleOptionViewItem &option);
 
     void redrawColumn(const QString &identifier);
     // What an empty table says.

@@ -7,6 +7,7 @@
 
 #include <optional>
 
+class QColor;
 class QPainter;
 class QRectF;
 
@@ -25,6 +26,7 @@ struct CategoryPill
     static Foundation::TextAttributes tableAttributes();
 
     // Paints the label into a cell of a table, a point inside it on all sides, in the font of the settings.
-    // Nothing is drawn in a cell without room.
-    void paintIntoCell(QPainter &painter, const QRectF &cell) const;
+    // Nothing is drawn in a cell without room. A line around it sets it off from a background of about its
+    // own colour, as that of a selected row may be.
+    void paintIntoCell(QPainter &painter, const QRectF &cell, const QColor &background) const;
 };

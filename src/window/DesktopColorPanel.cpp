@@ -3,10 +3,32 @@
 #include "foundation/ColorPanel.h"
 #include "window/DesktopText.h"
 
+#include <QScreen>
 #include <QSignalBlocker>
 
 using Foundation::Color;
 using Foundation::ColorPanel;
+
+namespace
+{
+
+// Beside what it colours, so that both can be seen; in a corner where no side has room.
+QPoint placeBeside(const QRect &window, const QSize &panel, const QRect &screen)
+{
+    constexpr int Gap = 8;
+    constexpr int TitleBar = 32;
+    const QPoint places[] = {{window.right() + Gap, window.top()},
+                             {window.left() - Gap - panel.width(), window.top()},
+                             {window.left(), window.bottom() + Gap},
+                             {window.left(), window.top() - Gap - TitleBar - panel.height()}};
+    for (const QPoint &place : places) {
+        if (screen.contains(QRect(place, panel + QSize(0, TitleBar))))
+            return place;
+    }
+    return screen.bottomRight() - QPoint(panel.width() + Gap, panel.height() + TitleBar + Gap);
+}
+
+} // namespace
 
 DesktopColorPanel &DesktopColorPanel::shared()
 {
@@ -49,6 +71,9 @@ void DesktopColorPanel::open(const Color &color, const QString &title, QWidget *
     m_dialog->setWindowTitle(title);
     give(std::move(activation));
     showColor(color);
+    m_dialog->adjustSize();
+    m_dialog->move(
+        placeBeside(window->frameGeometry(), m_dialog->size(), window->screen()->availableGeometry()));
     m_dialog->show();
     m_dialog->raise();
     m_dialog->activateWindow();

@@ -4,6 +4,7 @@
 #include "window/AlertDialog.h"
 #include "window/CategoryTable.h"
 #include "window/DesktopText.h"
+#include "window/DetailPlaceholder.h"
 #include "window/FilePanels.h"
 #include "window/InterfaceStyle.h"
 #include "window/MyTableDelegate.h"
@@ -89,12 +90,16 @@ void DocumentWindowController::setUpControls()
                                                         *m_document, m_ui->myActionPopup);
     setUpToolbar();
     new RecordCard(m_document->myArrayController(), {m_ui->recordName, m_ui->recordSubtitle}, &m_window);
+    new DetailPlaceholder(m_document,
+                          {m_ui->detailPlaceholder, m_ui->placeholderTitle, m_ui->placeholderHint,
+                           m_ui->detailView, m_ui->myTableView},
+                          &m_window);
     m_binder.bind(&m_window);
 }
 
 void DocumentWindowController::giveListUsualWidth()
 {
-    m_ui->mySplitView->setSizes({UsualListWidth, m_ui->mySplitView->width() - UsualListWidth});
+    m_ui->mySplitView->setLeftWidth(UsualListWidth);
 }
 
 void DocumentWindowController::setUpTable()
@@ -141,21 +146,6 @@ void DocumentWindowController::followDocument()
     connect(m_document, &MyDocument::selectedViewChanged, this, &DocumentWindowController::keepFocusInSight);
     connect(&m_document->recordCommands(), &RecordCommands::recordAdded, this,
             &DocumentWindowController::prepareForTyping);
-    connect(m_document->myArrayController(), &ArrayController::arrangedObjectsChanged, this,
-            &DocumentWindowController::updateHints);
-    updateHints();
-}
-
-void DocumentWindowController::updateHints()
-{
-    FilteringArrayController *records = m_document->myArrayController();
-    const bool isFiltered = records->filterInAction();
-    m_ui->myTableView->setEmptyHint(isFiltered ? tr("No contact matches") : tr("No contacts yet"));
-    if (!records->arrangedObjects().empty())
-        m_ui->noSelectionHint->setText(tr("Select a contact in the list to see it here"));
-    else
-        m_ui->noSelectionHint->setText(isFiltered ? tr("Show all contacts or search for something else")
-                                                  : tr("Press Add to make your first contact"));
 }
 
 void DocumentWindowController::followItems()

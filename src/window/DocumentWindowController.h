@@ -86,7 +86,6 @@ private:
     void setUpToolbar();
     void followDocument();
     void followItems();
-    void updateHints();
     void updateTitle();
     void updateUndoTitles();
     void showFace();

@@ -1,5 +1,7 @@
 #include "window/FieldText.h"
 
+#include "window/TextLabel.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QFocusEvent>
 #include <QGuiApplication>
@@ -42,15 +44,21 @@ void FieldText::setLink(bool isLink)
     m_isLink = isLink;
     setFocusPolicy(isLink ? Qt::StrongFocus : Qt::ClickFocus);
     viewport()->setCursor(isLink ? Qt::PointingHandCursor : Qt::IBeamCursor);
+    showColor();
+}
+
+void FieldText::showColor()
+{
     QPalette colors = palette();
-    colors.setColor(QPalette::Text, shownColor());
+    colors.setColor(QPalette::Active, QPalette::Text, shownColor());
+    colors.setColor(QPalette::Inactive, QPalette::Text, shownColor());
     setPalette(colors);
 }
 
 QColor FieldText::shownColor() const
 {
     const QWidget *page = parentWidget() ? parentWidget() : this;
-    return page->palette().color(m_isLink ? QPalette::Link : QPalette::Text);
+    return m_isLink && isEnabled() ? linkColor(page->palette()) : page->palette().color(QPalette::Text);
 }
 
 void FieldText::keyPressEvent(QKeyEvent *event)

@@ -33,6 +33,8 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
+    void showColor();
+
     bool m_isLink = false;
     QPoint m_pressedAt;
 };

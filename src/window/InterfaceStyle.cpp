@@ -1,6 +1,7 @@
 #include "window/InterfaceStyle.h"
 
 #include "window/SymbolIcon.h"
+#include "window/TextLabel.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -20,8 +21,11 @@ void styleInterface(QWidget *interface)
             continue;
         QPalette colors = button->palette();
         for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
-            colors.setColor(group, QPalette::ButtonText, colors.color(group, QPalette::Link));
+            colors.setColor(group, QPalette::ButtonText, linkColor(colors));
         button->setPalette(colors);
+        // Buttons keep the size of the font that they were made with.
+        constexpr int RoomBesideText = 12;
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + RoomBesideText);
     }
     for (QAction *item : interface->findChildren<QAction *>()) {
         const QString symbol = item->property("symbol").toString();

@@ -16,5 +16,6 @@ void MyCategoryTableDelegate::paint(QPainter *painter, const QStyleOptionViewIte
     if (index.column() != CategoryTableModel::CategoryColumn)
         return;
     const auto &category = myCategoryArrayController->arrangedObjects()[std::size_t(index.row())];
-    CategoryPill::ofCategory(*category).paintIntoCell(*painter, ArrayTable::cellInRoom(option.rect));
+    CategoryPill::ofCategory(*category).paintIntoCell(*painter, ArrayTable::cellInRoom(option.rect),
+                                                      ArrayTable::backgroundOfCell(option));
 }

@@ -21,7 +21,8 @@ void MyTableDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
         return;
     const auto &record = myFilteringArrayController->arrangedObjects()[std::size_t(index.row())];
     if (const auto pill = CategoryPill::ofRecord(*record))
-        pill->paintIntoCell(*painter, ArrayTable::cellInRoom(option.rect));
+        pill->paintIntoCell(*painter, ArrayTable::cellInRoom(option.rect),
+                            ArrayTable::backgroundOfCell(option));
 }
 
 void MyTableDelegate::tableViewSelectionDidChange()

@@ -56,10 +56,20 @@ void RuledSplitView::adjustSubviews()
     setSizes({left, width() - handleWidth() - left});
 }
 
+void RuledSplitView::setLeftWidth(int width)
+{
+    if (isVisible())
+        setSizes({width, this->width() - handleWidth() - width});
+    else
+        m_leftWidth = width;
+}
+
 void RuledSplitView::showEvent(QShowEvent *event)
 {
     followRules();
     QSplitter::showEvent(event);
+    if (const int left = std::exchange(m_leftWidth, 0))
+        setLeftWidth(left);
 }
 
 void RuledSplitView::resizeEvent(QResizeEvent *event)

@@ -16,6 +16,8 @@ class RuledSplitView : public QSplitter, public Foundation::SplitView
 public:
     explicit RuledSplitView(QWidget *parent = nullptr);
 
+    // What the left pane begins with: now, or when the view is shown for the first time.
+    void setLeftWidth(int width);
     // Looked at whenever the view is shown or gets another size.
     VLVSplitViewDelegate &mySplitViewDelegate() { return m_delegate; }
 
@@ -35,6 +37,7 @@ private:
     void followRules();
 
     VLVSplitViewDelegate m_delegate;
+    int m_leftWidth = 0; // of a view that was never shown
     // The widths as the rule has set them, of which whole points are shown: halves must not get lost on the
     // way from one width of the window to the next.
     std::array<double, 2> m_exactWidths = {};

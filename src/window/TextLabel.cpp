@@ -28,6 +28,13 @@ QColor quietTextColor(const QPalette &palette)
     return blend(palette.color(QPalette::WindowText), palette.color(QPalette::Window), ShareOfText);
 }
 
+QColor linkColor(const QPalette &palette)
+{
+    // The desktop's own is often the pure blue of old browsers, which no dark background bears.
+    const bool isDark = palette.color(QPalette::Window).lightness() < 128;
+    return isDark ? QColor(0x7a, 0xa5, 0xff) : QColor(0x1f, 0x5f, 0xd0);
+}
+
 TextLabel::TextLabel(QWidget *parent)
     : QLabel(parent)
 {

@@ -42,3 +42,5 @@ private:
 
 // The colour of quiet text on the widget's background: readable, but behind what it describes.
 QColor quietTextColor(const QPalette &palette);
+// The colour of links on the widget's background.
+QColor linkColor(const QPalette &palette);

@@ -18,7 +18,6 @@ VLWhiteView::VLWhiteView(QWidget *parent)
     for (const QPalette::ColorRole role : {QPalette::Window, QPalette::Base})
         page.setColor(role, Qt::white);
     page.setColor(QPalette::Disabled, QPalette::Text, QColor(0x6b, 0x70, 0x7a));
-    page.setColor(QPalette::Link, QColor(0x1f, 0x5f, 0xd0));
     setPalette(page);
 }
 

@@ -58,7 +58,7 @@ TEST_F(BrowsingTest, SearchingByKeysNarrowsAtEveryLetter)
     EXPECT_EQ(names(), QStringList());
     EXPECT_TRUE(isStripShown());
     EXPECT_EQ(told(), u"search string \"k\"");
-    EXPECT_EQ(control<QLabel>("noSelectionHint")->text(), u"Show all contacts or search for something else");
+    EXPECT_EQ(control<QLabel>("placeholderHint")->text(), u"Show all contacts or search for something else");
     press(Qt::Key_Backspace);
     type(QStringLiteral("ка"));
     EXPECT_EQ(names(), QStringList{boris});

@@ -134,7 +134,7 @@ TEST_F(PillTest, TheSettingOfTheFontReachesTheTablesAlone)
         QImage image(100, 22, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);
         QPainter painter(&image);
-        CategoryPill::ofRecord(*record)->paintIntoCell(painter, QRectF(0, 0, 100, 22));
+        CategoryPill::ofRecord(*record)->paintIntoCell(painter, QRectF(0, 0, 100, 22), Qt::white);
         return image;
     };
     UserDefaults &defaults = UserDefaults::standardUserDefaults();
@@ -150,7 +150,7 @@ TEST_F(PillTest, TheSettingOfTheFontReachesTheTablesAlone)
     QImage empty(10, 10, QImage::Format_ARGB32_Premultiplied);
     empty.fill(Qt::transparent);
     QPainter painter(&empty);
-    CategoryPill::ofRecord(*record)->paintIntoCell(painter, QRectF(0, 0, 2.9, 10));
+    CategoryPill::ofRecord(*record)->paintIntoCell(painter, QRectF(0, 0, 2.9, 10), Qt::white);
     painter.end();
     EXPECT_EQ(empty.pixel(1, 5), 0U);
 }

@@ -1,7 +1,7 @@
 #include "Journey.h"
 
 #include "browse/RecordName.h"
-#include "helpers/VLColorUtilOSX.h"
+#include "window/DesktopColorPanel.h"
 #include "window/RecordTable.h"
 
 #include <QApplication>
@@ -9,6 +9,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
 #include <QPushButton>
 #include <QTextStream>
 #include <QToolBar>
@@ -35,7 +36,9 @@ void Journey::makeDocument()
     giveFirstPassword();
     addContacts();
     chooseCategories();
+    changeCaptions();
     readContacts();
+    printContact();
     filterContacts();
     duplicateAndUndo();
     saveAndQuit();
@@ -127,21 +130,39 @@ void Journey::addContacts()
     m_stage.takePicture(QStringLiteral("three-contacts"));
 }
 
-// There are no commands for categories yet: those of the document are made behind the scenes, and the contact
-// is put into one by the pop-up.
+void Journey::makeCategory(const QString &name, const QString &color)
+{
+    m_stage.click(m_stage.control<QPushButton>(QStringLiteral("addCategory")));
+    auto *field = m_stage.control<QLineEdit>(QStringLiteral("categoryName"));
+    field->setFocus();
+    field->selectAll();
+    m_stage.type(name);
+    m_stage.press(Qt::Key_Tab);
+    m_stage.press(Qt::Key_Space);
+    m_stage.await(QStringLiteral("the colour panel comes"), [] {
+        const QColorDialog *panel = DesktopColorPanel::shared().dialog();
+        return panel && panel->isVisible();
+    });
+    DesktopColorPanel::shared().dialog()->setCurrentColor(QColor(color));
+}
+
 void Journey::chooseCategories()
 {
-    m_stage.step(QStringLiteral("A contact gets a category"));
-    const struct
-    {
-        QString name;
-        Foundation::Color color;
-    } categories[] = {{QStringLiteral("Family"), {0.753, 0.224, 0.169}},
-                      {QStringLiteral("Work"), {0.18, 0.525, 0.671}}};
-    for (const auto &category : categories) {
-        const auto made = m_stage.document()->myCategoryArrayController()->addWithName(category.name);
-        made->setValue(CategoryKey::cat_backColor, VLColorUtilOSX::dictFromNSColor(category.color));
-    }
+    m_stage.step(QStringLiteral("Categories are made and coloured"));
+    m_stage.press(Qt::Key_K, Qt::ControlModifier);
+    m_stage.await(QStringLiteral("the sheet of categories comes"), [this] {
+        return m_stage.control<QWidget>(QStringLiteral("myCategoryTableView")) != nullptr;
+    });
+    makeCategory(QStringLiteral("Family"), QStringLiteral("#c0392b"));
+    m_stage.takePicture(QStringLiteral("colour-panel"));
+    DesktopColorPanel::shared().dialog()->close();
+    makeCategory(QStringLiteral("Work"), QStringLiteral("#2e86ab"));
+    DesktopColorPanel::shared().dialog()->close();
+    m_stage.takePicture(QStringLiteral("categories-sheet"));
+    m_stage.click(m_stage.control<QPushButton>(QStringLiteral("done")));
+    m_stage.await(QStringLiteral("the sheet goes"), [this] { return !m_stage.sheet(); });
+
+    m_stage.step(QStringLiteral("Contacts get a category"));
     selectRow(0);
     auto *popUp = m_stage.control<QComboBox>(QStringLiteral("category"));
     popUp->setFocus();
@@ -151,8 +172,42 @@ void Journey::chooseCategories()
     popUp->setFocus();
     m_stage.press(Qt::Key_End);
     m_stage.takePicture(QStringLiteral("categories"));
-    // The pop-up of the toolbar follows when the sheet of categories closes.
-    m_stage.document()->categoryCommands().synkCategorySubMenu({});
+}
+
+void Journey::changeCaptions()
+{
+    m_stage.step(QStringLiteral("A caption is changed, and its field opens"));
+    m_stage.window()->findChild<QAction *>(QStringLiteral("editLabelsItem"))->trigger();
+    m_stage.await(QStringLiteral("the sheet of captions comes"),
+                  [this] { return m_stage.control<QWidget>(QStringLiteral("mobileCaption")) != nullptr; });
+    auto *caption = m_stage.control<QLineEdit>(QStringLiteral("mobileCaption"));
+    caption->setFocus();
+    caption->selectAll();
+    m_stage.type(QStringLiteral("Mobile:"));
+    m_stage.press(Qt::Key_Tab);
+    m_stage.press(Qt::Key_Space);
+    m_stage.takePicture(QStringLiteral("captions-sheet"));
+    m_stage.click(m_stage.control<QPushButton>(QStringLiteral("done")));
+    m_stage.await(QStringLiteral("the sheet goes"), [this] { return !m_stage.sheet(); });
+    m_stage.takePicture(QStringLiteral("caption-changed"));
+}
+
+void Journey::printContact()
+{
+    m_stage.step(QStringLiteral("A contact is printed"));
+    selectRow(0);
+    m_stage.press(Qt::Key_P, Qt::ControlModifier);
+    m_stage.await(QStringLiteral("the print dialog comes"),
+                  [this] { return qobject_cast<QPrintDialog *>(m_stage.sheet()) != nullptr; });
+    m_stage.takePicture(QStringLiteral("print-dialog"));
+    m_stage.press(Qt::Key_Escape);
+    m_stage.await(QStringLiteral("the dialog goes"), [this] { return !m_stage.sheet(); });
+    CardPrinter &cardPrinter = m_stage.windowController()->cardPrinter();
+    cardPrinter.printer().setOutputFormat(QPrinter::PdfFormat);
+    const QString card = QFileInfo(m_file).path() + QStringLiteral("/Contact.pdf");
+    cardPrinter.printer().setOutputFileName(card);
+    cardPrinter.print();
+    m_stage.expect(QFileInfo(card).size() > 0, QStringLiteral("the file of the print is there"));
 }
 
 void Journey::readContacts()

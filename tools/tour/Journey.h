@@ -21,6 +21,8 @@ private:
     void giveFirstPassword();
     void addContacts();
     void chooseCategories();
+    void changeCaptions();
+    void printContact();
     void readContacts();
     void filterContacts();
     void duplicateAndUndo();
@@ -33,6 +35,7 @@ private:
 
     void enterPasswords(const QString &first, const QString &second);
     void addContact(const QStringList &fields);
+    void makeCategory(const QString &name, const QString &color);
     QStringList namesInList() const;
     void selectRow(int row);
 

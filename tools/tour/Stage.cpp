@@ -55,10 +55,14 @@ MyDocument *Stage::document() const
     return documents.isEmpty() ? nullptr : static_cast<MyDocument *>(documents.last());
 }
 
+DocumentWindowController *Stage::windowController() const
+{
+    return m_application->windowOf(document());
+}
+
 DocumentMainWindow *Stage::window() const
 {
-    DocumentWindowController *controller = m_application->windowOf(document());
-    return controller ? controller->mainWindow() : nullptr;
+    return windowController() ? windowController()->mainWindow() : nullptr;
 }
 
 QDialog *Stage::sheet() const

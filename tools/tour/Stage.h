@@ -29,6 +29,7 @@ public:
 
     DocumentMainWindow *window() const;
     MyDocument *document() const;
+    DocumentWindowController *windowController() const;
     // The sheet, alert or panel that stands on the window; null without one.
     QDialog *sheet() const;
     template <class Control>
