@@ -16,7 +16,15 @@ ActionDispatcher::ActionDispatcher(Foundation::Document *document, Responders re
 void ActionDispatcher::addItem(QAction *item, const Condition &condition)
 {
     m_items.append({item, textProperty(item, InterfaceProperty::Action), condition});
-    connect(item, &QAction::triggered, this, [this, added = m_items.last()] { trigger(added); });
+    if (!item->isCheckable()) {
+        connect(item, &QAction::triggered, this, [this, added = m_items.last()] { trigger(added); });
+        return;
+    }
+    // Assistive technology turns the mark over without triggering the item.
+    connect(item, &QAction::toggled, this, [this, added = m_items.last()] {
+        if (!m_isValidating)
+            trigger(added);
+    });
 }
 
 bool ActionDispatcher::send(const QString &action, const ActionSender &sender) const
@@ -49,6 +57,7 @@ bool ActionDispatcher::isEnabled(const Item &item, MenuItem &menuItem) const
 
 void ActionDispatcher::validate()
 {
+    m_isValidating = true;
     for (const Item &item : m_items) {
         if (!item.item)
             continue;
@@ -57,6 +66,7 @@ void ActionDispatcher::validate()
         if (item.item->isCheckable())
             item.item->setChecked(menuItem.isChecked);
     }
+    m_isValidating = false;
     Q_EMIT validated();
 }
 

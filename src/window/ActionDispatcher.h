@@ -47,6 +47,7 @@ private:
     Responders m_responders;
     QList<Item> m_items;
     bool m_isValidationPending = false;
+    bool m_isValidating = false;
 };
 
 // The title of a menu item or button without the marks of its mnemonic.

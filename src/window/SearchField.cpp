@@ -9,7 +9,10 @@ SearchField::SearchField(QWidget *parent)
     : QLineEdit(parent)
 {
     setClearButtonEnabled(true);
-    addAction(symbolIcon(QStringLiteral("search")), LeadingPosition);
+    // The pictures in the field are buttons to assistive technology.
+    for (QAction *clearing : findChildren<QAction *>())
+        clearing->setText(tr("Clear"));
+    addAction(symbolIcon(QStringLiteral("search")), LeadingPosition)->setText(tr("Search symbol"));
 }
 
 void SearchField::keyPressEvent(QKeyEvent *event)

@@ -1,0 +1,300 @@
+#!/usr/bin/python3
+"""assistive_client.py APPLICATION [--gtest_output=json:FILE]: uses the application as assistive technology does.
+
+Finds every field, button and menu item by its role and name over AT-SPI alone, puts text into fields and presses
+buttons through their accessible interfaces, and looks at what the tree then says. Needs a screen and a session bus.
+The steps build on one another; what each found wrong is told as GoogleTest tells it.
+"""
+
+import json
+import os
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+PATIENCE = 20  # seconds
+PASSWORD = "correct horse"
+DOWN, RETURN = 0xff54, 0xff0d  # as the window system numbers the keys
+
+
+class Missing(Exception):
+    """Something that should be there does not come."""
+
+
+def until(condition, what):
+    """The first true result of the condition, which is asked again and again."""
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        try:
+            found = condition()
+        except GLib.Error:  # It went away while it was looked at.
+            found = None
+        if found:
+            return found
+        time.sleep(0.05)
+    raise Missing(what)
+
+
+def is_usable(node):
+    states = node.get_state_set()
+    return all(states.contains(state) for state in (Atspi.StateType.SHOWING, Atspi.StateType.ENABLED))
+
+
+def is_focused(node):
+    return node.get_state_set().contains(Atspi.StateType.FOCUSED)
+
+
+def descendants(node):
+    for i in range(node.get_child_count()):
+        child = node.get_child_at_index(i)
+        if child is None:
+            continue
+        yield child
+        if child.get_role() != Atspi.Role.TABLE:
+            yield from descendants(child)
+
+
+def names_of(node):
+    """What it calls itself, and what the labels say that belong to it: a pop-up calls itself by its choice."""
+    names = [node.get_name()]
+    for relation in node.get_relation_set():
+        if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+            names += [relation.get_target(i).get_name() for i in range(relation.get_n_targets())]
+    return names
+
+
+class Client:
+    def __init__(self, program, folder):
+        self.program = program
+        self.folder = folder
+        self.process = None
+
+    def start(self, *arguments):
+        environment = dict(os.environ, HOME=str(self.folder), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+                           LC_ALL="C.UTF-8")
+        self.process = subprocess.Popen([self.program, *arguments], env=environment, cwd=self.folder)
+        until(self.application, "the application")
+
+    def application(self):
+        desktop = Atspi.get_desktop(0)
+        for i in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(i)
+            if child and child.get_process_id() == self.process.pid and child.get_child_count() > 0:
+                return child
+        return None
+
+    def find_all(self, role, name):
+        return [node for node in descendants(self.application())
+                if node.get_role_name() == role and name in names_of(node)]
+
+    def find(self, role, name):
+        """The one that can be used; the last of several, which stands in front."""
+        return until(lambda: next((node for node in reversed(self.find_all(role, name)) if is_usable(node)), None),
+                     f"{role} '{name}'")
+
+    def item(self, name):
+        """A menu item, which need not be on the screen."""
+        return until(lambda: next((node for node in self.find_all("menu item", name)
+                                   if node.get_state_set().contains(Atspi.StateType.ENABLED)), None),
+                     f"menu item '{name}'")
+
+    @staticmethod
+    def press(node):
+        assert Atspi.Action.do_action(node, 0), f"{node.get_name()} cannot be pressed"
+
+    def click(self, name):
+        self.press(self.find("push button", name))
+
+    def choose(self, name):
+        self.press(self.item(name))
+
+    def put(self, name, text, role="text"):
+        """Text into the field of that name, as dictation puts it."""
+        assert Atspi.EditableText.set_text_contents(self.find(role, name), text), f"{name} takes no text"
+
+    def text(self, name, role="text"):
+        field = self.find(role, name)
+        return Atspi.Text.get_text(field, 0, Atspi.Text.get_character_count(field))
+
+    def names_in_list(self):
+        return self.names_in_column("Contacts", 1)
+
+    def names_in_column(self, table_name, column):
+        table = self.find("table", table_name)
+        return [Atspi.Table.get_accessible_at(table, row, column).get_name()
+                for row in range(Atspi.Table.get_n_rows(table))]
+
+    def categories_in_list(self):
+        return self.names_in_column("Contacts", 0)
+
+    def select(self, row):
+        table = self.find("table", "Contacts")
+        for selected in Atspi.Table.get_selected_rows(table):
+            Atspi.Table.remove_row_selection(table, selected)
+        assert Atspi.Table.add_row_selection(table, row), f"row {row} cannot be selected"
+
+    def expect_names(self, *names):
+        until(lambda: self.names_in_list() == list(names), f"{names} in the list; it has {self.names_in_list()}")
+
+    def key(self, symbol):
+        Atspi.generate_keyboard_event(symbol, None, Atspi.KeySynthType.SYM)
+
+
+# The steps, in the order in which they are taken.
+
+
+def a_new_document_takes_its_password(client):
+    client.start()
+    client.put("Password:", PASSWORD, "password text")
+    client.put("Retype password:", PASSWORD, "password text")
+    client.click("OK")
+    client.find("label", "Password accepted")
+    client.click("OK")
+    until(lambda: not client.find_all("label", "Password accepted"), "the end of the alert")
+    client.find("label", "Press Add to make your first contact")
+
+
+def contacts_are_added_and_edited(client):
+    for first, last in (("Zoë", "Åström"), ("Boris", "Kant")):
+        client.click("Add")
+        until(lambda: is_focused(client.find("text", "First name:")), "the focus in the first name")
+        client.put("First name:", first)
+        client.put("Last name:", last)
+    client.expect_names("Zoë Åström", "Boris Kant")
+    client.put("Email work:", "boris@kant.example")
+    client.put("Note", "Prefers letters.\nAnd blue glaze.")
+    assert client.text("Note") == "Prefers letters.\nAnd blue glaze."
+    client.find("push button", "Open Email work")
+    client.press(client.find("check box", "Edit"))
+    assert client.text("Email work") == "boris@kant.example", "the card to be read"
+    assert client.text("Name") == "Boris Kant"
+    client.press(client.find("check box", "Edit"))
+
+
+def a_category_is_made_coloured_and_given(client):
+    client.choose("Edit Categories…")
+    client.find("table", "Categories")
+    client.click("Add")
+    client.put("Name:", "Family")
+    client.click("Label colour")
+    for component, value in (("Red:", 192), ("Green:", 57), ("Blue:", 43)):
+        Atspi.Value.set_current_value(client.find("spin button", component), value)
+    assert client.names_in_column("Categories", 0) == ["Generic", "Family"]
+    client.click("Done")
+    until(lambda: not client.find_all("table", "Categories"), "the end of the sheet")
+    client.press(client.find("combo box", "Category:"))
+    client.find("list item", "Family")
+    client.key(DOWN)
+    client.key(RETURN)
+    until(lambda: client.categories_in_list() == ["Generic", "Family"], "the category in the list")
+    client.find("filler", "Category Family")
+
+
+def the_list_is_searched(client):
+    client.put("Search", "BLUE glaze")
+    client.expect_names("Boris Kant")
+    client.find("label", ' search string "BLUE glaze"')
+    client.find("combo box", "Category to show")
+    client.click("Show all records")
+    client.expect_names("Zoë Åström", "Boris Kant")
+
+
+def captions_are_renamed_and_flagged(client):
+    client.choose("Edit Captions…")
+    client.put("Caption of Phone work", "Desk:")
+    client.press(client.find("check box", "Phone work opens"))
+    client.click("Done")
+    client.select(1)
+    client.put("Desk:", "+47 22 90 11 40")
+    client.find("push button", "Open Desk")
+
+
+def a_copy_is_undone_and_a_contact_deleted(client):
+    client.select(0)
+    client.choose("Duplicate Contact")
+    client.expect_names("Zoë Åström", "Zoë Åström", "Boris Kant")
+    client.choose("Undo Duplicate Record")
+    client.expect_names("Zoë Åström", "Boris Kant")
+    client.select(0)
+    client.choose("Delete Contact…")
+    client.click("Delete Contact")
+    client.expect_names("Boris Kant")
+
+
+def the_document_is_saved_and_opened_again(client):
+    file = client.folder / "assisted.vexcards"
+    client.choose("Save")
+    client.put("File name:", str(file))
+    client.click("Save")
+    until(file.exists, "the file")
+    client.choose("Quit")
+    assert client.process.wait(PATIENCE) == 0
+
+    client.start(str(file))
+    field = "Enter the master password to open it"
+    until(lambda: is_focused(client.find("password text", field)), "the focus in the password field")
+    client.put(field, PASSWORD, "password text")
+    client.click("Open")
+    client.expect_names("Boris Kant")
+    assert client.categories_in_list() == ["Family"]
+    assert client.text("Desk") == "+47 22 90 11 40", "the caption and the number are back"
+    assert client.text("Note") == "Prefers letters.\nAnd blue glaze."
+
+
+def nothing_that_can_be_used_is_without_a_name(client):
+    client.press(client.find("check box", "Edit"))
+    client.find("text", "First name:")
+    for node in descendants(client.application()):
+        if node.get_role_name() in ("push button", "check box", "combo box", "text", "password text", "menu item",
+                                    "table", "spin button") and is_usable(node):
+            assert node.get_name(), f"a {node.get_role_name()} in {node.get_parent().get_name()} has no name"
+
+
+STEPS = [a_new_document_takes_its_password, contacts_are_added_and_edited, a_category_is_made_coloured_and_given,
+         the_list_is_searched, captions_are_renamed_and_flagged, a_copy_is_undone_and_a_contact_deleted,
+         the_document_is_saved_and_opened_again, nothing_that_can_be_used_is_without_a_name]
+
+
+def run_step(step, client):
+    """What was wrong; null if nothing was."""
+    print(f"[ RUN      ] Assistive.{step.__name__}", flush=True)
+    try:
+        step(client)
+    except (AssertionError, Missing, GLib.Error, subprocess.TimeoutExpired, OSError) as problem:
+        print(f"[  FAILED  ] Assistive.{step.__name__}: {type(problem).__name__}: {problem}", flush=True)
+        return f"{type(problem).__name__}: {problem}"
+    print(f"[       OK ] Assistive.{step.__name__}", flush=True)
+    return None
+
+
+def main(program, report):
+    cases = []
+    with tempfile.TemporaryDirectory(prefix="vexarel-assistive-") as folder:
+        client = Client(program, pathlib.Path(folder))
+        for step in STEPS:
+            failure = run_step(step, client)
+            cases.append({"name": step.__name__, "result": "COMPLETED",
+                          **({"failures": [{"failure": failure}]} if failure else {})})
+            if failure:
+                break
+        if client.process and client.process.poll() is None:
+            client.process.kill()
+            client.process.wait()
+    if report:
+        pathlib.Path(report).write_text(json.dumps({"testsuites": [{"name": "Assistive", "testsuite": cases}]}),
+                                        encoding="utf-8")
+    return 1 if any("failures" in case for case in cases) else 0
+
+
+if __name__ == "__main__":
+    if len(sys.argv) < 2:
+        sys.exit(__doc__)
+    OUTPUT = "--gtest_output=json:"
+    sys.exit(main(sys.argv[1], next((a[len(OUTPUT):] for a in sys.argv[2:] if a.startswith(OUTPUT)), None)))
