@@ -146,10 +146,10 @@ FilteringArrayController::Positions FilteringArrayController::positionsFound(con
 
 FilteringArrayController::Objects FilteringArrayController::filterObjectsByCategory(const Objects &records)
 {
-    return sorted(records, positionsInCategory(records));
+    return objectsAt(records, sorted(records, positionsInCategory(records)));
 }
 
-FilteringArrayController::Objects FilteringArrayController::arrangeObjects(const Objects &records)
+FilteringArrayController::Positions FilteringArrayController::arrangedPositions(const Objects &records)
 {
     updateFilterInAction();
     Positions shown = positionsInCategory(records);

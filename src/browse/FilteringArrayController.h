@@ -41,8 +41,8 @@ public:
     const Object &newObj() const { return m_newObj; }
     void setNewObj(const Object &record) { m_newObj = record; }
 
-    // The records that pass both filters, in the order of the sort descriptors.
-    Objects arrangeObjects(const Objects &records) override;
+    // The records that pass the first filter, in the order of the sort descriptors; arrangeObjects() gives
+    // those that pass both.
     Objects filterObjectsByCategory(const Objects &records);
     void updateFilterInAction();
     // Takes the text of the document's search field and selects the first record found.
@@ -87,6 +87,9 @@ Q_SIGNALS:
     void filterChanged();
     void usedFilterDisplayChanged();
     void filterInActionChanged();
+
+protected:
+    Positions arrangedPositions(const Objects &records) override;
 
 private:
     static void moveUses(const Object &category, qint32 amount);

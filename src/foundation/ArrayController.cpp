@@ -27,14 +27,15 @@ ArrayController::Objects ArrayController::selectedObjects() const
 {
     Objects objects;
     for (const std::size_t index : m_selection)
-        objects.push_back(m_arranged[index]);
+        objects.push_back(arrangedObjects()[index]);
     return objects;
 }
 
 qsizetype ArrayController::arrangedIndexOf(const Object &object) const
 {
-    const auto found = std::find(m_arranged.begin(), m_arranged.end(), object);
-    return found == m_arranged.end() ? -1 : found - m_arranged.begin();
+    const ArrangedObjects arranged = arrangedObjects();
+    const auto found = std::find(arranged.begin(), arranged.end(), object);
+    return found == arranged.end() ? -1 : found - arranged.begin();
 }
 
 void ArrayController::setSelectionIndex(qsizetype index)
@@ -60,46 +61,55 @@ void ArrayController::setSortDescriptors(std::vector<SortDescriptor> descriptors
     rearrangeObjects();
 }
 
-const ArrayController::Objects &ArrayController::contentObjects()
+const std::shared_ptr<const ArrayController::Objects> &ArrayController::updatedContentObjects()
 {
     // Compared without touching the objects themselves: a list is arranged far more often than it changes.
+    const Objects &former = *m_contentObjects;
     std::size_t matching = 0;
     bool isSame = true;
     for (const Value &entry : m_content->values) {
         if (entry.type() != Value::Type::Dictionary)
             continue;
-        isSame = matching < m_contentObjects.size() &&
-                 static_cast<const RefCounted *>(m_contentObjects[matching].get()) == entry.sharedObject();
+        isSame = matching < former.size() &&
+                 static_cast<const RefCounted *>(former[matching].get()) == entry.sharedObject();
         if (!isSame)
             break;
         ++matching;
     }
-    if (isSame && matching == m_contentObjects.size())
+    if (isSame && matching == former.size())
         return m_contentObjects;
-    m_contentObjects.clear();
-    m_contentObjects.reserve(m_content->values.size());
+    auto objects = std::make_shared<Objects>();
+    objects->reserve(m_content->values.size());
     for (const Value &entry : m_content->values) {
         if (Object object = entry.dictionary())
-            m_contentObjects.push_back(std::move(object));
+            objects->push_back(std::move(object));
     }
+    m_contentObjects = std::move(objects);
     return m_contentObjects;
 }
 
 ArrayController::Objects ArrayController::arrangeObjects(const Objects &objects)
+{
+    return objectsAt(objects, arrangedPositions(objects));
+}
+
+ArrayController::Positions ArrayController::arrangedPositions(const Objects &objects)
 {
     Positions all(objects.size());
     std::iota(all.begin(), all.end(), 0U);
     return sorted(objects, std::move(all));
 }
 
-ArrayController::Objects ArrayController::sorted(const Objects &objects, Positions positions)
+ArrayController::Positions ArrayController::sorted(const Objects &objects, Positions positions)
 {
     m_sortOrder.arrange(objects, positions);
-    Objects arranged;
-    arranged.reserve(positions.size());
-    for (const quint32 position : positions)
-        arranged.push_back(objects[position]);
-    return arranged;
+    return positions;
+}
+
+ArrayController::Objects ArrayController::objectsAt(const Objects &objects, const Positions &positions)
+{
+    const ArrangedObjects arranged(objects, positions);
+    return {arranged.begin(), arranged.end()};
 }
 
 void ArrayController::rearrangeObjects()
@@ -109,7 +119,10 @@ void ArrayController::rearrangeObjects()
 
 void ArrayController::rearrange(const Objects &selected, std::size_t fallbackIndex)
 {
-    m_arranged = arrangeObjects(contentObjects());
+    // An object that has gone from the content lives as long as it is shown.
+    const std::shared_ptr<const Objects> objects = updatedContentObjects();
+    m_arranged = arrangedPositions(*objects);
+    m_arrangedFrom = objects;
     m_selection = positionsOf(selected);
     if (m_selection.empty() && !m_arranged.empty())
         m_selection.push_back(std::min(fallbackIndex, m_arranged.size() - 1));
@@ -128,8 +141,9 @@ std::vector<std::size_t> ArrayController::positionsOf(const Objects &objects) co
     std::unordered_set<const Dictionary *> wanted;
     for (const Object &object : objects)
         wanted.insert(object.get());
-    for (std::size_t i = 0; i < m_arranged.size() && !wanted.empty(); ++i) {
-        if (wanted.erase(m_arranged[i].get()) > 0)
+    const ArrangedObjects arranged = arrangedObjects();
+    for (std::size_t i = 0; i < arranged.size() && !wanted.empty(); ++i) {
+        if (wanted.erase(arranged[i].get()) > 0)
             positions.push_back(i);
     }
     return positions;
@@ -150,7 +164,7 @@ void ArrayController::insertObject(const Object &object, qsizetype arrangedIndex
     auto position = m_content->values.end();
     if (arrangedIndex >= 0 && std::size_t(arrangedIndex) < m_arranged.size())
         position = std::find(m_content->values.begin(), m_content->values.end(),
-                             Value(m_arranged[std::size_t(arrangedIndex)]));
+                             Value(arrangedObjects()[std::size_t(arrangedIndex)]));
     m_content->values.insert(position, Value(object));
     Objects selected = selectedObjects();
     rearrange({object}, m_selection.empty() ? 0 : m_selection.front());
@@ -190,9 +204,10 @@ Value ArrayController::valueForSelection(QStringView keyPath, bool *isMixed) con
         *isMixed = false;
     if (m_selection.empty())
         return {};
-    Value first = m_arranged[m_selection.front()]->valueForKeyPath(keyPath);
+    const ArrangedObjects arranged = arrangedObjects();
+    Value first = arranged[m_selection.front()]->valueForKeyPath(keyPath);
     for (const std::size_t index : m_selection) {
-        if (m_arranged[index]->valueForKeyPath(keyPath) == first)
+        if (arranged[index]->valueForKeyPath(keyPath) == first)
             continue;
         if (isMixed)
             *isMixed = true;
@@ -204,7 +219,7 @@ Value ArrayController::valueForSelection(QStringView keyPath, bool *isMixed) con
 void ArrayController::setValueForSelection(const Key &key, const Value &value)
 {
     for (const std::size_t index : m_selection) {
-        m_arranged[index]->setValue(key, value);
+        arrangedObjects()[index]->setValue(key, value);
         Q_EMIT objectChanged(qsizetype(index));
     }
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "foundation/ArrangedObjects.h"
 #include "foundation/Array.h"
 #include "foundation/SortOrder.h"
 
 #include <QObject>
 
+#include <memory>
 #include <vector>
 
 namespace Foundation
@@ -15,7 +17,7 @@ namespace Foundation
 //
 // What is added gets selected; the selection stays with its objects over a rearrangement; as long as there
 // are objects, it is not left empty. Edits of a shown value go through setValue here, so that every view
-// hears of them. Subclasses narrow the list in arrangeObjects. Main thread only.
+// hears of them. Subclasses narrow the list in arrangedPositions. Main thread only.
 class ArrayController : public QObject
 {
     Q_OBJECT
@@ -33,7 +35,8 @@ public:
     void setContent(const Ref<Array> &content);
     const Ref<Array> &content() const { return m_content; }
 
-    const Objects &arrangedObjects() const { return m_arranged; }
+    // Until the list is arranged anew.
+    ArrangedObjects arrangedObjects() const { return {*m_arrangedFrom, m_arranged}; }
     // Positions in arrangedObjects, ascending.
     const std::vector<std::size_t> &selectionIndexes() const { return m_selection; }
     // The first selected position, -1 without a selection.
@@ -52,8 +55,9 @@ public:
     const std::vector<SortDescriptor> &sortDescriptors() const { return m_sortOrder.descriptors(); }
     void setSortDescriptors(std::vector<SortDescriptor> descriptors);
 
-    // The objects to show out of `objects`: here all of them, in the order of the sort descriptors.
-    virtual Objects arrangeObjects(const Objects &objects);
+    // The objects to show out of `objects`, in the order of the sort descriptors: of those that
+    // arrangedPositions() lets through.
+    Objects arrangeObjects(const Objects &objects);
     void rearrangeObjects();
 
     // A new object, not yet in the content. Null if none can be made.
@@ -68,7 +72,7 @@ public:
     void removeSelectedObjects();
 
     // The dictionaries of the content, in its order.
-    const Objects &contentObjects();
+    const Objects &contentObjects() { return *updatedContentObjects(); }
 
     // The value under a key path of the selected objects: of all of them if they agree, otherwise nothing
     // with *isMixed set. Null without a selection.
@@ -90,8 +94,11 @@ Q_SIGNALS:
 protected:
     using Positions = SortOrder::Positions;
 
-    // The objects at these ascending places, in the order of the sort descriptors.
-    Objects sorted(const Objects &objects, Positions positions);
+    // The places of the objects to show, in the order in which they are shown. Here: of all of them.
+    virtual Positions arrangedPositions(const Objects &objects);
+    // Puts ascending places in the order of the sort descriptors.
+    Positions sorted(const Objects &objects, Positions positions);
+    static Objects objectsAt(const Objects &objects, const Positions &positions);
 
 private:
     // Rearranges and selects what is left of `selected`, or what stands where it stood.
@@ -99,11 +106,15 @@ private:
     // Where these are shown, ascending; those that are not are left out.
     std::vector<std::size_t> positionsOf(const Objects &objects) const;
 
+    const std::shared_ptr<const Objects> &updatedContentObjects();
+
     Ref<Array> m_content = Array::create();
-    Objects m_arranged;
+    // Of the content as it stood when it was looked at last, and when it was arranged last: the same, mostly.
+    std::shared_ptr<const Objects> m_contentObjects = std::make_shared<Objects>();
+    std::shared_ptr<const Objects> m_arrangedFrom = m_contentObjects;
+    Positions m_arranged;
     std::vector<std::size_t> m_selection;
     SortOrder m_sortOrder;
-    Objects m_contentObjects; // brought in step by contentObjects()
 };
 
 } // namespace Foundation

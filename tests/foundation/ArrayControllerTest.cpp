@@ -12,14 +12,14 @@ namespace
 class Controller : public ArrayController
 {
 public:
-    Objects arrangeObjects(const Objects &objects) override
+    Positions arrangedPositions(const Objects &objects) override
     {
-        Objects shown;
-        for (const Object &object : objects) {
-            if (!object->value(u"hidden").boolValue())
-                shown.push_back(object);
+        Positions shown;
+        for (quint32 i = 0; i < objects.size(); ++i) {
+            if (!objects[i]->value(u"hidden").boolValue())
+                shown.push_back(i);
         }
-        return ArrayController::arrangeObjects(shown);
+        return sorted(objects, std::move(shown));
     }
 
     static Object named(const QString &name, bool hidden = false)

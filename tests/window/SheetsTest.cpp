@@ -29,7 +29,7 @@ protected:
     }
     Foundation::Ref<Foundation::Dictionary> category(std::size_t row) const
     {
-        return document()->myCategoryArrayController()->arrangedObjects().at(row);
+        return document()->myCategoryArrayController()->arrangedObjects()[row];
     }
     Color colorOf(std::size_t row, const Foundation::Key &key) const
     {

@@ -1,0 +1,171 @@
+#include "SampleContacts.h"
+#include "window/Application.h"
+#include "window/RecordTable.h"
+#include "window/SearchField.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QScrollBar>
+#include <QStandardPaths>
+
+// What a user sees of a document in its window: the time from the key or the mouse until the list has been
+// painted anew, everything on the way included, with accessibility on. The argument is the number of records.
+// For comparison, `repaint` paints the same list without a reason. Needs a screen, or draws into memory.
+
+namespace
+{
+
+// Tells when a widget has painted itself.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QWidget *widget) { widget->installEventFilter(this); }
+    // Runs events until then.
+    void await()
+    {
+        m_isPainted = false;
+        while (!m_isPainted)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            m_isPainted = true; // At the end of this turn it is on the screen.
+        return QObject::eventFilter(object, event);
+    }
+
+private:
+    bool m_isPainted = false;
+};
+
+struct OpenWindow
+{
+    explicit OpenWindow(qint64 recordCount)
+        : content(sampleDocument(int(recordCount)))
+        , document(static_cast<MyDocument *>(application.documentController().newDocument()))
+    {
+        document->setPlainPassword(QStringLiteral("correct horse"));
+        DocumentMainWindow *window = application.windowOf(document)->mainWindow();
+        table = window->findChild<RecordTable *>();
+        field = window->findChild<SearchField *>();
+        window->show();
+        while (!window->isActiveWindow() && QGuiApplication::platformName() != u"offscreen")
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    // The way from the plain records to the list on the screen.
+    void show()
+    {
+        PaintWatch watch(table->viewport());
+        document->setMyCategoryArray(content.myCategoryArray);
+        document->setMyArray(content.myArray);
+        document->decryptDone();
+        watch.await();
+    }
+    void lock()
+    {
+        document->setMyArray(Foundation::Array::create());
+        document->setIsEncrypted(true);
+        for (int turn = 0; turn < 20; ++turn)
+            QCoreApplication::processEvents();
+    }
+    void type(const QString &text)
+    {
+        PaintWatch watch(table->viewport());
+        field->setText(text);
+        watch.await();
+    }
+
+    Application application;
+    DocumentState content;
+    MyDocument *document;
+    RecordTable *table;
+    SearchField *field;
+};
+
+template <class Prepare, class Work>
+void measure(benchmark::State &state, Prepare prepare, Work work)
+{
+    double longest = 0;
+    for (auto iteration : state) {
+        (void)iteration;
+        prepare();
+        QCoreApplication::processEvents();
+        const auto start = std::chrono::steady_clock::now();
+        work();
+        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+        state.SetIterationTime(elapsed.count());
+        longest = std::max(longest, elapsed.count());
+    }
+    state.counters["longest_ms"] = 1000 * longest;
+}
+
+void firstPaint(benchmark::State &state)
+{
+    OpenWindow open(state.range(0));
+    measure(
+        state, [&] { open.lock(); }, [&] { open.show(); });
+}
+
+void keystroke(benchmark::State &state, const char *before, const char *text)
+{
+    OpenWindow open(state.range(0));
+    open.show();
+    measure(
+        state, [&] { open.field->setText(QString::fromUtf8(before)); },
+        [&] { open.type(QString::fromUtf8(text)); });
+}
+
+void scroll(benchmark::State &state)
+{
+    OpenWindow open(state.range(0));
+    open.show();
+    QScrollBar *bar = open.table->verticalScrollBar();
+    PaintWatch watch(open.table->viewport());
+    int step = 0;
+    measure(
+        state, [] {},
+        [&] {
+            step = (step + 37) % std::max(1, bar->maximum() - 100);
+            bar->setValue(step + 1);
+            watch.await();
+        });
+}
+
+void repaint(benchmark::State &state)
+{
+    OpenWindow open(state.range(0));
+    open.show();
+    measure(
+        state, [] {}, [&] { open.table->viewport()->repaint(); });
+}
+
+void sizes(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->Arg(1000)->Arg(10000)->Arg(100000)->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(firstPaint)->Apply(sizes);
+BENCHMARK_CAPTURE(keystroke, absent, "quic", "quick q")->Apply(sizes);
+BENCHMARK_CAPTURE(keystroke, frequent, "", "e")->Apply(sizes);
+BENCHMARK_CAPTURE(keystroke, growing, "grac", "grace")->Apply(sizes);
+BENCHMARK_CAPTURE(keystroke, cleared, "grace", "")->Apply(sizes);
+BENCHMARK(scroll)->Apply(sizes);
+BENCHMARK(repaint)->Apply(sizes);
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+    QStandardPaths::setTestModeEnabled(true);
+    QApplication application(argc, argv);
+    QAccessible::setActive(true);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+}
