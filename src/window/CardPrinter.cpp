@@ -15,8 +15,11 @@ CardPrinter::CardPrinter(SheetQueue &sheets, VLWhiteView *page)
 
 QPrinter &CardPrinter::printer()
 {
-    if (!m_printer)
+    if (!m_printer) {
+        constexpr qreal Margin = 15; // in millimetres
         m_printer = std::make_unique<QPrinter>();
+        m_printer->setPageMargins({Margin, Margin, Margin, Margin}, QPageLayout::Millimeter);
+    }
     return *m_printer;
 }
 

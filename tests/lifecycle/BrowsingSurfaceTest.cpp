@@ -35,7 +35,10 @@ TEST_F(BrowsingSurfaceTest, EveryNameIsThere)
           "showOnlySpecificCategory", "showAllAndResetFilter", "colorChanged", "synkCategorySubMenu",
           "setUpCategorySubMenu",
           // captions
-          "editLabelSheet", "closeLabelSheet", "setDefaultDictionaryLabel"})
+          "editLabelSheet", "closeLabelSheet", "setDefaultDictionaryLabel",
+          // window
+          "openField", "openUrlWebWork", "openUrlWebPersonal", "printDocument", "runPageLayout",
+          "switchViewEditMode", "makeNameFieldFirstResponder", "debug1"})
         EXPECT_TRUE(Foundation::responderForAction(document->responders(), QString::fromLatin1(action)))
             << action;
 
@@ -46,7 +49,8 @@ TEST_F(BrowsingSurfaceTest, EveryNameIsThere)
     } observables[] = {
         {document.get(),
          {"myArrayController", "myCategoryArrayController", "categoryArrayControllerForMenu",
-          "myLabelDictionary", "searchText", "searchCategory", "categoryString"}},
+          "myLabelDictionary", "searchText", "searchCategory", "categoryString", "selectedView",
+          "properTextColor", "falseValue", "yesVal"}},
         {document->myArrayController(),
          {"categoryString", "searchString", "usedFilterDisplay", "filterInAction", "canRemove"}},
     };
@@ -151,6 +155,64 @@ TEST_F(BrowsingSurfaceTest, EachDocumentKeepsItsOwnCaptions)
     EXPECT_EQ(document->myLabelDictionary()->value(RecordKey::pager).stringValue(), u"Чат 💬");
     EXPECT_EQ(document->myLabelDictionary()->value(RecordKey::faxWork),
               Foundation::Value(QStringLiteral("")));
+}
+
+TEST_F(BrowsingSurfaceTest, TheWindowIsSetUpWhenItsInterfaceIsLoaded)
+{
+    newProtectedDocument();
+    EXPECT_EQ(document->properTextColor(), window->controlTextColor());
+    const VLVSplitViewDelegate &rule = window->splitViewDelegate;
+    EXPECT_EQ(rule.minHSizeLeft(), 210);
+    EXPECT_EQ(rule.maxHSizeLeft(), 660);
+    EXPECT_EQ(rule.minHSizeRight(), 450);
+    EXPECT_EQ(rule.maxHSizeRight(), 9999);
+    EXPECT_EQ(rule.growingRule, 2);
+    EXPECT_FALSE(rule.canCollapseLeft() || rule.canCollapseRight());
+    send("printDocument");
+    send("runPageLayout");
+    EXPECT_EQ(window->prints, 1);
+    EXPECT_EQ(window->pageLayouts, 1);
+    for (const char *action : {"printDocument", "runPageLayout"}) {
+        Foundation::MenuItem item{QString::fromLatin1(action), QString()};
+        EXPECT_TRUE(document->validateMenuItem(item)) << action;
+        document->setIsEncrypted(true);
+        EXPECT_FALSE(document->validateMenuItem(item)) << action;
+        document->setIsEncrypted(false);
+    }
+}
+
+TEST_F(BrowsingSurfaceTest, AFieldOpensByItsTag)
+{
+    newProtectedDocument();
+    send("addRow");
+    FilteringArrayController &records = *document->myArrayController();
+    const std::vector<const char *> keys = {"firstName",     "lastName",      "company",        "phoneWork",
+                                            "faxWork",       "pager",         "emailWork",      "webWork",
+                                            "addressWork",   "phonePersonal", "faxPersonal",    "mobile",
+                                            "emailPersonal", "webPersonal",   "addressPersonal"};
+    for (const char *key : keys)
+        records.setValueForSelection(Foundation::Key(QString::fromLatin1(key)),
+                                     QString::fromLatin1(key).toLower() + QStringLiteral(".example"));
+    const auto open = [this](int tag) {
+        workspace.openedUrls.clear();
+        Foundation::ActionSender sender;
+        sender.tag = tag;
+        Foundation::sendAction(document->responders(), QStringLiteral("openField"), sender);
+        return workspace.openedUrls;
+    };
+    for (std::size_t i = 0; i < keys.size(); ++i)
+        EXPECT_EQ(
+            open(int(i) + 1),
+            QStringList{QStringLiteral("http://%1.example").arg(QString::fromLatin1(keys[i]).toLower())});
+    for (const int tag : {-1, 0, 16})
+        EXPECT_EQ(open(tag), QStringList()) << tag;
+    // An empty field is nothing to openField, and an address to the older actions.
+    records.setValueForSelection(RecordKey::webWork, QStringLiteral(""));
+    EXPECT_EQ(open(8), QStringList());
+    send("openUrlWebPersonal");
+    EXPECT_EQ(workspace.openedUrls, QStringList{QStringLiteral("http://webpersonal.example")});
+    send("openUrlWebWork");
+    EXPECT_GE(workspace.openedUrls.size(), 2) << "an attempt is made";
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QPageSetupDialog>
 #include <QPlainTextEdit>
 #include <QPrintDialog>
 #include <QPushButton>
@@ -39,6 +40,7 @@ void Journey::makeDocument()
     changeCaptions();
     readContacts();
     printContact();
+    resizeWindow();
     filterContacts();
     duplicateAndUndo();
     saveAndQuit();
@@ -202,6 +204,12 @@ void Journey::printContact()
     m_stage.takePicture(QStringLiteral("print-dialog"));
     m_stage.press(Qt::Key_Escape);
     m_stage.await(QStringLiteral("the dialog goes"), [this] { return !m_stage.sheet(); });
+    m_stage.press(Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
+    m_stage.await(QStringLiteral("the page setup comes"),
+                  [this] { return qobject_cast<QPageSetupDialog *>(m_stage.sheet()) != nullptr; });
+    m_stage.takePicture(QStringLiteral("page-setup"));
+    m_stage.press(Qt::Key_Escape);
+    m_stage.await(QStringLiteral("the dialog goes"), [this] { return !m_stage.sheet(); });
     CardPrinter &cardPrinter = m_stage.windowController()->cardPrinter();
     cardPrinter.printer().setOutputFormat(QPrinter::PdfFormat);
     const QString card = QFileInfo(m_file).path() + QStringLiteral("/Contact.pdf");
@@ -221,6 +229,26 @@ void Journey::readContacts()
                        QStringLiteral("the detail is in view mode"));
         m_stage.takePicture(QStringLiteral("contact-%1").arg(row + 1));
     }
+}
+
+void Journey::resizeWindow()
+{
+    m_stage.step(QStringLiteral("The window is made narrow and wide"));
+    const QSize usual = m_stage.window()->size();
+    const struct
+    {
+        QSize size;
+        QString name;
+    } sizes[] = {{m_stage.window()->minimumSize(), QStringLiteral("narrow")},
+                 {QSize(1270, 860), QStringLiteral("wide")}};
+    for (const auto &shown : sizes) {
+        m_stage.window()->resize(shown.size);
+        m_stage.takePicture(shown.name + QStringLiteral("-view"));
+        m_stage.press(Qt::Key_F2);
+        m_stage.takePicture(shown.name + QStringLiteral("-edit"));
+        m_stage.press(Qt::Key_F2);
+    }
+    m_stage.window()->resize(usual);
 }
 
 void Journey::filterContacts()

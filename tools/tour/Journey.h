@@ -23,6 +23,7 @@ private:
     void chooseCategories();
     void changeCaptions();
     void printContact();
+    void resizeWindow();
     void readContacts();
     void filterContacts();
     void duplicateAndUndo();
