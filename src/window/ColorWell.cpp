@@ -24,11 +24,18 @@ void ColorWell::setColor(const Color &color)
 {
     if (m_color == color)
         return;
-    m_color = color;
-    update();
+    showColor(color);
     // Another category is selected: the panel shows its colour, and does not take the former one over.
     if (m_isActive)
         DesktopColorPanel::shared().showColor(color);
+}
+
+void ColorWell::showColor(const Color &color)
+{
+    m_color = color;
+    setAccessibleDescription(colorOfComponents(color).name());
+    setToolTip(accessibleDescription());
+    update();
 }
 
 void ColorWell::activate()
@@ -46,8 +53,7 @@ void ColorWell::takeColor()
 {
     if (!m_isActive || !isEnabled() || ColorPanel::shared().color() == m_color)
         return;
-    m_color = ColorPanel::shared().color();
-    update();
+    showColor(ColorPanel::shared().color());
     Q_EMIT colorChosen();
 }
 

@@ -29,6 +29,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void showColor(const Foundation::Color &color);
     void activate();
     void takeColor();
 

@@ -48,6 +48,14 @@ void setUpSheet(const QString &name, MyDocument *document, SheetDialog *sheet)
         Ui::CategoriesSheet ui;
         ui.setupUi(sheet);
         ui.myCategoryTableView->setCategories(document->myCategoryArrayController());
+        // A new category wants a name; its own comes with the action, which is connected later.
+        QObject::connect(
+            ui.addCategory, &QPushButton::clicked, ui.categoryName,
+            [name = ui.categoryName] {
+                name->setFocus();
+                name->selectAll();
+            },
+            Qt::QueuedConnection);
     } else if (name == LabelCommands::LabelSheet) {
         Ui::LabelsSheet().setupUi(sheet);
     } else {

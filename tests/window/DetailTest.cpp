@@ -4,10 +4,11 @@
 #include "window/FieldText.h"
 #include "window/WindowTest.h"
 
+#include <QContextMenuEvent>
 #include <QMenu>
 #include <QPrintDialog>
 #include <QProcess>
-#include <QStandardPaths>
+#include <QTableView>
 #include <QTest>
 #include <QToolButton>
 
@@ -124,6 +125,11 @@ TEST_F(DetailTest, MoreOpensItsMenuWhenItIsPressed)
     more->setFocus();
     QTest::keyClick(more, Qt::Key_Space);
     EXPECT_TRUE(menu->isVisible());
+    menu->close();
+    QWidget *list = control<QTableView>("myTableView")->viewport();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, list->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(list, &event);
+    EXPECT_TRUE(menu->isVisible()) << "the list has the same menu";
 }
 
 } // namespace

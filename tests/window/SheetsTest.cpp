@@ -40,6 +40,11 @@ protected:
         press(Qt::Key_K, Qt::ControlModifier);
         ASSERT_TRUE(sheetComes(QStringLiteral("myCategorySheet")));
     }
+    void addCategory() const
+    {
+        QTest::mouseClick(control<QPushButton>("addCategory"), Qt::LeftButton);
+        runEvents();
+    }
     // The sheet must be called by its item: it has no key.
     void openCaptions() const
     {
@@ -63,9 +68,10 @@ TEST_F(SheetsTest, ACategoryIsMadeNamedAndColouredByKeys)
     auto *table = control<CategoryTable>("myCategoryTableView");
     EXPECT_EQ(QApplication::focusWidget(), table);
     EXPECT_FALSE(control<QPushButton>("removeCategory")->isEnabled()) << "in use, and the last one";
-    QTest::mouseClick(control<QPushButton>("addCategory"), Qt::LeftButton);
+    addCategory();
     ASSERT_EQ(table->model()->rowCount(), 2);
     EXPECT_EQ(field("categoryName"), u"Generic 1");
+    EXPECT_EQ(control<QLineEdit>("categoryName")->selectedText(), u"Generic 1") << "ready for a name";
     EXPECT_TRUE(control<QPushButton>("removeCategory")->isEnabled());
 
     document()->updateChangeCount(Foundation::Document::ChangeCleared);
@@ -77,6 +83,7 @@ TEST_F(SheetsTest, ACategoryIsMadeNamedAndColouredByKeys)
     auto *back = control<ColorWell>("backColorWell");
     choose(back, QColor(204, 51, 0));
     EXPECT_TRUE(back->isActive());
+    EXPECT_EQ(back->accessibleDescription(), u"#cc3300");
     EXPECT_NEAR(colorOf(1, CategoryKey::cat_backColor).red, 0.8, 1e-4) << "while the panel stands";
     EXPECT_EQ(colorOf(1, CategoryKey::cat_textColor), (Color{1, 1, 1})) << "the other well is not active";
     auto *text = control<ColorWell>("textColorWell");
@@ -97,7 +104,7 @@ TEST_F(SheetsTest, ThePanelWritesWhatTheUserChoosesAndNothingElse)
     const auto exact = VLColorUtilOSX::dictFromNSColor({0.1, 0.123456789, 0.3, 0.5});
     category(0)->setValue(CategoryKey::cat_backColor, exact);
     openCategories();
-    QTest::mouseClick(control<QPushButton>("addCategory"), Qt::LeftButton);
+    addCategory();
     auto *back = control<ColorWell>("backColorWell");
     choose(back, QColor(10, 20, 30));
     document()->updateChangeCount(Foundation::Document::ChangeCleared);
@@ -122,7 +129,7 @@ TEST_F(SheetsTest, ThePanelWritesWhatTheUserChoosesAndNothingElse)
 TEST_F(SheetsTest, ACategoryGoesOnlyWhenNoContactBearsIt)
 {
     openCategories();
-    QTest::mouseClick(control<QPushButton>("addCategory"), Qt::LeftButton);
+    addCategory();
     auto *table = control<CategoryTable>("myCategoryTableView");
     table->selectRow(0);
     EXPECT_FALSE(control<QPushButton>("removeCategory")->isEnabled());
