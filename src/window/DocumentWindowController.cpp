@@ -83,8 +83,8 @@ void DocumentWindowController::setUpControls()
     m_ui->modernToolbar->setVisible(true);
     giveListUsualWidth();
     // Reading and editing show the same contact, and go on where the other was left.
-    m_ui->viewScrollArea->synchronizer().setSynchronizedScrollView(m_ui->editScrollArea);
-    m_ui->editScrollArea->synchronizer().setSynchronizedScrollView(m_ui->viewScrollArea);
+    m_ui->viewScrollArea->follow(m_ui->editScrollArea);
+    m_ui->editScrollArea->follow(m_ui->viewScrollArea);
     setUpTable();
     m_categoryFilter = std::make_unique<CategoryFilter>(m_document->myArrayController(), m_dispatcher,
                                                         *m_document, m_ui->myActionPopup);

@@ -11,6 +11,21 @@ SynchroScrollArea::SynchroScrollArea(QWidget *parent)
 {
 }
 
+SynchroScrollArea::~SynchroScrollArea()
+{
+    Q_EMIT goes();
+}
+
+void SynchroScrollArea::follow(SynchroScrollArea *leader)
+{
+    m_synchronizer.setSynchronizedScrollView(leader);
+    if (leader)
+        connect(leader, &SynchroScrollArea::goes, this, [this, leader] {
+            if (m_synchronizer.synchronizedScrollView() == leader)
+                m_synchronizer.stopSynchronizing();
+        });
+}
+
 Rect SynchroScrollArea::documentFrame() const
 {
     const QSize size = widget() ? widget()->size() : QSize();

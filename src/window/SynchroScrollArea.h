@@ -13,9 +13,10 @@ class SynchroScrollArea : public QScrollArea, public Foundation::ScrollView
 
 public:
     explicit SynchroScrollArea(QWidget *parent = nullptr);
+    ~SynchroScrollArea() override;
 
-    // By which this area follows.
-    SynchroScrollView &synchronizer() { return m_synchronizer; }
+    // In place of the one followed so far, until either goes; null for none.
+    void follow(SynchroScrollArea *leader);
 
     Foundation::Rect documentFrame() const override;
     Foundation::Rect documentVisibleRect() const override;
@@ -26,6 +27,9 @@ public:
     void setPostsBoundsChangedNotifications(bool posts) override { m_postsBoundsChanged = posts; }
     void addBoundsObserver(const void *observer, std::function<void()> changed) override;
     void removeBoundsObserver(const void *observer) override { m_observers.erase(observer); }
+
+Q_SIGNALS:
+    void goes();
 
 protected:
     void scrollContentsBy(int dx, int dy) override;

@@ -88,15 +88,15 @@ TEST(SynchroScrollAreaTest, FollowsUpAndDownAsFarAsItGoes)
         area->resize(200, 200);
         area->show();
     }
-    follower.synchronizer().setSynchronizedScrollView(&leader);
-    leader.synchronizer().setSynchronizedScrollView(&follower);
+    follower.follow(&leader);
+    leader.follow(&follower);
     leader.verticalScrollBar()->setValue(120);
     leader.horizontalScrollBar()->setValue(40);
     EXPECT_EQ(follower.verticalScrollBar()->value(), 120);
     EXPECT_EQ(follower.horizontalScrollBar()->value(), 0);
     follower.verticalScrollBar()->setValue(30);
     EXPECT_EQ(leader.verticalScrollBar()->value(), 30);
-    follower.synchronizer().stopSynchronizing();
+    follower.follow(nullptr);
     leader.verticalScrollBar()->setValue(0);
     EXPECT_EQ(follower.verticalScrollBar()->value(), 30);
 }
