@@ -20,7 +20,7 @@ public:
     Foundation::UndoManager &undoManager() override { return undo; }
     void switchToEditMode() override {}
     BrowseWindow *browseWindow() override { return nullptr; }
-    void documentPassword() override {}
+    void askForDocumentPassword() override {}
     QString searchText() const override { return searched; }
     void setSearchText(const QString &text) override { searched = text; }
     void setCategoryString(const QString &) override {}

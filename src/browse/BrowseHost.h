@@ -19,7 +19,7 @@ public:
     // Null without a window.
     virtual BrowseWindow *browseWindow() = 0;
     // Asks for a password of the document, with its own sheet.
-    virtual void documentPassword() = 0;
+    virtual void askForDocumentPassword() = 0;
 
     // The content of the search field.
     virtual QString searchText() const = 0;

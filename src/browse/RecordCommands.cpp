@@ -82,7 +82,7 @@ void RecordCommands::askToInsertPasswordBeforeAddingData(const ActionSender &)
         // The new sheet starts after this one has gone.
         Foundation::Services::shared().mainQueue().addOperation([commands = QPointer(this)] {
             if (commands)
-                commands->m_host.documentPassword();
+                commands->m_host.askForDocumentPassword();
         });
     });
 }

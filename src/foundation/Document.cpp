@@ -95,6 +95,8 @@ bool Document::validateUserInterfaceItem(const QString &action) const
         return m_undoManager.canUndo();
     if (action == u"redo")
         return m_undoManager.canRedo();
+    if (action == u"revertDocumentToSaved")
+        return !m_fileURL.isNull() && isDocumentEdited();
     return true;
 }
 
@@ -106,6 +108,35 @@ void Document::saveDocument(const ActionSender &)
 void Document::saveDocumentAs(const ActionSender &)
 {
     saveAsWithCompletion([](bool) {});
+}
+
+void Document::revertDocumentToSaved(const ActionSender &)
+{
+    if (m_fileURL.isNull() || !m_window)
+        return;
+    const Alert alert{
+        tr("Do you want to revert to the last saved version of the document “%1”?").arg(displayName()),
+        tr("Your current changes will be lost."),
+        {tr("Revert"), tr("Cancel")}};
+    m_window->beginAlert(alert, [this](int returnCode) {
+        if (returnCode == Alert::FirstButtonReturn)
+            revert();
+    });
+}
+
+void Document::revert()
+{
+    QString reason;
+    if (readFromFile(QString(m_fileURL), &reason)) {
+        m_undoManager.removeAllActions();
+        updateChangeCount(ChangeCleared);
+        return;
+    }
+    // Nothing was taken from a file that cannot be read.
+    if (!reason.isNull() && m_window)
+        m_window->beginAlert(
+            {tr("The document “%1” could not be reverted.").arg(displayName()), reason, {tr("OK")}},
+            [](int) {});
 }
 
 void Document::performClose(const ActionSender &)

@@ -79,6 +79,8 @@ public:
 
     Q_INVOKABLE void saveDocument(const Foundation::ActionSender &sender);
     Q_INVOKABLE void saveDocumentAs(const Foundation::ActionSender &sender);
+    // Asks, and then takes the content of the file anew; what was done since is gone, and undo with it.
+    Q_INVOKABLE void revertDocumentToSaved(const Foundation::ActionSender &sender);
     Q_INVOKABLE void performClose(const Foundation::ActionSender &sender);
     Q_INVOKABLE void undo(const Foundation::ActionSender &sender);
     Q_INVOKABLE void redo(const Foundation::ActionSender &sender);
@@ -97,6 +99,7 @@ Q_SIGNALS:
     void closed();
 
 private:
+    void revert();
     void saveAsWithCompletion(const Completion &completion);
     void saveToPath(const QString &path, const Completion &completion);
     void sayNotSaved(const QString &reason, const Completion &completion);

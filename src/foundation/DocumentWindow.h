@@ -38,6 +38,8 @@ public:
     // Nothing happens if no such sheet is shown.
     virtual void endSheet(const QString &name, int returnCode = 0) = 0;
     virtual bool hasAttachedSheet() const = 0;
+    // Ends the sheet, alert or panel that stands, as if the user had gone away: with no button's return code.
+    virtual void endAttachedSheet() = 0;
     virtual void beginAlert(const Alert &alert, AlertAnswer answered) = 0;
 
     // Asks for the place of a document to save, below `suggestedPath`; a null path if the user gives up.

@@ -1,6 +1,7 @@
 #include "foundation/Services.h"
 
 #include <QCoreApplication>
+#include <QTimer>
 
 namespace Foundation
 {
@@ -39,6 +40,20 @@ public:
     QDateTime now() const override { return QDateTime::currentDateTime(); }
 };
 
+class SystemTimers : public Timers
+{
+public:
+    Timer schedule(int seconds, std::function<void()> fired) override
+    {
+        auto timer = std::make_shared<QTimer>();
+        timer->setSingleShot(true);
+        timer->setTimerType(Qt::PreciseTimer);
+        QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(fired));
+        timer->start(std::chrono::seconds(seconds));
+        return timer;
+    }
+};
+
 class MonospacedMeasurer : public TextMeasurer
 {
 public:
@@ -67,6 +82,7 @@ NoWorkspace noWorkspace;
 LastButtonAnswer lastButtonAnswer;
 EventLoopQueue eventLoopQueue;
 SystemClock systemClock;
+SystemTimers systemTimers;
 MonospacedMeasurer monospacedMeasurer;
 NoImageReader noImageReader;
 
@@ -83,6 +99,7 @@ Services::Services()
     , m_modalAlerts(&lastButtonAnswer)
     , m_mainQueue(&eventLoopQueue)
     , m_clock(&systemClock)
+    , m_timers(&systemTimers)
     , m_textMeasurer(&monospacedMeasurer)
     , m_imageReader(&noImageReader)
 {
@@ -112,6 +129,11 @@ void Services::setMainQueue(MainQueue *queue)
 void Services::setClock(Clock *clock)
 {
     m_clock = clock ? clock : &systemClock;
+}
+
+void Services::setTimers(Timers *timers)
+{
+    m_timers = timers ? timers : &systemTimers;
 }
 
 void Services::setTextMeasurer(TextMeasurer *measurer)

@@ -9,6 +9,7 @@
 #include <QUrl>
 
 #include <functional>
+#include <memory>
 
 namespace Foundation
 {
@@ -55,6 +56,18 @@ public:
     double secondsSince2001() const;
 };
 
+// Calls something once after a time.
+class Timers
+{
+public:
+    // Dropping the last copy calls the timer off.
+    using Timer = std::shared_ptr<void>;
+
+    virtual ~Timers() = default;
+    // On a turn of the event loop, that many seconds from now.
+    virtual Timer schedule(int seconds, std::function<void()> fired) = 0;
+};
+
 // Tells how wide text comes out when it is drawn.
 class TextMeasurer
 {
@@ -75,8 +88,9 @@ public:
 };
 
 // The services in force. Until something else is installed: nothing opens, alerts are answered with their
-// last button, no data is a picture, the main queue is the event loop of the application, the clock is the
-// system's, and every UTF-16 unit of a text is 0.6 of the font size wide, about what a monospaced font takes.
+// last button, no data is a picture, the main queue is the event loop of the application, clock and timers
+// are the system's, and every UTF-16 unit of a text is 0.6 of the font size wide, about what a monospaced
+// font takes.
 class Services
 {
 public:
@@ -86,6 +100,7 @@ public:
     ModalAlertPresenter &modalAlerts() const { return *m_modalAlerts; }
     MainQueue &mainQueue() const { return *m_mainQueue; }
     Clock &clock() const { return *m_clock; }
+    Timers &timers() const { return *m_timers; }
     TextMeasurer &textMeasurer() const { return *m_textMeasurer; }
     ImageReader &imageReader() const { return *m_imageReader; }
 
@@ -94,6 +109,7 @@ public:
     void setModalAlerts(ModalAlertPresenter *presenter);
     void setMainQueue(MainQueue *queue);
     void setClock(Clock *clock);
+    void setTimers(Timers *timers);
     void setTextMeasurer(TextMeasurer *measurer);
     void setImageReader(ImageReader *reader);
 
@@ -104,6 +120,7 @@ private:
     ModalAlertPresenter *m_modalAlerts;
     MainQueue *m_mainQueue;
     Clock *m_clock;
+    Timers *m_timers;
     TextMeasurer *m_textMeasurer;
     ImageReader *m_imageReader;
 };

@@ -10,7 +10,10 @@
 
 #include <QPointer>
 
+#include <cmath>
+
 using Foundation::ActionSender;
+using Foundation::Alert;
 using Foundation::Array;
 using Foundation::ArrayController;
 using Foundation::ColorPanel;
@@ -197,6 +200,66 @@ void MyDocument::windowDidBecomeKey()
     mutableState().requiresMandatoryPassword = false;
 }
 
+void MyDocument::lockDocument(const ActionSender &)
+{
+    const QString reinsert =
+        tr("To browse the document data again you will need to re-insert the master password");
+    const QString informativeText =
+        isDocumentEdited() ? tr("Before locking the document you need to save it on disk.\n%1").arg(reinsert)
+                           : reinsert;
+    showAlert({tr("Lock Document back to the crypted state?"), informativeText, {tr("OK"), tr("Cancel")}},
+              [this](int returnCode) {
+                  if (returnCode == Alert::FirstButtonReturn)
+                      lockLater();
+              });
+}
+
+void MyDocument::lockLater()
+{
+    // After the sheet has gone.
+    Services::shared().mainQueue().addOperation([document = QPointer(this)] {
+        if (document)
+            document->doLockDocument();
+    });
+}
+
+void MyDocument::lockAutomatically()
+{
+    if (isEncrypted() || plainPassword().isEmpty() || fileURL().isNull())
+        return;
+    if (window() && window()->hasAttachedSheet())
+        window()->endAttachedSheet();
+    lockLater();
+}
+
+SavePipeline::WindowPlacement MyDocument::windowPlacement() const
+{
+    return window() ? SavePipeline::WindowPlacement{window()->frame(), window()->isToolbarVisible()}
+                    : SavePipeline::WindowPlacement();
+}
+
+void MyDocument::doLockDocument()
+{
+    SavePipeline pipeline(mutableState());
+    // The frame before the window shrinks: a locked document keeps it for the file.
+    if (isDecrypted() && !plainPassword().isEmpty() && !fileURL().isNull())
+        setOSXPlatformDictionary(SavePipeline::platformDictionary(windowPlacement()));
+    pipeline.encryptData();
+    setYouCanSave(false);
+    setIsEncrypted(true);
+    if (!window())
+        return;
+    setMakeToolbarVisibleAtDecrypt(window()->isToolbarVisible());
+    window()->setToolbarVisible(false);
+    // The upper edge stays where it is.
+    Foundation::Rect frame = window()->frame();
+    const Foundation::Size least = window()->minSize();
+    frame.y += std::trunc(frame.height - least.height);
+    frame.width = least.width;
+    frame.height = least.height;
+    window()->setFrame(frame, true);
+}
+
 qint32 MyDocument::Decript()
 {
     // Made while the controller still holds its former content: the name and id of a default category are
@@ -240,10 +303,7 @@ qint32 MyDocument::decryptDone()
 
 std::optional<QByteArray> MyDocument::dataOfType(const QString &)
 {
-    SavePipeline::WindowPlacement placement;
-    if (window())
-        placement = {window()->frame(), window()->isToolbarVisible()};
-    return SavePipeline(mutableState()).dataOfType(placement);
+    return SavePipeline(mutableState()).dataOfType(windowPlacement());
 }
 
 bool MyDocument::readFromData(const QByteArray &bytes, const QString &, QString *reason)
@@ -306,11 +366,6 @@ bool MyDocument::validateMenuItem(Foundation::MenuItem &item)
     if (needOpenContent.contains(item.action))
         return isDecrypted();
     return VLCryptoDoc::validateMenuItem(item);
-}
-
-void MyDocument::documentPassword()
-{
-    Foundation::sendAction(responders(), QStringLiteral("documentPassword"), {});
 }
 
 void MyDocument::showSearchInfoView(bool shown)

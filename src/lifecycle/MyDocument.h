@@ -4,6 +4,7 @@
 #include "browse/LabelCommands.h"
 #include "browse/RecordCommands.h"
 #include "browse/VLCategoryEditFieldDelegate.h"
+#include "core/SavePipeline.h"
 #include "foundation/Predicate.h"
 #include "lifecycle/DocumentProperties.h"
 #include "lifecycle/VLCryptoDoc.h"
@@ -110,6 +111,15 @@ public:
     void windowControllerDidLoadNib() override;
     void windowDidBecomeKey();
 
+    // Asks, and locks at once if the user agrees; nothing is saved first.
+    Q_INVOKABLE void lockDocument(const Foundation::ActionSender &sender);
+    // Puts the document back behind its password, with all changes, in a window of the least size. Tests
+    // nothing and touches no file.
+    void doLockDocument();
+    // The same after a time, unasked, and under whatever stands on the window. A document without a password
+    // or without a file is passed over.
+    void lockAutomatically();
+
     qint32 Decript() override;
     qint32 decryptDone() override;
 
@@ -142,8 +152,10 @@ private:
     Foundation::Value myLabelDictionaryValue() const { return state().myLabelDictionary; }
 
     BrowseWindow *browseWindow() override { return myWindow(); }
-    void documentPassword() override;
+    void askForDocumentPassword() override { documentPassword({}); }
     void setUpSplitView();
+    void lockLater();
+    SavePipeline::WindowPlacement windowPlacement() const;
     void showSearchInfoView(bool shown) override;
 
     VLColoredCategoryArrayController m_categories;

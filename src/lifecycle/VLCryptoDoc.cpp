@@ -6,9 +6,12 @@
 
 using Foundation::ActionSender;
 using Foundation::Alert;
+using Foundation::DocumentWindow;
 using Foundation::Services;
 
 const QString VLCryptoDoc::MandatoryPasswordSheet = QStringLiteral("mandatoryPasswordSheet");
+const QString VLCryptoDoc::ChangePasswordSheet = QStringLiteral("changePasswordSheet");
+const QString VLCryptoDoc::InsertPasswordSheet = QStringLiteral("insertPasswordSheet");
 
 namespace
 {
@@ -127,9 +130,7 @@ void VLCryptoDoc::mandatorySheetDidEnd(int returnCode)
         mandatoryPasswordMustBe6CharLong();
         return;
     }
-    setPlainPassword(m_plainPasswordInserted);
-    setPlainPasswordInserted(empty);
-    setPlainPasswordInsertedRetype(empty);
+    acceptInsertedPassword();
     updateChangeCount(ChangeDone);
     showAlert(
         {tr("Password accepted"),
@@ -164,13 +165,162 @@ void VLCryptoDoc::mandatoryPasswordRefused(const QString &message, const QString
     });
 }
 
+void VLCryptoDoc::acceptInsertedPassword()
+{
+    setPlainPassword(m_plainPasswordInserted);
+    setPlainPasswordInserted(empty);
+    setPlainPasswordInsertedRetype(empty);
+}
+
+void VLCryptoDoc::documentPassword(const ActionSender &)
+{
+    if (plainPassword().isEmpty()) {
+        askMandatoryPasswordToProtectDocument();
+        return;
+    }
+    setShowClearPasswordInInsertPasswordSheet(false);
+    setPlainPasswordPrevious(empty);
+    setPlainPasswordInserted(empty);
+    setPlainPasswordInsertedRetype(empty);
+    showChangePasswordSheet(windowForSheet());
+}
+
+void VLCryptoDoc::showChangePasswordSheet(DocumentWindow *window)
+{
+    if (window)
+        window->beginSheet(ChangePasswordSheet,
+                           [this](int) { setShowClearPasswordInInsertPasswordSheet(false); });
+}
+
+void VLCryptoDoc::cancelChangePasswordSheet(const ActionSender &)
+{
+    if (windowForSheet())
+        windowForSheet()->endSheet(ChangePasswordSheet);
+}
+
+void VLCryptoDoc::confirmChangePasswordSheet(const ActionSender &)
+{
+    DocumentWindow *window = windowForSheet();
+    if (window)
+        window->endSheet(ChangePasswordSheet);
+    if (m_plainPasswordPrevious != plainPassword()) {
+        passwordMustMatch(window);
+        return;
+    }
+    if (m_plainPasswordInserted != m_plainPasswordInsertedRetype) {
+        passwordNotEqualSheet(window, nullptr);
+        return;
+    }
+    if (m_plainPasswordInserted.size() < ShortestPassword) {
+        passwordMustBe6CharLong(window, nullptr);
+        return;
+    }
+    acceptInsertedPassword();
+    setPlainPasswordPrevious(empty);
+    updateChangeCount(ChangeDone);
+    showAlert(
+        {tr("Password changed successfuly"),
+         tr("This new password will be used when saving this document.\nData will be stored on disk "
+            "encrypted "
+            "using a secure algorithm.\n\nNext time, to open this document, this new password will be "
+            "required.\nStore your new password in a safe place.\nThere is no way, even for the Brightmoor "
+            "Labs, to open the document and decrypt the data without the right password."),
+         {tr("OK")}});
+    updateChangeCount(ChangeDone);
+}
+
+void VLCryptoDoc::showInsertPasswordSheet(DocumentWindow *window, void *contextInfo)
+{
+    if (window)
+        window->beginSheet(InsertPasswordSheet, [this, contextInfo](int) { insertSheetDidEnd(contextInfo); });
+}
+
+void VLCryptoDoc::confirmInsertPasswordSheet(const ActionSender &)
+{
+    m_sheetWasConfirmed = true;
+    if (windowForSheet())
+        windowForSheet()->endSheet(InsertPasswordSheet);
+}
+
+void VLCryptoDoc::cancelInsertPasswordSheet(const ActionSender &)
+{
+    m_sheetWasConfirmed = false;
+    if (windowForSheet())
+        windowForSheet()->endSheet(InsertPasswordSheet);
+}
+
+void VLCryptoDoc::insertSheetDidEnd(void *contextInfo)
+{
+    setShowClearPasswordInInsertPasswordSheet(true);
+    if (!m_sheetWasConfirmed)
+        return;
+    if (m_plainPasswordInserted != m_plainPasswordInsertedRetype) {
+        passwordNotEqualSheet(windowForSheet(), contextInfo);
+        return;
+    }
+    if (m_plainPasswordInserted.size() < ShortestPassword) {
+        passwordMustBe6CharLong(windowForSheet(), contextInfo);
+        return;
+    }
+    acceptInsertedPassword();
+    updateChangeCount(ChangeDone);
+    showAlert(
+        {tr("Password accepted"),
+         tr("This password will be used when saving this document.\nData will be stored on disk encrypted "
+            "using a secure algorithm.\n\nNext time, to open this document, this password will be "
+            "required.\nStore your password in a safe place.\nThere is no way, even for Brightmoor Labs, to "
+            "open the document and decrypt the data without the right password."),
+         {tr("OK")}});
+}
+
+void VLCryptoDoc::passwordNotEqualSheet(DocumentWindow *window, void *)
+{
+    passwordRefused(
+        window, tr("Passwords inserted in the two fields doesn't match"),
+        tr("You must insert exactly the same password in the two 'New Password' fields. No changes "
+           "were applied"));
+}
+
+void VLCryptoDoc::passwordMustBe6CharLong(DocumentWindow *window, void *)
+{
+    passwordRefused(
+        window, tr("Password Too Short. You have to use a password which is at least six character long."),
+        tr("No changes were applied"));
+}
+
+void VLCryptoDoc::passwordMustMatch(DocumentWindow *window)
+{
+    passwordRefused(window,
+                    tr("Password inserted in the 'Old Master Password' field must be equal to the password "
+                       "previously used to protect this document."),
+                    tr("No changes were applied"));
+}
+
+void VLCryptoDoc::passwordRefused(DocumentWindow *window, const QString &message,
+                                  const QString &informativeText)
+{
+    if (!window)
+        return;
+    window->beginAlert({message, informativeText, {tr("Retry"), tr("Cancel")}},
+                       [this, window](int returnCode) {
+                           if (returnCode != Alert::FirstButtonReturn)
+                               return;
+                           Services::shared().mainQueue().addOperation([document = QPointer(this), window] {
+                               // A window goes with its document.
+                               if (document && document->window() == window)
+                                   document->showChangePasswordSheet(window);
+                           });
+                       });
+}
+
 bool VLCryptoDoc::validateUserInterfaceItem(const QString &action) const
 {
     static const QStringList needOpenContent = {
         QStringLiteral("saveDocument"),     QStringLiteral("saveDocumentAs"),
         QStringLiteral("documentPassword"), QStringLiteral("revertDocumentToSaved"),
         QStringLiteral("runPageLayout"),    QStringLiteral("printDocument")};
-    return needOpenContent.contains(action) ? isDecrypted() : Document::validateUserInterfaceItem(action);
+    return (isDecrypted() || !needOpenContent.contains(action)) &&
+           Document::validateUserInterfaceItem(action);
 }
 
 void VLCryptoDoc::canCloseDocument(Completion shouldClose)

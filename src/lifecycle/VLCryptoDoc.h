@@ -28,6 +28,8 @@ public:
     // Longer than five UTF-16 units; nothing is trimmed and nothing else is asked of a password.
     static constexpr qsizetype ShortestPassword = 6;
     static const QString MandatoryPasswordSheet;
+    static const QString ChangePasswordSheet;
+    static const QString InsertPasswordSheet;
 
     using Document::Document;
 
@@ -66,6 +68,24 @@ public:
     void mandatoryPasswordNonEqual();
     void mandatoryPasswordMustBe6CharLong();
 
+    // Changes the password; a document that has none gets its first one. The new one is used when the
+    // document is saved next, for which it counts as edited.
+    Q_INVOKABLE void documentPassword(const Foundation::ActionSender &sender);
+    void showChangePasswordSheet(Foundation::DocumentWindow *window);
+    Q_INVOKABLE void confirmChangePasswordSheet(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void cancelChangePasswordSheet(const Foundation::ActionSender &sender);
+
+    // Takes a password without asking for the former one. Nothing here calls it; a refusal leads to the sheet
+    // of the change. The context is handed through and not looked at.
+    void showInsertPasswordSheet(Foundation::DocumentWindow *window, void *contextInfo);
+    Q_INVOKABLE void confirmInsertPasswordSheet(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void cancelInsertPasswordSheet(const Foundation::ActionSender &sender);
+
+    // The refusals of both. Retry brings up the sheet of the change on the window, as the user left it.
+    void passwordNotEqualSheet(Foundation::DocumentWindow *window, void *contextInfo);
+    void passwordMustBe6CharLong(Foundation::DocumentWindow *window, void *contextInfo);
+    void passwordMustMatch(Foundation::DocumentWindow *window);
+
     bool validateUserInterfaceItem(const QString &action) const override;
     // An encrypted document closes at once, and `shouldClose` is never called: the file is what it shows.
     void canCloseDocument(Completion shouldClose) override;
@@ -84,6 +104,11 @@ protected:
 private:
     void mandatorySheetDidEnd(int returnCode);
     void mandatoryPasswordRefused(const QString &message, const QString &informativeText);
+    void insertSheetDidEnd(void *contextInfo);
+    void passwordRefused(Foundation::DocumentWindow *window, const QString &message,
+                         const QString &informativeText);
+    // Takes the text that was typed as the password, and empties the fields.
+    void acceptInsertedPassword();
     void decryptRejected();
     void set(QString &field, const QString &text);
 
@@ -92,4 +117,5 @@ private:
     QString m_plainPasswordInsertedRetype = QStringLiteral("");
     QString m_plainPasswordPrevious = QStringLiteral("");
     bool m_showClearPassword = false;
+    bool m_sheetWasConfirmed = false; // which button ended the sheet that inserts a password
 };

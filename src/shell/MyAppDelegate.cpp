@@ -2,9 +2,11 @@
 
 #include "foundation/UserDefaults.h"
 #include "helpers/HelperTransformers.h"
+#include "lifecycle/MyDocument.h"
 
-MyAppDelegate::MyAppDelegate(QObject *parent)
+MyAppDelegate::MyAppDelegate(Foundation::DocumentController &documents, QObject *parent)
     : QObject(parent)
+    , m_documents(documents)
 {
     installApplicationTransformers();
 }
@@ -28,4 +30,34 @@ QVariantHash MyAppDelegate::registeredDefaults()
 void MyAppDelegate::initialize()
 {
     Foundation::UserDefaults::standardUserDefaults().registerDefaults(registeredDefaults());
+}
+
+void MyAppDelegate::applicationDidResignActive()
+{
+    const auto &defaults = Foundation::UserDefaults::standardUserDefaults();
+    if (defaults.boolForKey(QStringLiteral("autolocBackgroundEnabled")))
+        setAutomaticLockWithTimeInterval(defaults.integerForKey(QStringLiteral("autolocBackgroundInterval")));
+}
+
+void MyAppDelegate::applicationDidBecomeActive()
+{
+    setAutomaticLockWithTimeInterval(0);
+}
+
+void MyAppDelegate::setAutomaticLockWithTimeInterval(qint32 seconds)
+{
+    constexpr qint32 ShortestInterval = 30;
+    m_repeatingAutomaticLockTimer = nullptr;
+    if (seconds < 1)
+        return;
+    m_repeatingAutomaticLockTimer = Foundation::Services::shared().timers().schedule(
+        std::max(seconds, ShortestInterval), [this] { AutomaticLockAllOpenedDocuments(); });
+}
+
+void MyAppDelegate::AutomaticLockAllOpenedDocuments()
+{
+    for (Foundation::Document *document : m_documents.documents()) {
+        if (auto *addressBook = qobject_cast<MyDocument *>(document))
+            addressBook->lockAutomatically();
+    }
 }

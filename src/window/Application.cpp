@@ -27,6 +27,7 @@ static QIcon applicationIcon()
 
 Application::Application()
     : m_documents([] { return std::make_unique<MyDocument>(); })
+    , m_delegate(m_documents)
 {
     loadResources();
     keepNoPanelHistory();
@@ -45,6 +46,12 @@ Application::Application()
     Services::shared().setModalAlerts(&m_modalAlerts);
     Services::shared().setImageReader(&m_imageReader);
     Services::shared().setTextMeasurer(&m_textMeasurer);
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive)
+            m_delegate.applicationDidBecomeActive();
+        else
+            m_delegate.applicationDidResignActive();
+    });
     connect(&m_documents, &DocumentController::documentAdded, this, &Application::makeWindow);
     connect(&m_documents, &DocumentController::documentClosed, this, &Application::quitWithoutDocuments);
 }

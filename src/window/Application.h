@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/DocumentController.h"
+#include "lifecycle/VLRevertDocController.h"
 #include "shell/MyAppDelegate.h"
 #include "window/AlertDialog.h"
 #include "window/DesktopImageReader.h"
@@ -43,8 +43,8 @@ private:
     ModalAlerts m_modalAlerts;
     DesktopImageReader m_imageReader;
     DesktopTextMeasurer m_textMeasurer;
+    VLRevertDocController m_documents;
     MyAppDelegate m_delegate;
-    Foundation::DocumentController m_documents;
     QList<QPointer<DocumentWindowController>> m_windows;
     QPointer<QFileDialog> m_openPanel;
 };

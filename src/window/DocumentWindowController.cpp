@@ -131,7 +131,7 @@ void DocumentWindowController::setUpToolbar()
     QToolBar *toolbar = m_ui->modernToolbar;
     QAction *filters = toolbar->actions().first();
     toolbar->removeAction(filters);
-    toolbar->addAction(filters);
+    toolbar->insertAction(m_ui->toolbarLockItem, filters);
 }
 
 void DocumentWindowController::followDocument()
@@ -201,6 +201,17 @@ void DocumentWindowController::updateUndoTitles()
 
 void DocumentWindowController::showFace()
 {
+    // What is only hidden, assistive technology still finds: a locked window must not have the content at all.
+    if (m_document->isEncrypted()) {
+        while (QWidget *popUp = QApplication::activePopupWidget())
+            popUp->close();
+        m_ui->openFace->setParent(&m_cellar);
+        m_categoryFilter->categoryMenu().clear();
+    } else if (m_ui->openFace->parentWidget() == &m_cellar) {
+        m_ui->facesLayout->addWidget(m_ui->openFace);
+        m_ui->openFace->show();
+    }
+    m_ui->myCategorySuperMenuItem->setEnabled(m_document->isDecrypted());
     m_window.setMinimumSize(m_document->isEncrypted() ? LeastLockedSize : LeastOpenSize);
     initialControl()->setFocus();
 }
@@ -273,7 +284,13 @@ bool DocumentWindowController::isToolbarVisible() const
 
 void DocumentWindowController::setToolbarVisible(bool visible)
 {
-    m_ui->modernToolbar->setVisible(visible);
+    // It shows categories and what is searched for.
+    QToolBar *toolbar = m_ui->modernToolbar;
+    if (!visible && m_document->isEncrypted())
+        toolbar->setParent(&m_cellar);
+    else if (visible && toolbar->parentWidget() == &m_cellar)
+        m_window.addToolBar(toolbar);
+    toolbar->setVisible(visible);
     m_dispatcher.validateLater();
 }
 

@@ -54,6 +54,7 @@ public:
     void beginSheet(const QString &name, SheetEnd ended) override;
     void endSheet(const QString &name, int returnCode) override;
     bool hasAttachedSheet() const override { return m_sheets.hasSheet(); }
+    void endAttachedSheet() override { m_sheets.endCurrent(); }
     void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered) override;
     void beginSavePanel(const QString &suggestedPath, SavePanel::PathChosen ended) override;
 
@@ -98,6 +99,7 @@ private:
 
     MyDocument *m_document;
     QList<QObject *> m_lastResponders;
+    QWidget m_cellar; // never shown: holds the content of the window while the document is locked
     DocumentMainWindow m_window;
     std::unique_ptr<Ui::MyDocument> m_ui;
     ActionDispatcher m_dispatcher;

@@ -56,7 +56,9 @@ void SavePanel::askToReplace(const QString &path, const PathChosen &ended)
         [this, path, ended](int returnCode) {
             if (returnCode == Alert::FirstButtonReturn)
                 ended(path);
-            else
+            else if (returnCode == Alert::SecondButtonReturn)
                 begin(path, ended);
+            else
+                ended(QString());
         });
 }

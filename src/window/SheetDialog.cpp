@@ -2,6 +2,8 @@
 
 #include "lifecycle/MyDocument.h"
 #include "ui_CategoriesSheet.h"
+#include "ui_ChangePasswordSheet.h"
+#include "ui_InsertPasswordSheet.h"
 #include "ui_LabelsSheet.h"
 #include "ui_MandatoryPasswordSheet.h"
 #include "window/InterfaceProperties.h"
@@ -58,6 +60,10 @@ void setUpSheet(const QString &name, MyDocument *document, SheetDialog *sheet)
             Qt::QueuedConnection);
     } else if (name == LabelCommands::LabelSheet) {
         Ui::LabelsSheet().setupUi(sheet);
+    } else if (name == VLCryptoDoc::ChangePasswordSheet) {
+        Ui::ChangePasswordSheet().setupUi(sheet);
+    } else if (name == VLCryptoDoc::InsertPasswordSheet) {
+        Ui::InsertPasswordSheet().setupUi(sheet);
     } else {
         Ui::MandatoryPasswordSheet().setupUi(sheet);
     }

@@ -52,6 +52,12 @@ void SheetQueue::end(const QString &name, int result)
         m_dialog->done(result);
 }
 
+void SheetQueue::endCurrent()
+{
+    if (m_dialog)
+        m_dialog->done(QDialog::Rejected);
+}
+
 void SheetQueue::drop()
 {
     m_waiting.clear();

@@ -23,6 +23,8 @@ public:
     void begin(const QString &name, DialogMaker make, Ended ended);
     // Nothing happens unless that sheet stands.
     void end(const QString &name, int result);
+    // Ends the one that stands, with the result of no button.
+    void endCurrent();
     bool hasSheet() const { return !m_dialog.isNull(); }
     // Takes away the standing one and all that wait; no end is told any more.
     void drop();

@@ -53,6 +53,13 @@ public:
         m_sheet = QString();
         m_sheetEnd(returnCode);
     }
+    void endAttachedSheet() override
+    {
+        if (hasAlert())
+            answer(0);
+        else
+            endSheet(m_sheet, 0);
+    }
     bool hasAttachedSheet() const override { return !m_sheet.isNull() || hasAlert(); }
     void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered) override
     {

@@ -12,7 +12,7 @@ public:
     Foundation::UndoManager &undoManager() override { return undo; }
     void switchToEditMode() override { ++editModes; }
     BrowseWindow *browseWindow() override { return &window; }
-    void documentPassword() override { ++passwordsAsked; }
+    void askForDocumentPassword() override { ++passwordsAsked; }
     QString searchText() const override { return searched; }
     void setSearchText(const QString &text) override { searched = text; }
     void setCategoryString(const QString &category) override { categoryString = category; }

@@ -68,6 +68,30 @@ public:
     QDateTime moment;
 };
 
+// Timers that fire when time is moved.
+class ManualTimers : public Foundation::Timers
+{
+public:
+    ManualTimers() { Foundation::Services::shared().setTimers(this); }
+    ~ManualTimers() override { Foundation::Services::shared().setTimers(nullptr); }
+
+    Timer schedule(int seconds, std::function<void()> fired) override;
+    void advance(int seconds);
+    // That have neither fired nor been called off.
+    std::size_t pending() const;
+
+private:
+    struct Entry
+    {
+        int due;
+        std::function<void()> fired;
+        std::weak_ptr<void> handle;
+    };
+
+    int m_now = 0;
+    std::vector<Entry> m_entries;
+};
+
 // Measures text by a rule that the test gives.
 class ScriptedTextMeasurer : public Foundation::TextMeasurer
 {

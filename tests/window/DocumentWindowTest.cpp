@@ -109,7 +109,7 @@ TEST_F(DocumentWindowTest, MainJobIsDoneByKeysAlone)
     ASSERT_TRUE(isClosed()) << "nothing to ask";
 
     openDocument(path);
-    EXPECT_TRUE(control<QWidget>("openFace")->isHidden());
+    EXPECT_FALSE(control<QWidget>("openFace")) << "the locked window does not have it at all";
     EXPECT_EQ(control<QLabel>("lockedTitle")->text(), QStringLiteral("Friends.vexcards is locked"));
     EXPECT_EQ(window()->windowTitle(), QStringLiteral("Friends[*] — locked"));
     EXPECT_FALSE(controller()->isToolbarVisible());

@@ -1,0 +1,35 @@
+#include "lifecycle/VLRevertDocController.h"
+
+#include "foundation/Services.h"
+
+#include <QPointer>
+
+using Foundation::Document;
+
+void VLRevertDocController::advancedLockDocument(Document *document)
+{
+    const QPointer<Document> watched(document);
+    const QPointer<VLRevertDocController> controller(this);
+    if (document->isDocumentEdited()) {
+        document->saveWithCompletion([controller, watched](bool didSave) {
+            if (controller && watched)
+                controller->documentDidSave(watched, didSave, nullptr);
+        });
+        return;
+    }
+    Foundation::Services::shared().mainQueue().addOperation([controller, watched] {
+        if (controller && watched)
+            controller->CloseAndReopenTheDoc(watched);
+    });
+}
+
+void VLRevertDocController::documentDidSave(Document *document, bool didSave, void *)
+{
+    if (didSave)
+        CloseAndReopenTheDoc(document);
+}
+
+void VLRevertDocController::CloseAndReopenTheDoc(Document *document)
+{
+    openDocument(document->fileURL());
+}

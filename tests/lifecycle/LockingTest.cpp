@@ -1,0 +1,215 @@
+#include "lifecycle/VLRevertDocController.h"
+#include "support/DocumentFixture.h"
+
+#include <QFile>
+
+using Foundation::Alert;
+using Foundation::Rect;
+
+namespace
+{
+
+class Locking : public DocumentFixture
+{
+protected:
+    void saveTo(const QString &path)
+    {
+        QString reason;
+        ASSERT_TRUE(document->writeToFile(path, &reason)) << qPrintable(reason);
+    }
+    static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    void savedDocument()
+    {
+        newProtectedDocument();
+        document->recordCommands().addRow({});
+        typeNote(QStringLiteral("saved"));
+        saveTo(pathOf("locked.vexcards"));
+    }
+};
+
+const QString reinsert =
+    QStringLiteral("To browse the document data again you will need to re-insert the master password");
+
+TEST_F(Locking, AsksInWordsThatFollowTheChangesAndLocksAtOnce)
+{
+    savedDocument();
+    const QByteArray file = contentOf(pathOf("locked.vexcards"));
+    document->lockDocument({});
+    EXPECT_EQ(window->alert().message, u"Lock Document back to the crypted state?");
+    EXPECT_EQ(window->alert().informativeText, reinsert);
+    EXPECT_EQ(window->alert().buttons, (QStringList{QStringLiteral("OK"), QStringLiteral("Cancel")}));
+    EXPECT_EQ(window->alert().style, Alert::Style::Warning);
+    window->answer(1001);
+    queue.drain();
+    EXPECT_FALSE(document->isEncrypted());
+
+    typeNote(QStringLiteral("changed"));
+    document->lockDocument({});
+    EXPECT_EQ(window->alert().informativeText,
+              QStringLiteral("Before locking the document you need to save it on disk.\n") + reinsert);
+    window->answer(1000);
+    EXPECT_FALSE(document->isEncrypted()) << "the sheet has to go first";
+    queue.drain();
+    EXPECT_TRUE(document->isEncrypted());
+    EXPECT_TRUE(document->isDocumentEdited());
+    EXPECT_EQ(contentOf(pathOf("locked.vexcards")), file) << "no file is touched";
+
+    submit(QStringLiteral("wrong horse"));
+    EXPECT_TRUE(document->isEncrypted());
+    window->answer(1000);
+    submit(password);
+    EXPECT_FALSE(document->isEncrypted());
+    EXPECT_EQ(note(), u"changed");
+    EXPECT_FALSE(document->isDocumentEdited())
+        << "an attempt counts as clean, though the file lacks the change";
+    EXPECT_EQ(document->selectedView(), MyDocument::ViewMode);
+}
+
+TEST_F(Locking, ShrinksTheWindowBelowItsUpperEdgeAndKeepsTheFrameForTheFile)
+{
+    savedDocument();
+    window->frameNow = {100.25, 200.5, 900, 600.75};
+    window->toolbarVisible = true;
+    document->doLockDocument();
+    EXPECT_EQ(window->frameNow, (Rect{100.25, 460.5, 560, 340})) << "the difference is cut to a whole number";
+    EXPECT_FALSE(window->toolbarVisible);
+    const auto &platform = *document->OSXPlatformDictionary();
+    EXPECT_EQ(platform.value(u"windowRecWidth").doubleValue(), 900);
+    EXPECT_TRUE(platform.value(u"makeToolbarVisibleAtDecrypt").boolValue());
+    submit(password);
+    EXPECT_TRUE(window->toolbarVisible);
+    EXPECT_EQ(window->frameNow.width, 560) << "only a frame that was read from the file comes back";
+
+    ASSERT_TRUE(open(pathOf("locked.vexcards")));
+    submit(password);
+    const Rect read = window->frameNow;
+    window->frameNow = {1, 2, 3000, 2000};
+    document->doLockDocument();
+    submit(password);
+    EXPECT_EQ(window->frameNow, read);
+}
+
+TEST_F(Locking, ALockedDocumentIsNeverWritten)
+{
+    savedDocument();
+    document->doLockDocument();
+    const QByteArray file = contentOf(pathOf("locked.vexcards"));
+    EXPECT_TRUE(document->autosavingFileType().isNull());
+    QString reason;
+    EXPECT_FALSE(document->writeToFile(pathOf("other.vexcards"), &reason));
+    EXPECT_FALSE(reason.isEmpty());
+    document->saveDocument({});
+    window->answer(1000);
+    EXPECT_EQ(contentOf(pathOf("locked.vexcards")), file);
+    EXPECT_FALSE(QFile::exists(pathOf("other.vexcards")));
+    // A wrong text that becomes the password changes nothing of that.
+    submit(QStringLiteral("wrong horse"));
+    window->answer(1000);
+    EXPECT_FALSE(document->writeToFile(pathOf("locked.vexcards"), &reason));
+    EXPECT_EQ(contentOf(pathOf("locked.vexcards")), file);
+    submit(password);
+    saveTo(pathOf("locked.vexcards"));
+    ASSERT_TRUE(open(pathOf("locked.vexcards")));
+    submit(password);
+    EXPECT_EQ(note(), u"saved");
+}
+
+TEST_F(Locking, AChangedPasswordOpensWhatIsInMemoryAndTheFileKeepsTheOld)
+{
+    savedDocument();
+    const QString changed = QStringLiteral("battery staple");
+    document->setPlainPassword(changed);
+    document->doLockDocument();
+    submit(password);
+    EXPECT_TRUE(document->isEncrypted());
+    window->answer(1000);
+    submit(changed);
+    EXPECT_EQ(note(), u"saved");
+    ASSERT_TRUE(open(pathOf("locked.vexcards")));
+    submit(password);
+    EXPECT_TRUE(document->isDecrypted());
+}
+
+TEST_F(Locking, ByItselfOnlyWithAPasswordAndAFileAndUnderAnySheet)
+{
+    newDocument();
+    document->lockAutomatically();
+    newProtectedDocument();
+    document->lockAutomatically();
+    EXPECT_EQ(queue.waiting(), 0U) << "never saved";
+
+    savedDocument();
+    document->documentPassword({});
+    document->lockAutomatically();
+    EXPECT_TRUE(window->sheet().isNull());
+    EXPECT_FALSE(document->isEncrypted()) << "the sheet has to go first";
+    queue.drain();
+    EXPECT_TRUE(document->isEncrypted());
+    document->lockAutomatically();
+    EXPECT_EQ(queue.waiting(), 0U) << "locked already";
+
+    submit(password);
+    document->recordCommands().deleteRow({});
+    document->lockAutomatically();
+    EXPECT_FALSE(window->hasAlert());
+    queue.drain();
+    submit(password);
+    EXPECT_EQ(document->myArrayController()->arrangedObjects().size(), 1U) << "no answer is no agreement";
+}
+
+TEST_F(Locking, RevertingEndsLockedWithTheContentOfTheFile)
+{
+    savedDocument();
+    Foundation::MenuItem item{QStringLiteral("revertDocumentToSaved"), QString()};
+    EXPECT_FALSE(document->validateMenuItem(item)) << "nothing to revert";
+    typeNote(QStringLiteral("changed"));
+    EXPECT_TRUE(document->validateMenuItem(item));
+    const Rect frame = window->frameNow;
+    document->revertDocumentToSaved({});
+    window->answer(1000);
+    EXPECT_TRUE(document->isEncrypted());
+    EXPECT_FALSE(document->isDocumentEdited());
+    EXPECT_FALSE(window->toolbarVisible);
+    EXPECT_EQ(window->frameNow, frame);
+    EXPECT_FALSE(document->undoManager().canUndo());
+    submit(password);
+    EXPECT_EQ(note(), u"saved");
+
+    typeNote(QStringLiteral("changed"));
+    ASSERT_TRUE(QFile::remove(pathOf("locked.vexcards")));
+    document->revertDocumentToSaved({});
+    window->answer(1000);
+    EXPECT_TRUE(document->isDecrypted()) << "nothing is lost with the file";
+    EXPECT_EQ(note(), u"changed");
+    EXPECT_TRUE(window->hasAlert());
+}
+
+TEST_F(Locking, SavingAndReopeningShowsTheOpenDocument)
+{
+    VLRevertDocController controller([] { return std::make_unique<MyDocument>(); });
+    ScriptedDocumentWindow shown;
+    auto *opened = static_cast<MyDocument *>(controller.newDocument());
+    opened->setWindow(&shown);
+    opened->setPlainPassword(password);
+    shown.savePath = pathOf("advanced.vexcards");
+    opened->updateChangeCount(0);
+    controller.advancedLockDocument(opened);
+    EXPECT_TRUE(QFile::exists(pathOf("advanced.vexcards")));
+    EXPECT_TRUE(shown.visible);
+    shown.visible = false;
+    controller.advancedLockDocument(opened);
+    EXPECT_FALSE(shown.visible) << "after a delay";
+    queue.drain();
+    EXPECT_TRUE(shown.visible);
+    EXPECT_EQ(controller.documents().size(), 1);
+    shown.visible = false;
+    controller.documentDidSave(opened, false, nullptr);
+    EXPECT_FALSE(shown.visible);
+    opened->setWindow(nullptr);
+}
+
+} // namespace
