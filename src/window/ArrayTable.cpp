@@ -2,6 +2,7 @@
 
 #include "window/TextLabel.h"
 
+#include <QEvent>
 #include <QHeaderView>
 #include <QPainter>
 #include <QProxyStyle>

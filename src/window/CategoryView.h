@@ -28,7 +28,6 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-public Q_SLOTS:
     // Another record is selected, or its category looks different.
     void refresh();
 

@@ -20,7 +20,6 @@ public:
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
 
-public Q_SLOTS:
     void tableViewSelectionDidChange();
 
 private:

@@ -53,7 +53,7 @@ void VLLabelDrawerExt::drawString(QPainter &painter, const QString &string,
                                   const TextAttributes &attrDictionary, qint32 width, qint32 height,
                                   const Color &backColor, const Color &)
 {
-    const double radius = height / 2;
+    const qint32 radius = height / 2;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(colorOfComponents(backColor));

@@ -1,0 +1,153 @@
+#include "core/RecordModel.h"
+#include "support/Printers.h"
+#include "window/DesktopColorPanel.h"
+#include "window/WindowTest.h"
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QTest>
+#include <QToolBar>
+
+namespace
+{
+
+const QString secret = QStringLiteral("Quxwombat");
+
+class LockedWindowTest : public WindowTest
+{
+protected:
+    void SetUp() override
+    {
+        makeProtectedDocument();
+        addContact(secret, QStringLiteral("Åström"));
+        document()->myCategoryArrayController()->setValueForSelection(CategoryKey::cat_category, secret);
+        document()->myLabelDictionary()->setValue(RecordKey::pager, secret);
+        chooseNextPath(pathOf(QStringLiteral("Locked.vexcards")));
+        press(Qt::Key_S, Qt::ControlModifier);
+        ASSERT_FALSE(document()->isDocumentEdited());
+        document()->categoryCommands().synkCategorySubMenu({});
+        Q_EMIT window()
+            ->findChild<QAction *>(QStringLiteral("myCategorySuperMenuItem"))
+            ->menu()
+            ->aboutToShow();
+    }
+    void lock()
+    {
+        press(Qt::Key_L, Qt::ControlModifier);
+        EXPECT_EQ(nextAlert().value(0), QStringLiteral("Lock Document back to the crypted state?"));
+        answer(QStringLiteral("OK"));
+        EXPECT_TRUE(eventually([this] { return document()->isEncrypted(); }));
+        EXPECT_TRUE(windowIsActive());
+    }
+    // All that assistive technology can find out below an object.
+    static void collectTexts(QAccessibleInterface *object, QStringList &texts)
+    {
+        if (!object || !object->isValid())
+            return;
+        for (const QAccessible::Text kind :
+             {QAccessible::Name, QAccessible::Description, QAccessible::Value, QAccessible::Help})
+            texts.append(object->text(kind));
+        if (QAccessibleTextInterface *text = object->textInterface())
+            texts.append(text->text(0, text->characterCount()));
+        for (int i = 0; i < object->childCount(); ++i)
+            collectTexts(object->child(i), texts);
+    }
+    QString accessibleTexts() const
+    {
+        QStringList texts;
+        collectTexts(QAccessible::queryAccessibleInterface(window()), texts);
+        return texts.join(u'\n');
+    }
+};
+
+TEST_F(LockedWindowTest, HasNothingOfTheContentAndOpensAsItWas)
+{
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(secret);
+    EXPECT_TRUE(accessibleTexts().contains(secret));
+    const QRect open = window()->frameGeometry();
+    lock();
+    EXPECT_FALSE(accessibleTexts().contains(secret)) << accessibleTexts().toStdString();
+    EXPECT_LT(window()->frameGeometry().height(), open.height());
+    EXPECT_EQ(window()->frameGeometry().y(), open.y()) << "the upper edge stays";
+    EXPECT_EQ(QApplication::focusWidget(), control<QLineEdit>("passwordToDecryptField"));
+    EXPECT_FALSE(window()->findChild<QAction *>(QStringLiteral("myCategorySuperMenuItem"))->isEnabled());
+
+    unlock(QStringLiteral("wrong horse"));
+    EXPECT_EQ(nextAlert().value(0), QStringLiteral("Wrong Password"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(windowIsActive());
+    press(Qt::Key_A, Qt::ControlModifier);
+    unlock(password);
+    ASSERT_TRUE(document()->isDecrypted());
+    EXPECT_EQ(names(), QStringList{secret + QStringLiteral(" Åström")});
+    EXPECT_TRUE(control<QToolBar>("modernToolbar")->isVisible());
+    EXPECT_EQ(control<QLineEdit>("searchField")->text(), secret) << "the search survives";
+    EXPECT_TRUE(control<QWidget>("grayStatusView")->isVisible());
+    EXPECT_EQ(control<QLabel>("pagerLabel")->text(), secret);
+    EXPECT_TRUE(accessibleTexts().contains(secret));
+}
+
+TEST_F(LockedWindowTest, LocksByItselfUnderASheetWithItsColourPanel)
+{
+    press(Qt::Key_K, Qt::ControlModifier);
+    ASSERT_TRUE(sheetComes(QStringLiteral("myCategorySheet")));
+    control<QWidget>("backColorWell")->setFocus();
+    press(Qt::Key_Space);
+    ASSERT_TRUE(DesktopColorPanel::shared().dialog());
+    document()->lockAutomatically();
+    EXPECT_TRUE(eventually([this] { return document()->isEncrypted(); }));
+    EXPECT_TRUE(windowIsActive());
+    EXPECT_FALSE(sheet());
+    EXPECT_FALSE(DesktopColorPanel::shared().dialog());
+    unlock(password);
+    EXPECT_TRUE(document()->isDecrypted());
+}
+
+TEST_F(LockedWindowTest, ThePasswordIsChangedByKeysAlone)
+{
+    const QString changed = QStringLiteral("battery staple");
+    const auto enter = [this](const QStringList &texts) {
+        ASSERT_TRUE(sheetComes(QStringLiteral("changePasswordSheet")));
+        EXPECT_EQ(control<QLineEdit>("previousPassword")->echoMode(), QLineEdit::Password);
+        for (const QString &text : texts) {
+            press(Qt::Key_A, Qt::ControlModifier);
+            type(text);
+            press(Qt::Key_Tab);
+        }
+    };
+    window()->findChild<QAction *>(QStringLiteral("passwordItem"))->trigger();
+    enter({QStringLiteral("wrong"), changed, changed});
+    press(Qt::Key_Space); // shows the passwords
+    EXPECT_EQ(control<QLineEdit>("password")->echoMode(), QLineEdit::Normal);
+    press(Qt::Key_Return);
+    EXPECT_TRUE(
+        nextAlert().value(0).startsWith(QStringLiteral("Password inserted in the 'Old Master Password'")));
+    answer(QStringLiteral("Retry"));
+    enter({password, changed, changed});
+    press(Qt::Key_Return);
+    EXPECT_EQ(nextAlert().value(0), QStringLiteral("Password changed successfuly"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(windowIsActive());
+    EXPECT_TRUE(document()->isDocumentEdited());
+    press(Qt::Key_S, Qt::ControlModifier);
+    ASSERT_FALSE(document()->isDocumentEdited());
+    lock();
+    unlock(changed);
+    EXPECT_TRUE(document()->isDecrypted());
+
+    window()->findChild<QAction *>(QStringLiteral("passwordItem"))->trigger();
+    ASSERT_TRUE(sheetComes(QStringLiteral("changePasswordSheet")));
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(windowIsActive());
+    EXPECT_EQ(document()->plainPassword(), changed);
+    document()->showInsertPasswordSheet(controller(), nullptr);
+    ASSERT_TRUE(sheetComes(QStringLiteral("insertPasswordSheet")));
+    answer(QStringLiteral("Cancel"));
+    EXPECT_TRUE(windowIsActive());
+}
+
+} // namespace
