@@ -201,7 +201,8 @@ void DocumentWindowController::updateUndoTitles()
 
 void DocumentWindowController::showFace()
 {
-    // What is only hidden, assistive technology still finds: a locked window must not have the content at all.
+    // What is only hidden, assistive technology still finds: a locked window must not have the content at
+    // all.
     if (m_document->isEncrypted()) {
         while (QWidget *popUp = QApplication::activePopupWidget())
             popUp->close();
