@@ -35,6 +35,8 @@ void Document::updateChangeCount(int change)
         m_changeCount += change == ChangeUndone ? -1 : 1;
     if (isDocumentEdited() != wasEdited)
         Q_EMIT documentEditedChanged();
+    if (change != ChangeCleared)
+        Q_EMIT changed();
 }
 
 void Document::windowControllerDidLoadNib() {}
@@ -59,16 +61,83 @@ bool Document::readFromFile(const QString &path, QString *reason)
     return true;
 }
 
-bool Document::writeToFile(const QString &path, QString *reason)
+std::optional<QByteArray> Document::bytesToWrite(QString *reason)
 {
     *reason = reasonNotToWrite();
     if (!reason->isNull())
+        return std::nullopt;
+    auto bytes = dataOfType(autosavingFileType());
+    if (bytes && lastDataCanBeRead())
+        return bytes;
+    *reason = tr("It could not be enciphered.");
+    return std::nullopt;
+}
+
+bool Document::isFileUntouched() const
+{
+    const auto present = identityOfFile(m_fileURL);
+    return present && m_fileIdentity && present->hasSameContentAs(*m_fileIdentity);
+}
+
+bool Document::autosave(QString *reason)
+{
+    *reason = QString();
+    if (!isDocumentEdited() || m_isAsking || autosavingFileType().isNull())
+        return true;
+    if (!m_fileURL.isNull() && isFileUntouched() && writeToFile(QString(m_fileURL), reason))
+        return true;
+    if (reason->isNull())
+        return writeRecoveryFile(reason);
+    // The user is told of the file, and the changes are safe all the same if they can be.
+    QString ignored;
+    writeRecoveryFile(&ignored);
+    return false;
+}
+
+bool Document::writeRecoveryFile(QString *reason)
+{
+    const auto bytes = bytesToWrite(reason);
+    if (!bytes)
         return false;
-    const auto bytes = dataOfType(autosavingFileType());
-    if (!bytes || !lastDataCanBeRead()) {
-        *reason = tr("It could not be enciphered.");
+    if (!m_recoveryFile)
+        m_recoveryFile = RecoveryFile::create();
+    if (m_recoveryFile)
+        return m_recoveryFile->write(*bytes, reason);
+    *reason = tr("The folder for unsaved documents cannot be made.");
+    return false;
+}
+
+bool Document::recover(std::unique_ptr<RecoveryFile> file, QString *reason)
+{
+    const FileReadResult read = readRegularFile(file->path(), LargestFile);
+    *reason = read.error;
+    if (!read.succeeded() || !readFromData(read.bytes, autosavingFileType(), reason))
         return false;
-    }
+    m_recoveryFile = std::move(file);
+    return true;
+}
+
+void Document::dropRecoveryFile()
+{
+    if (m_recoveryFile)
+        m_recoveryFile->remove();
+    m_recoveryFile = nullptr;
+}
+
+void Document::ask(const Alert &alert, AlertAnswer answered)
+{
+    m_isAsking = true;
+    m_window->beginAlert(alert, [this, answered = std::move(answered)](int returnCode) {
+        m_isAsking = false;
+        answered(returnCode);
+    });
+}
+
+bool Document::writeToFile(const QString &path, QString *reason)
+{
+    const auto bytes = bytesToWrite(reason);
+    if (!bytes)
+        return false;
     const FileWriteResult result = writeFileDurably(path, *bytes);
     // A result may carry both: the new content is in place, though perhaps not for good.
     if (result.identity) {
@@ -80,6 +149,7 @@ bool Document::writeToFile(const QString &path, QString *reason)
         *reason = result.error;
         return false;
     }
+    dropRecoveryFile();
     updateChangeCount(ChangeCleared);
     return true;
 }
@@ -118,7 +188,7 @@ void Document::revertDocumentToSaved(const ActionSender &)
         tr("Do you want to revert to the last saved version of the document “%1”?").arg(displayName()),
         tr("Your current changes will be lost."),
         {tr("Revert"), tr("Cancel")}};
-    m_window->beginAlert(alert, [this](int returnCode) {
+    ask(alert, [this](int returnCode) {
         if (returnCode == Alert::FirstButtonReturn)
             revert();
     });
@@ -129,6 +199,7 @@ void Document::revert()
     QString reason;
     if (readFromFile(QString(m_fileURL), &reason)) {
         m_undoManager.removeAllActions();
+        dropRecoveryFile();
         updateChangeCount(ChangeCleared);
         return;
     }
@@ -211,7 +282,7 @@ void Document::sayNotSaved(const QString &reason, const Completion &completion)
 void Document::confirmOverwriting(std::function<void(bool)> answered)
 {
     const auto present = identityOfFile(m_fileURL);
-    const bool isUntouched = present && m_fileIdentity && present->hasSameContentAs(*m_fileIdentity);
+    const bool isUntouched = isFileUntouched();
     if (isUntouched || !m_window) {
         answered(isUntouched);
         return;
@@ -222,7 +293,7 @@ void Document::confirmOverwriting(std::function<void(bool)> answered)
         present ? tr("If you save, what the other program wrote is lost.")
                 : tr("It may have been moved or deleted. If you save, it is made again in its old place."),
         {tr("Save Anyway"), tr("Cancel")}};
-    m_window->beginAlert(alert, [answered = std::move(answered)](int returnCode) {
+    ask(alert, [answered = std::move(answered)](int returnCode) {
         answered(returnCode == Alert::FirstButtonReturn);
     });
 }
@@ -237,7 +308,7 @@ void Document::canCloseDocument(Completion shouldClose)
                       tr("Your changes will be lost if you don’t save them."),
                       {tr("Save"), tr("Cancel"), tr("Discard")}};
     m_window->makeKeyAndOrderFront();
-    m_window->beginAlert(alert, [this, shouldClose = std::move(shouldClose)](int returnCode) {
+    ask(alert, [this, shouldClose = std::move(shouldClose)](int returnCode) {
         if (returnCode == Alert::FirstButtonReturn)
             saveWithCompletion(shouldClose);
         else
@@ -250,6 +321,7 @@ void Document::close()
     if (m_isClosed)
         return;
     m_isClosed = true;
+    dropRecoveryFile();
     if (m_window)
         m_window->close();
     m_window = nullptr;

@@ -3,6 +3,7 @@
 #include "foundation/Actions.h"
 #include "foundation/DocumentWindow.h"
 #include "foundation/FileIdentity.h"
+#include "foundation/RecoveryFile.h"
 #include "foundation/UndoManager.h"
 
 #include <QByteArray>
@@ -71,6 +72,17 @@ public:
     // Saves to `path`, which becomes the document's file. False with *reason in plain words.
     bool writeToFile(const QString &path, QString *reason);
 
+    // Saves changes without being asked, where autosavingFileType() permits it: to the document's own file,
+    // which counts as saved; or, if it has none, or somebody else touched that, or it cannot be written, to a
+    // recovery file, which does not count. True if there is nothing to do, or not now because the user is
+    // being asked about the changes. False with *reason in plain words.
+    bool autosave(QString *reason);
+    // Takes the content of a recovery file: a document without a name that keeps the file until it gets one
+    // or is closed. False with *reason as above.
+    bool recover(std::unique_ptr<RecoveryFile> file, QString *reason);
+    // There is something that only the recovery file has.
+    bool isRecoverable() const { return m_recoveryFile != nullptr; }
+
     // The objects that take part in the responder chain for this document, in order.
     virtual QList<QObject *> responders() { return {this}; }
     // Whether a command is enabled.
@@ -96,10 +108,19 @@ public:
 Q_SIGNALS:
     void fileURLChanged();
     void documentEditedChanged();
+    // At every change, also of an edited document.
+    void changed();
     void closed();
 
 private:
     void revert();
+    // Nothing, with *reason, if it cannot be written now or never be opened again.
+    std::optional<QByteArray> bytesToWrite(QString *reason);
+    bool isFileUntouched() const;
+    bool writeRecoveryFile(QString *reason);
+    void dropRecoveryFile();
+    // Shows a question about the document's changes, during which they are not saved.
+    void ask(const Alert &alert, AlertAnswer answered);
     void saveAsWithCompletion(const Completion &completion);
     void saveToPath(const QString &path, const Completion &completion);
     void sayNotSaved(const QString &reason, const Completion &completion);
@@ -111,6 +132,8 @@ private:
     int m_untitledNumber = 1;
     int m_changeCount = 0;
     UndoManager m_undoManager;
+    std::unique_ptr<RecoveryFile> m_recoveryFile;
+    bool m_isAsking = false;
     DocumentWindow *m_window = nullptr;
     bool m_isClosed = false;
 };

@@ -51,6 +51,21 @@ Document *DocumentController::openDocument(const QString &path)
     return added;
 }
 
+int DocumentController::recoverDocuments()
+{
+    int recovered = 0;
+    for (auto &file : RecoveryFile::takeAbandoned()) {
+        auto document = m_makeDocument();
+        QString reason;
+        if (!document->recover(std::move(file), &reason))
+            continue;
+        document->setUntitledNumber(++m_lastUntitledNumber);
+        add(std::move(document));
+        ++recovered;
+    }
+    return recovered;
+}
+
 Document *DocumentController::documentOfFile(const QString &path) const
 {
     const auto identity = identityOfFile(path);

@@ -30,6 +30,10 @@ public:
     // then been told why.
     Document *openDocument(const QString &path);
 
+    // Opens what was never saved and outlived the process that had it, each as a document without a name.
+    // Nothing is said of one that cannot be read; it stays where it is. How many there are.
+    int recoverDocuments();
+
     // Asks about the changes of each document in turn and closes it, and calls `done` with true when all are
     // closed. Nothing more is asked once the user has kept a document, and `done` is called with false.
     void closeAllDocuments(const Document::Completion &done);

@@ -88,6 +88,9 @@ void VLCryptoDoc::submitPasswordToDecrypt(const ActionSender &sender)
         decryptRejected();
     }
     updateChangeCount(ChangeCleared);
+    // No file of the user's has any of it.
+    if (succeeded && isRecoverable())
+        updateChangeCount(ChangeDone);
 }
 
 void VLCryptoDoc::decryptRejected()

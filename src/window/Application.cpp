@@ -27,6 +27,7 @@ static QIcon applicationIcon()
 
 Application::Application()
     : m_documents([] { return std::make_unique<MyDocument>(); })
+    , m_autosaver(m_documents)
     , m_delegate(m_documents)
 {
     loadResources();
@@ -46,12 +47,11 @@ Application::Application()
     Services::shared().setModalAlerts(&m_modalAlerts);
     Services::shared().setImageReader(&m_imageReader);
     Services::shared().setTextMeasurer(&m_textMeasurer);
-    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
-        if (state == Qt::ApplicationActive)
-            m_delegate.applicationDidBecomeActive();
-        else
-            m_delegate.applicationDidResignActive();
-    });
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &Application::followApplicationState);
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &Application::endSession,
+            Qt::DirectConnection);
+    connect(&m_terminationSignals, &Foundation::TerminationSignals::terminationRequested, this,
+            &Application::terminateAtOnce);
     connect(&m_documents, &DocumentController::documentAdded, this, &Application::makeWindow);
     connect(&m_documents, &DocumentController::documentClosed, this, &Application::quitWithoutDocuments);
 }
@@ -67,12 +67,51 @@ Application::~Application()
     Services::shared().setTextMeasurer(nullptr);
 }
 
+void Application::followApplicationState(Qt::ApplicationState state)
+{
+    if (state == Qt::ApplicationActive) {
+        m_autosaveWhenLeft = nullptr;
+        m_delegate.applicationDidBecomeActive();
+        return;
+    }
+    // What is locked later has nothing unsaved then. Between two windows of its own the application is left
+    // for a moment, too.
+    m_autosaveWhenLeft = Services::shared().timers().schedule(1, [this] { m_autosaver.autosaveAll(); });
+    m_delegate.applicationDidResignActive();
+}
+
+void Application::terminateAtOnce()
+{
+    m_autosaver.autosaveAll();
+    QCoreApplication::exit(0);
+}
+
+void Application::endSession(QSessionManager &manager)
+{
+    m_autosaver.autosaveAll();
+    const auto hasUnsavedWork = [](const Document *document) {
+        return document->isDocumentEdited() && !document->autosavingFileType().isNull();
+    };
+    const auto &documents = m_documents.documents();
+    const auto unsaved = std::find_if(documents.begin(), documents.end(), hasUnsavedWork);
+    if (unsaved == documents.end() || !manager.allowsInteraction())
+        return;
+    const int answer = m_modalAlerts.runModal(
+        {tr("The document “%1” has changes that are not saved.").arg((*unsaved)->displayName()),
+         tr("If the session ends now, they are offered again at the next start."),
+         {tr("End Session"), tr("Cancel")}});
+    if (answer == Foundation::Alert::FirstButtonReturn)
+        manager.release();
+    else
+        manager.cancel();
+}
+
 void Application::start(const QStringList &paths)
 {
-    if (paths.isEmpty())
+    const int recovered = m_documents.recoverDocuments();
+    openDocuments(paths);
+    if (paths.isEmpty() && recovered == 0)
         m_documents.newDocument();
-    else
-        openDocuments(paths);
     // The user has been told of each that could not be opened.
     quitWithoutDocuments();
 }

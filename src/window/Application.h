@@ -1,5 +1,7 @@
 #pragma once
 
+#include "foundation/Autosaver.h"
+#include "foundation/TerminationSignals.h"
 #include "lifecycle/VLRevertDocController.h"
 #include "shell/MyAppDelegate.h"
 #include "window/AlertDialog.h"
@@ -9,6 +11,7 @@
 #include "window/DocumentWindowController.h"
 
 #include <QFileDialog>
+#include <QSessionManager>
 
 // The application around its documents: gives the logic the services of the desktop, makes a window for each
 // document, and takes the commands that belong to no document, as the last responder of every window. Quits
@@ -38,13 +41,20 @@ private:
     void openDocuments(const QStringList &paths);
     void makeWindow(Foundation::Document *document);
     void quitWithoutDocuments();
+    void followApplicationState(Qt::ApplicationState state);
+    // What is not in a file of the user's is offered again at the next start.
+    void terminateAtOnce();
+    void endSession(QSessionManager &manager);
 
     DesktopWorkspace m_workspace;
     ModalAlerts m_modalAlerts;
     DesktopImageReader m_imageReader;
     DesktopTextMeasurer m_textMeasurer;
     VLRevertDocController m_documents;
+    Foundation::Autosaver m_autosaver;
     MyAppDelegate m_delegate;
     QList<QPointer<DocumentWindowController>> m_windows;
     QPointer<QFileDialog> m_openPanel;
+    Foundation::TerminationSignals m_terminationSignals;
+    Foundation::Timers::Timer m_autosaveWhenLeft;
 };

@@ -77,7 +77,7 @@ class Client:
         self.process = None
 
     def start(self, *arguments):
-        environment = dict(os.environ, HOME=str(self.folder), QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+        environment = dict(os.environ, HOME=str(self.folder), XDG_STATE_HOME="", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
                            LC_ALL="C.UTF-8")
         self.process = subprocess.Popen([self.program, *arguments], env=environment, cwd=self.folder)
         until(self.application, "the application")
@@ -150,14 +150,18 @@ class Client:
 # The steps, in the order in which they are taken.
 
 
-def a_new_document_takes_its_password(client):
-    client.start()
+def give_first_password(client):
     client.put("Password:", PASSWORD, "password text")
     client.put("Retype password:", PASSWORD, "password text")
     client.click("OK")
     client.find("label", "Password accepted")
     client.click("OK")
     until(lambda: not client.find_all("label", "Password accepted"), "the end of the alert")
+
+
+def a_new_document_takes_its_password(client):
+    client.start()
+    give_first_password(client)
     client.find("label", "Press Add to make your first contact")
 
 
@@ -257,9 +261,31 @@ def nothing_that_can_be_used_is_without_a_name(client):
             assert node.get_name(), f"a {node.get_role_name()} in {node.get_parent().get_name()} has no name"
 
 
+def what_was_never_saved_outlives_a_kill(client):
+    client.process.terminate()
+    assert client.process.wait(PATIENCE) == 0, "asked to end, it ends in order"
+    client.start()
+    give_first_password(client)
+    client.click("Add")
+    client.put("First name:", "Survivor")
+    autosaved = client.folder / ".local/state/vexarel/autosaved"
+    until(lambda: list(autosaved.glob("*.vexcards")), "the recovery file")
+    client.process.kill()
+    client.process.wait()
+    client.start()
+    client.put("Enter the master password to open it", PASSWORD, "password text")
+    client.click("Open")
+    client.expect_names("Survivor Last Name")
+    client.choose("Lock Document…")
+    client.click("OK")
+    client.find("password text", "Enter the master password to open it")
+    assert not client.find_all("table", "Contacts"), "a locked window has no list"
+
+
 STEPS = [a_new_document_takes_its_password, contacts_are_added_and_edited, a_category_is_made_coloured_and_given,
          the_list_is_searched, captions_are_renamed_and_flagged, a_copy_is_undone_and_a_contact_deleted,
-         the_document_is_saved_and_opened_again, nothing_that_can_be_used_is_without_a_name]
+         the_document_is_saved_and_opened_again, nothing_that_can_be_used_is_without_a_name,
+         what_was_never_saved_outlives_a_kill]
 
 
 def run_step(step, client):

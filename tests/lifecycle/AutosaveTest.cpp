@@ -1,0 +1,218 @@
+#include "foundation/Autosaver.h"
+#include "support/DocumentFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+using Foundation::Autosaver;
+using Foundation::DocumentController;
+using Foundation::RecoveryFile;
+
+namespace
+{
+
+// Documents of a controller that are saved unasked, and the folder of those that have no name.
+class Autosaving : public DocumentFixture
+{
+protected:
+    Autosaving()
+    {
+        qputenv("XDG_STATE_HOME", folder.filePath(QStringLiteral("state")).toLocal8Bit());
+        QObject::connect(&controller, &DocumentController::documentAdded,
+                         [this](Foundation::Document *added) {
+                             windows.push_back(std::make_unique<ScriptedDocumentWindow>());
+                             added->setWindow(windows.back().get());
+                             added->windowControllerDidLoadNib();
+                         });
+    }
+    ~Autosaving() override
+    {
+        for (Foundation::Document *open : controller.documents())
+            open->setWindow(nullptr);
+        qunsetenv("XDG_STATE_HOME");
+    }
+    MyDocument *newOne()
+    {
+        auto *added = static_cast<MyDocument *>(controller.newDocument());
+        added->setPlainPassword(password);
+        added->recordCommands().addRow({});
+        return added;
+    }
+    void type(MyDocument *into, const QString &text)
+    {
+        into->myArrayController()->setValueForSelection(RecordKey::note, text);
+        into->controlTextDidChange(0);
+    }
+    static QStringList recoveryFiles()
+    {
+        return QDir(RecoveryFile::folder()).entryList({QStringLiteral("*.vexcards")}, QDir::Files);
+    }
+    QString noteIn(const QString &path)
+    {
+        if (!open(path))
+            return QStringLiteral("unreadable");
+        submit(password);
+        return note();
+    }
+
+    ManualTimers timers;
+    DocumentController controller{[] { return std::make_unique<MyDocument>(); }};
+    Autosaver autosaver{controller};
+    std::vector<std::unique_ptr<ScriptedDocumentWindow>> windows;
+};
+
+TEST_F(Autosaving, SavesInPlaceAfterAQuietTimeAndInTheMidstOfLongTyping)
+{
+    const QString path = pathOf("a.vexcards");
+    MyDocument *edited = newOne();
+    QString reason;
+    ASSERT_TRUE(edited->writeToFile(path, &reason));
+    type(edited, QStringLiteral("one"));
+    timers.advance(Autosaver::QuietSeconds - 1);
+    EXPECT_TRUE(edited->isDocumentEdited());
+    timers.advance(1);
+    EXPECT_FALSE(edited->isDocumentEdited());
+    EXPECT_EQ(noteIn(path), u"one");
+    for (int second = 0; second < Autosaver::LongestSeconds; ++second) {
+        type(edited, QStringLiteral("typing %1").arg(second));
+        timers.advance(1);
+    }
+    EXPECT_FALSE(edited->isDocumentEdited()) << "not put off for ever";
+    type(edited, QStringLiteral("left"));
+    autosaver.autosaveAll();
+    EXPECT_EQ(noteIn(path), u"left") << "at once when the application is left";
+    EXPECT_TRUE(recoveryFiles().isEmpty());
+}
+
+TEST_F(Autosaving, NothingIsWrittenWithoutAPasswordWhileLockedOrWhileTheUserIsAsked)
+{
+    MyDocument *unprotected = newOne();
+    unprotected->setPlainPassword(QStringLiteral(""));
+    autosaver.autosaveAll();
+    EXPECT_TRUE(recoveryFiles().isEmpty());
+    unprotected->close();
+
+    const QString path = pathOf("b.vexcards");
+    MyDocument *edited = newOne();
+    QString reason;
+    ASSERT_TRUE(edited->writeToFile(path, &reason));
+    type(edited, QStringLiteral("kept in memory"));
+    edited->canCloseDocument([](bool) {});
+    timers.advance(100);
+    EXPECT_TRUE(edited->isDocumentEdited()) << "who discards the changes must not find them in the file";
+    windows.back()->answer(1001);
+    edited->doLockDocument();
+    timers.advance(100);
+    autosaver.autosaveAll();
+    EXPECT_EQ(noteIn(path), u"");
+    EXPECT_TRUE(recoveryFiles().isEmpty());
+}
+
+TEST_F(Autosaving, AFileThatSomebodyTouchedIsLeftAloneAndTheChangesAreSafe)
+{
+    const QString path = pathOf("c.vexcards");
+    MyDocument *edited = newOne();
+    QString reason;
+    ASSERT_TRUE(edited->writeToFile(path, &reason));
+    QFile other(path);
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    other.write("theirs");
+    other.close();
+    type(edited, QStringLiteral("mine"));
+    timers.advance(Autosaver::QuietSeconds);
+    ASSERT_TRUE(other.open(QIODevice::ReadOnly));
+    EXPECT_EQ(other.readAll(), "theirs");
+    EXPECT_TRUE(edited->isDocumentEdited());
+    EXPECT_FALSE(windows.back()->hasAlert());
+    ASSERT_EQ(recoveryFiles().size(), 1);
+    EXPECT_EQ(noteIn(RecoveryFile::folder() + u'/' + recoveryFiles().front()), u"mine");
+    ASSERT_TRUE(edited->writeToFile(path, &reason));
+    EXPECT_TRUE(recoveryFiles().isEmpty());
+}
+
+TEST_F(Autosaving, AFailureIsToldOnceUntilItGoesRight)
+{
+    MyDocument *edited = newOne();
+    // A file where the folder should be.
+    QFile obstacle(folder.filePath(QStringLiteral("state")));
+    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    for (int round = 0; round < 2; ++round) {
+        type(edited, QStringLiteral("round %1").arg(round));
+        timers.advance(Autosaver::QuietSeconds);
+        EXPECT_EQ(windows.back()->hasAlert(), round == 0);
+        if (round == 0) {
+            EXPECT_EQ(windows.back()->alert().message,
+                      u"The document “Untitled” could not be saved automatically.");
+            windows.back()->answer(1000);
+        }
+    }
+    EXPECT_TRUE(edited->isDocumentEdited());
+    obstacle.remove();
+    type(edited, QStringLiteral("room again"));
+    timers.advance(Autosaver::QuietSeconds);
+    EXPECT_EQ(recoveryFiles().size(), 1);
+}
+
+TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
+{
+    const auto maker = [] { return std::make_unique<MyDocument>(); };
+    {
+        ScriptedDocumentWindow first;
+        DocumentController dying(maker);
+        Autosaver itsAutosaver(dying);
+        auto *unnamed = static_cast<MyDocument *>(dying.newDocument());
+        unnamed->setWindow(&first);
+        unnamed->windowControllerDidLoadNib();
+        unnamed->setPlainPassword(password);
+        unnamed->recordCommands().addRow({});
+        type(unnamed, QStringLiteral("never saved"));
+        timers.advance(Autosaver::QuietSeconds);
+        EXPECT_TRUE(unnamed->isDocumentEdited()) << "no file of the user's has it";
+        ASSERT_EQ(recoveryFiles().size(), 1);
+        const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        const QFileInfo file(RecoveryFile::folder() + u'/' + recoveryFiles().front());
+        EXPECT_EQ(file.permissions() & others, QFile::Permissions());
+        EXPECT_EQ(QFileInfo(RecoveryFile::folder()).permissions() & others, QFile::Permissions());
+        EXPECT_EQ(controller.recoverDocuments(), 0) << "its document is open";
+    } // The process ends without closing it.
+    ScriptedDocumentWindow shown;
+    DocumentController next(maker);
+    QObject::connect(&next, &DocumentController::documentAdded, [&shown](Foundation::Document *added) {
+        added->setWindow(&shown);
+        added->windowControllerDidLoadNib();
+    });
+    ASSERT_EQ(next.recoverDocuments(), 1);
+    auto *recovered = static_cast<MyDocument *>(next.documents().front());
+    EXPECT_TRUE(recovered->isEncrypted());
+    EXPECT_TRUE(recovered->fileURL().isNull());
+    Foundation::ActionSender field;
+    field.stringValue = password;
+    recovered->submitPasswordToDecrypt(field);
+    EXPECT_TRUE(recovered->isDocumentEdited());
+    EXPECT_EQ(recovered->myArrayController()->valueForSelection(u"note").stringValue(), u"never saved");
+    EXPECT_EQ(recoveryFiles().size(), 1) << "until it has a name or was given up";
+    shown.savePath = pathOf("d.vexcards");
+    recovered->saveDocument({});
+    EXPECT_TRUE(recoveryFiles().isEmpty());
+    EXPECT_TRUE(QFile::exists(pathOf("d.vexcards")));
+    recovered->setWindow(nullptr);
+}
+
+TEST_F(Autosaving, WhatIsDiscardedOrClosedLockedIsGone)
+{
+    for (const bool isLocked : {false, true}) {
+        MyDocument *unnamed = newOne();
+        timers.advance(Autosaver::QuietSeconds);
+        ASSERT_EQ(recoveryFiles().size(), 1);
+        if (isLocked)
+            unnamed->doLockDocument();
+        unnamed->performClose({});
+        if (!isLocked)
+            windows.back()->answer(1002);
+        EXPECT_TRUE(recoveryFiles().isEmpty());
+        endEvent();
+    }
+}
+
+} // namespace
