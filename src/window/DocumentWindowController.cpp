@@ -12,12 +12,9 @@
 #include "window/RecordTableModel.h"
 #include "window/SafeText.h"
 #include "window/SheetDialog.h"
-#include "window/WindowPlacement.h"
 
 #include <QApplication>
 #include <QMenu>
-#include <QScreen>
-#include <QStyle>
 
 using Foundation::ActionSender;
 using Foundation::Alert;
@@ -36,30 +33,19 @@ constexpr QSize LeastLockedSize(560, 340);
 // The narrowest list beside the narrowest detail.
 constexpr QSize LeastOpenSize(662, 420);
 
-QList<QRect> availableScreens()
-{
-    QList<QRect> screens = {QGuiApplication::primaryScreen()->availableGeometry()};
-    for (const QScreen *screen : QGuiApplication::screens())
-        screens.append(screen->availableGeometry());
-    return screens;
-}
-
-QRect primaryScreen()
-{
-    return QGuiApplication::primaryScreen()->geometry();
-}
-
 } // namespace
 
 DocumentWindowController::DocumentWindowController(MyDocument *document, QList<QObject *> lastResponders)
     : m_document(document)
     , m_lastResponders(std::move(lastResponders))
+    , m_frame(&m_window, UsualSize)
     , m_ui(std::make_unique<Ui::MyDocument>())
     , m_dispatcher(document, [this](const QString &action) { return responders(action); })
     , m_binder(document, m_dispatcher,
                [this](const ArrayController *rows, int tag) { controlTextDidChange(rows, tag); })
     , m_sheets(&m_window)
     , m_savePanel(m_sheets)
+    , m_listWidth(UsualListWidth)
 {
     m_ui->setupUi(&m_window);
     m_window.resize(document->isEncrypted() ? LeastLockedSize : UsualSize);
@@ -81,7 +67,7 @@ void DocumentWindowController::setUpControls()
     // The toolbar is shown and hidden by the document and by its own item, which know when it may be.
     m_window.setContextMenuPolicy(Qt::NoContextMenu);
     m_ui->modernToolbar->setVisible(true);
-    giveListUsualWidth();
+    giveListItsWidth();
     // Reading and editing show the same contact, and go on where the other was left.
     m_ui->viewScrollArea->follow(m_ui->editScrollArea);
     m_ui->editScrollArea->follow(m_ui->viewScrollArea);
@@ -97,9 +83,9 @@ void DocumentWindowController::setUpControls()
     m_binder.bind(&m_window);
 }
 
-void DocumentWindowController::giveListUsualWidth()
+void DocumentWindowController::giveListItsWidth()
 {
-    m_ui->mySplitView->setLeftWidth(UsualListWidth);
+    m_ui->mySplitView->setLeftWidth(m_listWidth);
 }
 
 void DocumentWindowController::setUpTable()
@@ -219,16 +205,18 @@ void DocumentWindowController::showFace()
 
 void DocumentWindowController::changeFace()
 {
+    if (m_document->isEncrypted())
+        m_listWidth = m_ui->mySplitView->sizes().front();
     showFace();
-    // A file may hold no frame for its window, which then leaves the small size of its locked face by itself.
-    if (m_document->isEncrypted() || !std::exchange(m_isLockedSinceOpened, false))
+    if (m_document->isEncrypted())
         return;
-    if (!m_document->useMyWinRect()) {
+    // A file may hold no frame for its window, which then leaves the small size of its locked face by itself.
+    if (std::exchange(m_isLockedSinceOpened, false) && !m_document->useMyWinRect()) {
         m_window.resize(UsualSize);
         center();
     }
-    // The list has no width of its own before it is shown in a window of the final size.
-    QMetaObject::invokeMethod(this, &DocumentWindowController::giveListUsualWidth, Qt::QueuedConnection);
+    // When the window has the size that it comes back with: the list shall not have grown on the way.
+    QMetaObject::invokeMethod(this, &DocumentWindowController::giveListItsWidth, Qt::QueuedConnection);
 }
 
 QWidget *DocumentWindowController::initialControl() const
@@ -252,24 +240,12 @@ void DocumentWindowController::prepareForTyping()
 
 Rect DocumentWindowController::frame() const
 {
-    return frameOfScreenRect({m_window.pos(), m_window.size()}, primaryScreen());
+    return m_frame.frame();
 }
 
 void DocumentWindowController::setFrame(const Rect &frame, bool)
 {
-    if (m_window.isMaximized() || m_window.isFullScreen())
-        m_window.showNormal();
-    const QRect rect = reachableRect(screenRectOfFrame(frame, primaryScreen()), m_window.minimumSize(),
-                                     UsualSize, titleBarHeight(), availableScreens());
-    m_window.move(rect.topLeft());
-    m_window.resize(rect.size());
-}
-
-int DocumentWindowController::titleBarHeight() const
-{
-    // Until the window has been shown, the desktop's decoration is not known.
-    const int decoration = m_window.geometry().top() - m_window.pos().y();
-    return decoration > 0 ? decoration : m_window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    m_frame.setFrame(frame);
 }
 
 Size DocumentWindowController::minSize() const
@@ -302,23 +278,7 @@ void DocumentWindowController::orderOut()
 
 void DocumentWindowController::center()
 {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    m_window.resize(m_window.size().boundedTo(screen.size() - QSize(0, titleBarHeight())));
-    QRect rect(QPoint(), m_window.size());
-    rect.moveCenter(screen.center());
-    // Windows in the same place would hide one another.
-    constexpr QPoint Cascade(28, 28);
-    const auto isTaken = [this](const QPoint &place) {
-        for (const QWidget *other : QApplication::topLevelWidgets()) {
-            const bool isDocument = qobject_cast<const DocumentMainWindow *>(other) != nullptr;
-            if (isDocument && other != &m_window && other->isVisible() && other->pos() == place)
-                return true;
-        }
-        return false;
-    };
-    while (isTaken(rect.topLeft()) && screen.contains(rect.translated(Cascade)))
-        rect.translate(Cascade);
-    m_window.move(rect.topLeft());
+    m_frame.center();
 }
 
 void DocumentWindowController::makeKeyAndOrderFront()

@@ -10,6 +10,7 @@
 #include "window/SavePanel.h"
 #include "window/SheetQueue.h"
 #include "window/TextCommands.h"
+#include "window/WindowFrame.h"
 
 #include <memory>
 
@@ -82,7 +83,7 @@ public:
 private:
     QList<QObject *> responders(const QString &action);
     void setUpControls();
-    void giveListUsualWidth();
+    void giveListItsWidth();
     void setUpTable();
     void setUpToolbar();
     void followDocument();
@@ -95,12 +96,12 @@ private:
     void prepareForTyping();
     void controlTextDidChange(const Foundation::ArrayController *controller, int tag);
     QWidget *initialControl() const;
-    int titleBarHeight() const;
 
     MyDocument *m_document;
     QList<QObject *> m_lastResponders;
     QWidget m_cellar; // never shown: holds the content of the window while the document is locked
     DocumentMainWindow m_window;
+    WindowFrame m_frame;
     std::unique_ptr<Ui::MyDocument> m_ui;
     ActionDispatcher m_dispatcher;
     Binder m_binder;
@@ -111,4 +112,5 @@ private:
     std::unique_ptr<CardPrinter> m_cardPrinter;
     QPointer<CategoryTable> m_categoryTable; // while its sheet stands
     bool m_isLockedSinceOpened = false;
+    int m_listWidth;
 };

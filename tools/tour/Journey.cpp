@@ -51,6 +51,8 @@ void Journey::openDocument()
     unlock();
     checkContent();
     deleteAndUndo();
+    lockAndUnlock();
+    changePassword();
     editSeveral();
     closeWithQuestion();
 }
@@ -351,6 +353,44 @@ void Journey::checkContent()
     m_stage.expect(m_stage.document()->selectedView() == MyDocument::EditMode,
                    QStringLiteral("the detail is in edit mode"));
     m_stage.takePicture(QStringLiteral("edit-mode"));
+}
+
+void Journey::lockAndUnlock()
+{
+    m_stage.step(QStringLiteral("The document is locked and opened again"));
+    m_stage.press(Qt::Key_L, Qt::ControlModifier);
+    m_stage.answerAlert(QStringLiteral("Lock Document back to the crypted state?"), QStringLiteral("OK"),
+                        QStringLiteral("lock-question"));
+    m_stage.await(QStringLiteral("the document is locked"), [this] {
+        const auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        return m_stage.document()->isEncrypted() && field && m_stage.window()->isActiveWindow();
+    });
+    m_stage.takePicture(QStringLiteral("locked-again"));
+    m_stage.type(password);
+    m_stage.press(Qt::Key_Return);
+    m_stage.await(QStringLiteral("the document opens"), [this] { return m_stage.document()->isDecrypted(); });
+}
+
+void Journey::changePassword()
+{
+    m_stage.step(QStringLiteral("The password is changed"));
+    m_stage.window()->findChild<QAction *>(QStringLiteral("passwordItem"))->trigger();
+    m_stage.await(QStringLiteral("the sheet comes"), [this] {
+        const auto *field = m_stage.control<QLineEdit>(QStringLiteral("previousPassword"));
+        return field && field->window()->isActiveWindow();
+    });
+    const QString changed = QStringLiteral("battery staple");
+    for (const QString &text : {password, changed, changed}) {
+        m_stage.type(text);
+        m_stage.press(Qt::Key_Tab);
+    }
+    m_stage.takePicture(QStringLiteral("change-password"));
+    m_stage.press(Qt::Key_Return);
+    m_stage.answerAlert(QStringLiteral("Password changed successfuly"), QStringLiteral("OK"),
+                        QStringLiteral("password-changed"));
+    m_stage.expect(m_stage.document()->plainPassword() == changed,
+                   QStringLiteral("the new password is taken"));
+    m_stage.press(Qt::Key_F2);
 }
 
 void Journey::deleteAndUndo()

@@ -31,6 +31,8 @@ private:
     void unlock();
     void checkContent();
     void deleteAndUndo();
+    void lockAndUnlock();
+    void changePassword();
     void editSeveral();
     void closeWithQuestion();
 
