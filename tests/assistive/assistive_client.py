@@ -34,7 +34,7 @@ def until(condition, what):
     while time.monotonic() < end:
         try:
             found = condition()
-        except GLib.Error:  # It went away while it was looked at.
+        except (GLib.Error, FileNotFoundError):  # It went away while it was looked at.
             found = None
         if found:
             return found
@@ -268,8 +268,10 @@ def what_was_never_saved_outlives_a_kill(client):
     give_first_password(client)
     client.click("Add")
     client.put("First name:", "Survivor")
+    typed = time.time()
     autosaved = client.folder / ".local/state/vexarel/autosaved"
-    until(lambda: list(autosaved.glob("*.vexcards")), "the recovery file")
+    until(lambda: [file for file in autosaved.glob("*.vexcards") if file.stat().st_mtime > typed],
+          "the recovery file with what was typed")
     client.process.kill()
     client.process.wait()
     client.start()
