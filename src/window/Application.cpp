@@ -116,6 +116,13 @@ void Application::start(const QStringList &paths)
     quitWithoutDocuments();
 }
 
+void Application::startAgain(const QStringList &paths)
+{
+    openDocuments(paths);
+    if (paths.isEmpty() && !m_documents.documents().isEmpty() && m_documents.documents().last()->window())
+        m_documents.documents().last()->window()->makeKeyAndOrderFront();
+}
+
 DocumentWindowController *Application::windowOf(const Document *document) const
 {
     for (const auto &window : m_windows) {

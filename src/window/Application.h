@@ -26,6 +26,8 @@ public:
 
     // Opens the files, or a new document if none is named.
     void start(const QStringList &paths);
+    // The user started it once more: opens the files, or brings up a window.
+    void startAgain(const QStringList &paths);
 
     Foundation::DocumentController &documentController() { return m_documents; }
     // Null for a document without a window.

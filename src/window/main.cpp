@@ -1,4 +1,5 @@
 #include "foundation/ProcessSetup.h"
+#include "shell/SingleInstance.h"
 #include "window/Application.h"
 
 #include <QApplication>
@@ -16,6 +17,11 @@ int main(int argc, char **argv)
     parser.addPositionalArgument(QStringLiteral("documents"), QApplication::tr("Documents to open."),
                                  QStringLiteral("[documents…]"));
     parser.process(qtApplication);
+
+    SingleInstance instance;
+    if (instance.handOver(parser.positionalArguments()))
+        return 0;
+    QObject::connect(&instance, &SingleInstance::startedAgain, &application, &Application::startAgain);
     application.start(parser.positionalArguments());
     return QApplication::exec();
 }

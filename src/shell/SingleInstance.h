@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QLocalServer>
+#include <QObject>
+#include <QStringList>
+
+// One running application for each user: a second start hands its files to the first one and ends. They meet
+// at a socket in the user's runtime folder, which nobody else can open.
+class SingleInstance : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SingleInstance(QObject *parent = nullptr);
+
+    // True if another instance runs and has taken the paths. Otherwise this is the one from here on.
+    bool handOver(const QStringList &paths);
+
+Q_SIGNALS:
+    // Somebody started the application again, with these files; absolute paths, perhaps none.
+    void startedAgain(const QStringList &paths);
+
+private:
+    static QString socketName();
+    bool sendTo(const QString &name, const QStringList &paths) const;
+    void takeConnection();
+
+    QLocalServer m_server;
+};

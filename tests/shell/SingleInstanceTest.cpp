@@ -1,0 +1,67 @@
+#include "shell/SingleInstance.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QLocalSocket>
+#include <QTemporaryDir>
+
+#include <future>
+
+namespace
+{
+
+class SingleInstanceTest : public testing::Test
+{
+protected:
+    SingleInstanceTest() { qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit()); }
+    ~SingleInstanceTest() override { qunsetenv("XDG_RUNTIME_DIR"); }
+    // In a thread, since both ends are one process here.
+    bool handsOver(const QStringList &paths)
+    {
+        auto second = std::async(std::launch::async, [&paths] { return SingleInstance().handOver(paths); });
+        while (second.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready)
+            QCoreApplication::processEvents();
+        return second.get();
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(SingleInstanceTest, ASecondStartHandsItsFilesOver)
+{
+    SingleInstance first;
+    QList<QStringList> starts;
+    QObject::connect(&first, &SingleInstance::startedAgain,
+                     [&starts](const QStringList &paths) { starts.append(paths); });
+    EXPECT_FALSE(first.handOver({QStringLiteral("a.vexcards")}));
+    EXPECT_TRUE(handsOver({QStringLiteral("/tmp/b ü.vexcards"), QStringLiteral("c.vexcards")}));
+    EXPECT_TRUE(handsOver({}));
+    ASSERT_EQ(starts.size(), 2);
+    EXPECT_EQ(starts[0].value(0), QStringLiteral("/tmp/b ü.vexcards"));
+    EXPECT_TRUE(starts[0].value(1).startsWith(u'/')) << "the other has another working folder";
+    EXPECT_TRUE(starts[1].isEmpty());
+}
+
+TEST_F(SingleInstanceTest, WhatACrashLeftBehindAndForeignTalkAreSurvived)
+{
+    QFile leftBehind(folder.filePath(QStringLiteral("vexarel.socket")));
+    ASSERT_TRUE(leftBehind.open(QIODevice::WriteOnly));
+    leftBehind.close();
+    SingleInstance first;
+    EXPECT_FALSE(first.handOver({}));
+    int starts = 0;
+    QObject::connect(&first, &SingleInstance::startedAgain, [&starts] { ++starts; });
+    QLocalSocket foreign;
+    foreign.connectToServer(folder.filePath(QStringLiteral("vexarel.socket")));
+    ASSERT_TRUE(foreign.waitForConnected());
+    foreign.write("\xff\xff\xff\xfe nonsense");
+    foreign.flush();
+    for (int turn = 0; turn < 50; ++turn)
+        QCoreApplication::processEvents();
+    EXPECT_EQ(starts, 0);
+    EXPECT_TRUE(handsOver({})) << "it still listens";
+}
+
+} // namespace
