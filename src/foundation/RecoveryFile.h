@@ -3,9 +3,9 @@
 #include <QByteArray>
 #include <QLockFile>
 #include <QString>
-#include <QStringList>
 
 #include <memory>
+#include <vector>
 
 namespace Foundation
 {

@@ -135,13 +135,7 @@ void VLCryptoDoc::mandatorySheetDidEnd(int returnCode)
     }
     acceptInsertedPassword();
     updateChangeCount(ChangeDone);
-    showAlert(
-        {tr("Password accepted"),
-         tr("This password will be used when saving this document.\nData will be stored on disk encrypted "
-            "using a secure algorithm.\n\nNext time, to open this document, this password will be "
-            "required.\nStore your password in a safe place.\nThere is no way, even for the developers of "
-            "this application, to open the document and decrypt the data without the right password."),
-         {tr("OK")}});
+    sayAccepted(tr("the developers of this application"));
     updateChangeCount(ChangeDone);
 }
 
@@ -166,6 +160,17 @@ void VLCryptoDoc::mandatoryPasswordRefused(const QString &message, const QString
                 document->askMandatoryPasswordToProtectDocument();
         });
     });
+}
+
+void VLCryptoDoc::sayAccepted(const QString &maker)
+{
+    showAlert({tr("Password accepted"),
+               tr("This password will be used when saving this document.\nData will be stored on disk "
+                  "encrypted using a secure algorithm.\n\nNext time, to open this document, this password "
+                  "will be required.\nStore your password in a safe place.\nThere is no way, even for %1, to "
+                  "open the document and decrypt the data without the right password.")
+                   .arg(maker),
+               {tr("OK")}});
 }
 
 void VLCryptoDoc::acceptInsertedPassword()
@@ -267,13 +272,7 @@ void VLCryptoDoc::insertSheetDidEnd(void *contextInfo)
     }
     acceptInsertedPassword();
     updateChangeCount(ChangeDone);
-    showAlert(
-        {tr("Password accepted"),
-         tr("This password will be used when saving this document.\nData will be stored on disk encrypted "
-            "using a secure algorithm.\n\nNext time, to open this document, this password will be "
-            "required.\nStore your password in a safe place.\nThere is no way, even for Brightmoor Labs, to "
-            "open the document and decrypt the data without the right password."),
-         {tr("OK")}});
+    sayAccepted(tr("Brightmoor Labs"));
 }
 
 void VLCryptoDoc::passwordNotEqualSheet(DocumentWindow *window, void *)

@@ -109,6 +109,8 @@ private:
                          const QString &informativeText);
     // Takes the text that was typed as the password, and empties the fields.
     void acceptInsertedPassword();
+    // The maker is called by one name after the first password and by another after an inserted one.
+    void sayAccepted(const QString &maker);
     void decryptRejected();
     void set(QString &field, const QString &text);
 

@@ -150,4 +150,72 @@ TEST_F(LockedWindowTest, ThePasswordIsChangedByKeysAlone)
     EXPECT_TRUE(windowIsActive());
 }
 
+TEST_F(LockedWindowTest, TheWholeLifeOfADocumentGoesByKeysAlone)
+{
+    const QString changed = QStringLiteral("battery staple");
+    const auto typeEach = [this](const QStringList &texts) {
+        for (const QString &text : texts) {
+            press(Qt::Key_A, Qt::ControlModifier);
+            type(text);
+            press(Qt::Key_Tab);
+        }
+    };
+    press(Qt::Key_N, Qt::ControlModifier);
+    typeEach({password, password});
+    press(Qt::Key_Return);
+    ASSERT_EQ(nextAlert().value(0), QStringLiteral("Password accepted"));
+    press(Qt::Key_Return);
+    ASSERT_TRUE(windowIsActive());
+    for (const char *name : {"Ada", "Boris", "Cleo"})
+        addContact(QString::fromLatin1(name), QStringLiteral("X"));
+
+    press(Qt::Key_K, Qt::ControlModifier);
+    ASSERT_TRUE(sheetComes(QStringLiteral("myCategorySheet")));
+    press(Qt::Key_A, Qt::AltModifier);
+    ASSERT_TRUE(eventually([this] { return control<QLineEdit>("categoryName")->hasSelectedText(); }))
+        << "the new category waits for its name";
+    type(QStringLiteral("Family"));
+    EXPECT_EQ(field("categoryName"), u"Family");
+    press(Qt::Key_Return);
+    ASSERT_TRUE(windowIsActive());
+    control<QLineEdit>("company")->setFocus();
+    press(Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), control<QComboBox>("category"));
+    press(Qt::Key_Down);
+    EXPECT_EQ(document()->myArrayController()->valueForSelection(u"categoryPtr.cat_category").stringValue(),
+              u"Family");
+
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(QStringLiteral("bor"));
+    EXPECT_EQ(names(), QStringList{QStringLiteral("Boris X")});
+    press(Qt::Key_Escape);
+    chooseNextPath(pathOf(QStringLiteral("Keys.vexcards")));
+    press(Qt::Key_S, Qt::ControlModifier);
+    ASSERT_FALSE(document()->isDocumentEdited());
+
+    press(Qt::Key_L, Qt::ControlModifier);
+    nextAlert();
+    press(Qt::Key_Return);
+    ASSERT_TRUE(eventually([this] { return document()->isEncrypted(); }));
+    ASSERT_TRUE(windowIsActive());
+    unlock(password);
+    ASSERT_TRUE(document()->isDecrypted());
+    auto *menu = window()->findChild<QMenu *>(QStringLiteral("fileMenu"));
+    press(Qt::Key_F, Qt::AltModifier);
+    ASSERT_TRUE(menu->isVisible());
+    QTest::keyClick(menu, Qt::Key_M);
+    ASSERT_TRUE(sheetComes(QStringLiteral("changePasswordSheet")));
+    typeEach({password, changed, changed});
+    press(Qt::Key_Return);
+    nextAlert();
+    press(Qt::Key_Return);
+    ASSERT_TRUE(windowIsActive());
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_FALSE(document()->isDocumentEdited());
+    EXPECT_EQ(document()->plainPassword(), changed);
+    const qsizetype open = application.documentController().documents().size();
+    press(Qt::Key_W, Qt::ControlModifier);
+    EXPECT_TRUE(eventually([&] { return application.documentController().documents().size() == open - 1; }));
+}
+
 } // namespace
