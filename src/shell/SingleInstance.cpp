@@ -1,9 +1,11 @@
 #include "shell/SingleInstance.h"
 
-#include <QDataStream>
+#include <QFile>
 #include <QFileInfo>
 #include <QLocalSocket>
 #include <QStandardPaths>
+
+#include <optional>
 
 namespace
 {
@@ -11,6 +13,29 @@ namespace
 constexpr int Patience = 3000; // milliseconds; the other one may be saving
 constexpr qint64 LongestMessage = 1 << 20;
 constexpr char Taken = 1;
+
+// Names of files, each with a NUL behind it, and one NUL more at the end of all.
+QByteArray messageOfPaths(const QStringList &paths)
+{
+    QByteArray message;
+    for (const QString &path : paths)
+        message += QFile::encodeName(path) + '\0';
+    return message + '\0';
+}
+
+// Nothing as long as the end has not come.
+std::optional<QStringList> pathsOfMessage(const QByteArray &message)
+{
+    const bool isEmpty = message == QByteArray(1, '\0');
+    if (!isEmpty && !message.endsWith(QByteArray(2, '\0')))
+        return std::nullopt;
+    QStringList paths;
+    for (const QByteArray &name : message.split('\0')) {
+        if (!name.isEmpty())
+            paths.append(QFile::decodeName(name));
+    }
+    return paths;
+}
 
 } // namespace
 
@@ -33,10 +58,7 @@ bool SingleInstance::sendTo(const QString &name, const QStringList &paths) const
     socket.connectToServer(name);
     if (!socket.waitForConnected(Patience))
         return false;
-    QByteArray message;
-    QDataStream stream(&message, QIODevice::WriteOnly);
-    stream << paths;
-    socket.write(message);
+    socket.write(messageOfPaths(paths));
     // One that hangs takes nothing: then the files are opened here.
     while (socket.bytesAvailable() == 0) {
         if (!socket.waitForReadyRead(Patience))
@@ -63,21 +85,21 @@ void SingleInstance::takeConnection()
 {
     while (QLocalSocket *socket = m_server.nextPendingConnection()) {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-            if (socket->bytesAvailable() > LongestMessage) {
-                socket->abort();
-                return;
-            }
-            QDataStream stream(socket);
-            stream.startTransaction();
-            QStringList paths;
-            stream >> paths;
-            if (!stream.commitTransaction())
-                return; // The rest is still to come.
-            socket->write(QByteArray(1, Taken));
-            socket->flush();
-            socket->disconnectFromServer();
-            Q_EMIT startedAgain(paths);
-        });
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { takeMessage(socket); });
     }
+}
+
+void SingleInstance::takeMessage(QLocalSocket *socket)
+{
+    const auto paths = pathsOfMessage(socket->peek(LongestMessage));
+    if (!paths) {
+        if (socket->bytesAvailable() >= LongestMessage)
+            socket->abort();
+        return; // The rest is still to come.
+    }
+    socket->readAll();
+    socket->write(QByteArray(1, Taken));
+    socket->flush();
+    socket->disconnectFromServer();
+    Q_EMIT startedAgain(*paths);
 }

@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QStringList>
 
+class QLocalSocket;
+
 // One running application for each user: a second start hands its files to the first one and ends. They meet
 // at a socket in the user's runtime folder, which nobody else can open.
 class SingleInstance : public QObject
@@ -24,6 +26,7 @@ private:
     static QString socketName();
     bool sendTo(const QString &name, const QStringList &paths) const;
     void takeConnection();
+    void takeMessage(QLocalSocket *socket);
 
     QLocalServer m_server;
 };
