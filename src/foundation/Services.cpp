@@ -45,7 +45,11 @@ class SystemTimers : public Timers
 public:
     Timer schedule(int seconds, std::function<void()> fired) override
     {
-        auto timer = std::make_shared<QTimer>();
+        // What it calls may drop it: it is deleted when that has returned.
+        const std::shared_ptr<QTimer> timer(new QTimer, [](QTimer *dropped) {
+            dropped->stop();
+            dropped->deleteLater();
+        });
         timer->setSingleShot(true);
         timer->setTimerType(Qt::PreciseTimer);
         QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(fired));

@@ -215,4 +215,20 @@ TEST_F(Autosaving, WhatIsDiscardedOrClosedLockedIsGone)
     }
 }
 
+TEST(SystemTimers, MayBeDroppedByWhatTheyCallAndAreSilentThen)
+{
+    auto &timers = Foundation::Services::shared().timers();
+    int fired = 0;
+    Foundation::Timers::Timer dropping;
+    dropping = timers.schedule(0, [&] {
+        ++fired;
+        dropping = nullptr;
+    });
+    timers.schedule(0, [&fired] { fired += 100; });
+    for (int turn = 0; turn < 1000 && fired == 0; ++turn)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fired, 1) << "the one that nobody kept was called off";
+}
+
 } // namespace
