@@ -308,6 +308,10 @@ void Document::canCloseDocument(Completion shouldClose)
                       tr("Your changes will be lost if you don’t save them."),
                       {tr("Save"), tr("Cancel"), tr("Discard")}};
     m_window->makeKeyAndOrderFront();
+    if (m_isAsking) {
+        shouldClose(false); // The question that stands decides.
+        return;
+    }
     ask(alert, [this, shouldClose = std::move(shouldClose)](int returnCode) {
         if (returnCode == Alert::FirstButtonReturn)
             saveWithCompletion(shouldClose);

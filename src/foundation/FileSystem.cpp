@@ -10,10 +10,22 @@
 namespace Foundation
 {
 
+namespace
+{
+
+FileSystem realSystem;
+FileSystem *systemInForce = &realSystem;
+
+} // namespace
+
 FileSystem &FileSystem::system()
 {
-    static FileSystem files;
-    return files;
+    return *systemInForce;
+}
+
+void FileSystem::setSystem(FileSystem *files)
+{
+    systemInForce = files ? files : &realSystem;
 }
 
 int FileSystem::openAt(int folder, const char *name, int flags, mode_t mode)

@@ -20,7 +20,10 @@ class FileSystem
 public:
     virtual ~FileSystem() = default;
 
+    // The one used where none is named: the real system, until a test puts another in its place. Not owned;
+    // null brings the real one back.
     static FileSystem &system();
+    static void setSystem(FileSystem *files);
 
     virtual int openAt(int folder, const char *name, int flags, mode_t mode);
     // Releases the descriptor even when it fails.

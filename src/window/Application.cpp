@@ -4,6 +4,7 @@
 #include "helpers/VLAppSupportUtility.h"
 #include "window/FilePanels.h"
 #include "window/InterfaceTransformers.h"
+#include "window/RecentDocumentsMenu.h"
 
 #include <QApplication>
 
@@ -144,7 +145,23 @@ void Application::makeWindow(Document *document)
     auto *window = new DocumentWindowController(static_cast<MyDocument *>(document), {this});
     m_windows.append(window);
     document->setWindow(window);
+    new RecentDocumentsMenu(window->mainWindow()->findChild<QMenu *>(QStringLiteral("recentMenu")),
+                            m_recentDocuments,
+                            [this](const QString &path) { m_documents.openDocument(path); });
+    noteUseOf(document);
     document->windowControllerDidLoadNib();
+}
+
+void Application::noteUseOf(Document *document)
+{
+    if (!document->fileURL().isNull())
+        m_recentDocuments.add(document->fileURL());
+    // The signal comes with every save.
+    const auto note = [this, document, noted = document->fileURL()]() mutable {
+        if (document->fileURL() != std::exchange(noted, document->fileURL()))
+            m_recentDocuments.add(noted);
+    };
+    connect(document, &Document::fileURLChanged, this, note);
 }
 
 void Application::quitWithoutDocuments()

@@ -9,6 +9,7 @@
 #include "window/DesktopText.h"
 #include "window/DesktopWorkspace.h"
 #include "window/DocumentWindowController.h"
+#include "window/RecentDocuments.h"
 
 #include <QFileDialog>
 #include <QSessionManager>
@@ -42,6 +43,8 @@ public:
 private:
     void openDocuments(const QStringList &paths);
     void makeWindow(Foundation::Document *document);
+    // Keeps the list of recent documents up to date with the document's file.
+    void noteUseOf(Foundation::Document *document);
     void quitWithoutDocuments();
     void followApplicationState(Qt::ApplicationState state);
     // What is not in a file of the user's is offered again at the next start.
@@ -55,6 +58,7 @@ private:
     VLRevertDocController m_documents;
     Foundation::Autosaver m_autosaver;
     MyAppDelegate m_delegate;
+    RecentDocuments m_recentDocuments;
     QList<QPointer<DocumentWindowController>> m_windows;
     QPointer<QFileDialog> m_openPanel;
     Foundation::TerminationSignals m_terminationSignals;

@@ -252,6 +252,15 @@ def the_document_is_saved_and_opened_again(client):
     assert client.text("Note") == "Prefers letters.\nAnd blue glaze."
 
 
+def a_print_and_a_save_are_given_up(client):
+    for command, dialog in (("Print…", "Print"), ("Save As…", "Save Document")):
+        client.choose(command)
+        until(lambda: client.find_all("dialog", dialog), f"the dialog {dialog}")
+        client.click("Cancel")
+        until(lambda: not client.find_all("dialog", dialog), f"the end of the dialog {dialog}")
+    client.expect_names("Boris Kant")
+
+
 def nothing_that_can_be_used_is_without_a_name(client):
     client.press(client.find("check box", "Edit"))
     client.find("text", "First name:")
@@ -286,8 +295,8 @@ def what_was_never_saved_outlives_a_kill(client):
 
 STEPS = [a_new_document_takes_its_password, contacts_are_added_and_edited, a_category_is_made_coloured_and_given,
          the_list_is_searched, captions_are_renamed_and_flagged, a_copy_is_undone_and_a_contact_deleted,
-         the_document_is_saved_and_opened_again, nothing_that_can_be_used_is_without_a_name,
-         what_was_never_saved_outlives_a_kill]
+         the_document_is_saved_and_opened_again, a_print_and_a_save_are_given_up,
+         nothing_that_can_be_used_is_without_a_name, what_was_never_saved_outlives_a_kill]
 
 
 def run_step(step, client):

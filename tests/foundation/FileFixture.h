@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/ChildProcess.h"
 #include "support/Printers.h"
 
 #include <gtest/gtest.h>
@@ -8,10 +9,8 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <cstdio>
 #include <functional>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 // A folder that every user may use, and the verbs of tests about files in it. A name in it is a path from the
@@ -59,22 +58,6 @@ protected:
     }
 
     static bool isAdministrator() { return geteuid() == 0; }
-
-    // Runs `body` in a child process, where it may give up privileges or get killed. The result is how the
-    // child ended, as waitpid tells it: 0 if no expectation failed in it.
-    static int inChild(const std::function<void()> &body)
-    {
-        fflush(stdout);
-        const pid_t child = fork();
-        if (child == 0) {
-            body();
-            fflush(stdout);
-            _exit(HasFailure() ? 1 : 0);
-        }
-        int ending = -1;
-        waitpid(child, &ending, 0);
-        return ending;
-    }
 
     // Permissions do not bind the administrator: with that user, runs `body` as another one.
     static void asOrdinaryUser(const std::function<void()> &body)

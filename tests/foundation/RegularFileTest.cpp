@@ -1,6 +1,6 @@
 #include "foundation/DurableFile.h"
-#include "foundation/FaultyFileSystem.h"
 #include "foundation/FileFixture.h"
+#include "support/FaultyFileSystem.h"
 
 #include <sys/resource.h>
 #include <sys/socket.h>

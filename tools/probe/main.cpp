@@ -99,7 +99,10 @@ int open(const QString &path, const QString &password)
 
 int sayNotSaved(const QString &reason)
 {
-    std::fprintf(stderr, "vexarel-probe: not saved. %s\n", qPrintable(reason));
+    // A document without a window has nobody to tell.
+    const QString told =
+        reason.isNull() ? QStringLiteral("The file cannot be read or written, or is another's.") : reason;
+    std::fprintf(stderr, "vexarel-probe: not saved. %s\n", qPrintable(told));
     return NotSaved;
 }
 

@@ -25,6 +25,13 @@ public:
     std::size_t largestTransfer = SIZE_MAX;
     QList<QByteArray> calls;
 
+    // Counts and names calls from here on as if none had been made.
+    void forget()
+    {
+        calls.clear();
+        m_placed = false;
+    }
+
     int openAt(int folder, const char *name, int flags, mode_t mode) override
     {
         const char *const what = flags & O_DIRECTORY ? "folder" : flags & O_CREAT ? "new" : "old";

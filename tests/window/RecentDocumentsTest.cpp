@@ -1,0 +1,126 @@
+#include "window/RecentDocuments.h"
+
+#include "support/Printers.h"
+#include "window/WindowTest.h"
+
+#include <QDir>
+#include <QMenu>
+#include <QTest>
+
+namespace
+{
+
+const QByteArray foreignList =
+    "<?xml version='1.0' encoding='UTF-8'?>\n"
+    "<xbel version='1.0' xmlns:bookmark='http://www.freedesktop.org/standards/desktop-bookmarks'\n"
+    " xmlns:mime='http://www.freedesktop.org/standards/shared-mime-info'>\n"
+    "<bookmark href='file:///home/user/letter.odt' added='2026-01-02T03:04:05Z'"
+    " modified='2026-01-02T03:04:05Z' visited='2026-01-02T03:04:05Z'><info>"
+    "<metadata owner='http://freedesktop.org'><mime:mime-type type='application/vnd.oasis'/>"
+    "<bookmark:applications><bookmark:application name='writer' exec='&apos;writer %u&apos;'"
+    " modified='2026-01-02T03:04:05Z' count='3'/></bookmark:applications></metadata></info></bookmark>"
+    "</xbel>";
+
+class RecentDocumentsTest : public WindowTest
+{
+protected:
+    void SetUp() override { QFile::remove(list); }
+
+    static QByteArray content(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    static void put(const QString &path, const QByteArray &bytes)
+    {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    QString saveNew(const QString &name)
+    {
+        makeProtectedDocument();
+        const QString path = pathOf(name);
+        chooseNextPath(path);
+        press(Qt::Key_S, Qt::ControlModifier);
+        EXPECT_FALSE(document()->isDocumentEdited());
+        return path;
+    }
+    // What the menu offers, opened by its keys.
+    QMenu *openMenu() const
+    {
+        press(Qt::Key_F, Qt::AltModifier);
+        QTest::keyClick(window()->findChild<QMenu *>(QStringLiteral("fileMenu")), Qt::Key_R);
+        auto *menu = window()->findChild<QMenu *>(QStringLiteral("recentMenu"));
+        EXPECT_TRUE(eventually([menu] { return menu->isVisible(); }));
+        return menu;
+    }
+    static QStringList titles(const QMenu *menu)
+    {
+        QStringList titles;
+        for (const QAction *action : menu->actions())
+            titles.append(titleWithoutMnemonic(action->text()));
+        return titles;
+    }
+    void closeMenus() const
+    {
+        while (QWidget *menu = QApplication::activePopupWidget())
+            menu->close();
+    }
+
+    const QString list = RecentDocuments::listOfTheDesktop();
+};
+
+TEST_F(RecentDocumentsTest, OffersTheLatestFirstAndOpensThem)
+{
+    put(list, foreignList);
+    const QString first = saveNew(QStringLiteral("R&D.vexcards"));
+    document()->close();
+    QDir(folder.path()).mkdir(QStringLiteral("below"));
+    saveNew(QStringLiteral("below/Friends.vexcards"));
+    const QString last = saveNew(QStringLiteral("Friends.vexcards"));
+    QMenu *menu = openMenu();
+    EXPECT_EQ(titles(menu),
+              QStringList({QStringLiteral("Friends.vexcards — ") + folder.path(),
+                           QStringLiteral("Friends.vexcards — ") + pathOf(QStringLiteral("below")),
+                           QStringLiteral("R&D.vexcards"), QString(), QStringLiteral("Clear Menu")}));
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Down);
+    QTest::keyClick(menu, Qt::Key_Return);
+    ASSERT_TRUE(eventually([&] { return document()->fileURL() == first; }));
+    ASSERT_TRUE(windowIsActive());
+    EXPECT_EQ(titles(openMenu()).value(0), u"R&D.vexcards") << "used just now";
+    closeMenus();
+
+    ASSERT_TRUE(QFile::remove(first));
+    menu = openMenu();
+    EXPECT_FALSE(titles(menu).contains(QStringLiteral("R&D.vexcards")));
+    QTest::keyClick(menu, Qt::Key_C);
+    EXPECT_TRUE(eventually([] { return !QApplication::activePopupWidget(); }));
+    EXPECT_EQ(titles(openMenu()).value(0), u"No Recent Documents");
+    closeMenus();
+    const QByteArray left = content(list);
+    EXPECT_FALSE(left.contains("vexcards"));
+    EXPECT_TRUE(left.contains("letter.odt") && left.contains("writer %u")) << "what others noted stays";
+}
+
+TEST_F(RecentDocumentsTest, AListThatCannotBeReadIsLeftAlone)
+{
+    put(list, "<xbel>no list");
+    RecentDocuments documents;
+    documents.add(QStringLiteral("/tmp/a.vexcards"));
+    documents.clear();
+    EXPECT_EQ(documents.paths(), QStringList());
+    EXPECT_EQ(content(list), "<xbel>no list");
+
+    RecentDocuments many(pathOf(QStringLiteral("own/list.xbel")));
+    for (int i = 0; i < 12; ++i) {
+        const QString path = pathOf(QStringLiteral("%1 ü%.vexcards").arg(i));
+        put(path, "x");
+        many.add(path);
+    }
+    EXPECT_EQ(many.paths().size(), 10);
+    EXPECT_EQ(many.paths().value(0), pathOf(QStringLiteral("11 ü%.vexcards")));
+}
+
+} // namespace

@@ -1,0 +1,137 @@
+#include "core/DecryptPipeline.h"
+#include "core/DocumentReader.h"
+#include "foundation/DurableFile.h"
+#include "support/ChildProcess.h"
+#include "support/FaultyFileSystem.h"
+#include "support/Printers.h"
+#include "window/WindowTest.h"
+
+#include <QPlainTextEdit>
+
+#include <csignal>
+
+// Saves in a real window while the disk fails, or while the process is killed. VEXAREL_FAULT_RUNS sets how
+// many; without it every call of a save fails once.
+
+namespace
+{
+
+class SavingFaultsTest : public WindowTest
+{
+protected:
+    void SetUp() override
+    {
+        makeProtectedDocument();
+        addContact(QStringLiteral("Ada"), QStringLiteral("Byron"));
+        chooseNextPath(path);
+        press(Qt::Key_S, Qt::ControlModifier);
+        ASSERT_FALSE(document()->isDocumentEdited());
+        Foundation::FileSystem::setSystem(&files);
+        save(QStringLiteral("1"));
+        ASSERT_EQ(noteInTheFile(), u"1");
+        calls = files.calls.size();
+    }
+    void TearDown() override { Foundation::FileSystem::setSystem(nullptr); }
+
+    void save(const QString &note)
+    {
+        control<QPlainTextEdit>("note")->setFocus();
+        press(Qt::Key_A, Qt::ControlModifier);
+        type(note);
+        files.forget();
+        press(Qt::Key_S, Qt::ControlModifier);
+    }
+    // What the file would show to somebody who opened it; null if it does not open.
+    QString noteInTheFile() const
+    {
+        Foundation::FileSystem realFiles;
+        const auto file = Foundation::readRegularFile(path, Foundation::Document::LargestFile, realFiles);
+        DocumentState state;
+        if (readDocument(file.bytes, state) != ReadOutcome::Loaded)
+            return {};
+        state.plainPassword = password;
+        DecryptPipeline pipeline(state, [] { return newCategoryRecord(QStringLiteral("Generic"), 1); });
+        if (pipeline.decript() != DecryptSuccess || state.myArray->count() != 1)
+            return {};
+        return state.myArray->values[0].dictionary()->value(RecordKey::note).stringValue();
+    }
+    static int runs(qsizetype otherwise)
+    {
+        const int wanted = qEnvironmentVariableIntValue("VEXAREL_FAULT_RUNS");
+        return wanted > 0 ? wanted : int(otherwise);
+    }
+
+    const QString path = pathOf(QStringLiteral("Faulty.vexcards"));
+    FaultyFileSystem files;
+    qsizetype calls = 0;
+};
+
+TEST_F(SavingFaultsTest, WhateverFailsTheUserIsToldAndNothingIsLost)
+{
+    const int errors[] = {EIO, ENOSPC, EACCES, EDQUOT, EROFS, EINTR};
+    int refused = 0;
+    for (int run = 0; run < runs(calls); ++run) {
+        const qsizetype failing = run % calls;
+        const int error = errors[(run + run / calls) % std::size(errors)];
+        const bool forGood = (run / calls) % 2 == 1;
+        SCOPED_TRACE(std::to_string(failing) + ": " + strerror(error) + (forGood ? " for good" : ""));
+        const QString before = noteInTheFile();
+        const QString written = QStringLiteral("note %1").arg(run);
+        files.before = [&](const QByteArray &, qsizetype number) {
+            return number == failing || (forGood && number > failing) ? error : 0;
+        };
+        save(written);
+        files.before = nullptr;
+        const QString after = noteInTheFile();
+        if (!sheet()) {
+            EXPECT_FALSE(document()->isDocumentEdited());
+            EXPECT_EQ(after, written);
+            continue;
+        }
+        ++refused;
+        const QStringList alert = nextAlert();
+        EXPECT_EQ(alert.value(0), u"The document “Faulty.vexcards” could not be saved.");
+        EXPECT_FALSE(alert.value(1).isEmpty());
+        press(Qt::Key_Return);
+        ASSERT_TRUE(windowIsActive());
+        EXPECT_TRUE(window()->isWindowModified());
+        EXPECT_TRUE(after == before || after == written) << after.toStdString();
+        save(written + u'+');
+        EXPECT_FALSE(document()->isDocumentEdited()) << "the disk is well again";
+        EXPECT_EQ(noteInTheFile(), written + u'+');
+        ASSERT_TRUE(windowIsActive());
+    }
+    EXPECT_GT(refused, 0);
+}
+
+TEST_F(SavingFaultsTest, AKilledApplicationLeavesTheOldOrTheNewFile)
+{
+    int replaced = 0;
+    for (int run = 0; run < runs(2 * calls); ++run) {
+        const qsizetype moment = run % (2 * calls);
+        SCOPED_TRACE(moment);
+        const QString before = noteInTheFile();
+        const QString written = QStringLiteral("note %1").arg(run);
+        const int ending = inChild([&] {
+            const auto die = [moment](qsizetype reached) { return reached == moment ? raise(SIGKILL) : 0; };
+            files.before = [&](const QByteArray &, qsizetype number) { return die(2 * number); };
+            files.after = [&](const QByteArray &, qsizetype number) { die(2 * number + 1); };
+            save(written);
+        });
+        EXPECT_TRUE(WIFSIGNALED(ending)) << ending;
+        const QString after = noteInTheFile();
+        EXPECT_TRUE(after == before || after == written) << after.toStdString();
+        if (after == before)
+            continue;
+        // For this process another one wrote the file.
+        ++replaced;
+        save(QStringLiteral("mine"));
+        EXPECT_TRUE(nextAlert().value(0).endsWith(u"has been changed by another program."));
+        answer(QStringLiteral("Save Anyway"));
+        ASSERT_TRUE(windowIsActive());
+        EXPECT_EQ(noteInTheFile(), u"mine");
+    }
+    EXPECT_GT(replaced, 0);
+}
+
+} // namespace
