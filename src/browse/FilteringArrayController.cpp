@@ -1,6 +1,7 @@
 #include "browse/FilteringArrayController.h"
 
 #include "core/RecordModel.h"
+#include "core/ReleaseMigration.h"
 #include "foundation/Services.h"
 
 #include <algorithm>
@@ -272,4 +273,9 @@ void FilteringArrayController::setCurrentObjectAccordingToCategory(const Object 
 void FilteringArrayController::controlTextDidChange()
 {
     m_host.updateChangeCount(0);
+}
+
+void FilteringArrayController::adjustFromOldRelease(Foundation::Array &records)
+{
+    adjustRecordsFromOldRelease(records);
 }

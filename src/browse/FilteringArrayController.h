@@ -80,6 +80,9 @@ public:
     // For the record shown at selectionIndex(); nothing happens without a selection.
     void setCurrentObjectAccordingToCategory(const Object &category);
 
+    // For records read from old files, which are not in the list: see adjustRecordsFromOldRelease.
+    void adjustFromOldRelease(Foundation::Array &records);
+
     // A field of the form was typed into: every keystroke marks the document as edited.
     void controlTextDidChange();
 

@@ -1,6 +1,7 @@
 #include "browse/VLColoredCategoryArrayController.h"
 
 #include "core/RecordModel.h"
+#include "core/ReleaseMigration.h"
 
 #include <unordered_set>
 
@@ -86,4 +87,16 @@ bool VLColoredCategoryArrayController::incrementObjUsingThisInCategoryWithUnique
     const qint64 uses = category->value(CategoryKey::cat_howManyUsingThis).longValue();
     category->setValue(CategoryKey::cat_howManyUsingThis, Value(uses + amount));
     return true;
+}
+
+void VLColoredCategoryArrayController::adjustFromOldRelease(Foundation::Array &categories)
+{
+    adjustCategoriesFromOldRelease(categories);
+}
+
+void VLColoredCategoryArrayController::adjustFromAncientRelease(Foundation::Array &categories)
+{
+    if (categories.values.empty())
+        categories.values.emplace_back(newObject());
+    adjustCategoriesFromAncientRelease(categories);
 }

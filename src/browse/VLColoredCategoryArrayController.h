@@ -32,4 +32,9 @@ public:
     // id 0.
     bool incrementObj(const Object &category, qint64 amount);
     bool incrementObjUsingThisInCategoryWithUniqueID(qint64 uniqueID, qint64 amount) const;
+
+    // For categories read from old files, which are not in the list: see adjustCategoriesFromOldRelease and
+    // adjustCategoriesFromAncientRelease. The second gives an empty array a new category first.
+    void adjustFromOldRelease(Foundation::Array &categories);
+    void adjustFromAncientRelease(Foundation::Array &categories);
 };

@@ -1,6 +1,6 @@
 #include "core/DecryptPipeline.h"
 
-#include "core/FileLayout.h"
+#include "core/ReleaseMigration.h"
 #include "core/SecretBytes.h"
 #include "foundation/KeyedArchive.h"
 
@@ -28,11 +28,13 @@ Ref<Array> dictionariesIn(const Value &value)
 qint32 DecryptPipeline::decript()
 {
     m_hasReplacedLabels = false;
+    m_state.myCryptoEngine.setPassword(m_state.plainPassword);
     if (m_state.myOpeningDocumentVersion >= FirstEngineVersion) {
         m_state.myCommonCrypto = std::make_unique<VLCommonCrypto>(m_state.plainPassword);
         m_state.myCommonCrypto->setPasswordToDecrypt(m_state.plainPassword, m_state.myIV, m_state.mySalt);
     }
-    switch (decryptPathOfVersion(m_state.myOpeningDocumentVersion)) {
+    const DecryptPath path = decryptPathOfVersion(m_state.myOpeningDocumentVersion);
+    switch (path) {
     case DecryptPath::Current:
         return readWithEngine(false);
     case DecryptPath::FlagResetting:
@@ -40,7 +42,7 @@ qint32 DecryptPipeline::decript()
     case DecryptPath::Release1000:
     case DecryptPath::Release1100:
     case DecryptPath::PerField:
-        return DecryptUnreadableField;
+        return readOldRelease(path);
     case DecryptPath::NoEngine:
         break;
     }
@@ -129,10 +131,25 @@ qint32 DecryptPipeline::readWithEngine(bool resetsOpenFlags)
         return status;
     if (const qint32 status = takeCreationDate(); status != DecryptSuccess)
         return status;
+    finish(records, categories);
+    return DecryptSuccess;
+}
+
+qint32 DecryptPipeline::readOldRelease(DecryptPath path)
+{
+    ReleaseMigration migration(m_state);
+    const qint32 status = migration.read(path);
+    m_hasReplacedLabels = migration.hasReplacedLabels();
+    if (status == DecryptSuccess)
+        finish(migration.records(), migration.categories());
+    return status;
+}
+
+void DecryptPipeline::finish(const Ref<Array> &records, const Ref<Array> &categories)
+{
     restoreFromSaveOperationContent(*records, *categories);
     m_state.myArray = records;
     m_state.myCategoryArray = categories;
-    return DecryptSuccess;
 }
 
 Ref<Dictionary> DecryptPipeline::catInArray(const Array &categories, qint64 uniqueID)

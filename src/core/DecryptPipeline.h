@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/DocumentState.h"
+#include "core/FileLayout.h"
 
 #include <functional>
 #include <optional>
@@ -15,6 +16,8 @@ enum DecryptStatus : qint32 {
 
 // Opens the buffers of a document with its password: proves the password by the check pair, deciphers
 // records, categories, captions and creation date, and links every record to its category.
+//
+// Documents of old releases, which have no check pair, are read by ReleaseMigration.
 //
 // Works from the state's buffers only, never from the file, so that it serves after a reading and after a
 // lock. Blocks for six key derivations. A wrong password changes nothing but the engine. Damage behind a
@@ -48,6 +51,9 @@ public:
 
 private:
     qint32 readWithEngine(bool resetsOpenFlags);
+    qint32 readOldRelease(DecryptPath path);
+    // Puts both in place, linked to each other.
+    void finish(const Foundation::Ref<Array> &records, const Foundation::Ref<Array> &categories);
     qint32 provePassword();
     // Deciphers a buffer and reads the archive in it.
     qint32 openBuffer(const QByteArray &buffer, Foundation::Value *root);

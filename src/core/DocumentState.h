@@ -2,6 +2,7 @@
 
 #include "core/RecordModel.h"
 #include "core/VLCommonCrypto.h"
+#include "core/VLCrypto.h"
 #include "foundation/Geometry.h"
 
 #include <memory>
@@ -26,6 +27,8 @@ struct DocumentState
     quint64 myOpeningDocumentVersion = 0;
     QString fileDocRelease; // null until a file is read
 
+    // Of documents up to release 30000; gets the password at each decryption.
+    VLCrypto myCryptoEngine{VLCrypto::DocumentVector.data()};
     std::unique_ptr<VLCommonCrypto> myCommonCrypto;
     QByteArray mySalt;
     QByteArray myIV;

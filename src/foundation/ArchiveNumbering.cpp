@@ -1,5 +1,7 @@
 #include "foundation/ArchiveNumbering.h"
 
+#include "foundation/OpaqueObject.h"
+
 #include <algorithm>
 
 namespace Foundation
@@ -48,6 +50,7 @@ ArchiveNumbering::Uid ArchiveNumbering::uidOf(const Value &value)
     case Value::Type::Null:
         return 0;
     case Value::Type::Opaque:
+        return value.color() ? append(value) : once(m_nullObject, value);
     case Value::Type::ArchivedNull:
         return once(m_nullObject, value);
     case Value::Type::Bool:
@@ -98,6 +101,15 @@ ArchiveNumbering::Uid ArchiveNumbering::append(const Value &value)
         m_innerObjectCount += 1;
         useClass(ArchivedClass::Date);
         break;
+    case Value::Type::Opaque:
+        if (value.color()) {
+            constexpr int ColorSize = 128;
+            m_innerObjectCount += 4;
+            m_contentSize += ColorSize;
+            useClass(ArchivedClass::Color);
+            break;
+        }
+        [[fallthrough]];
     case Value::Type::ArchivedNull:
         useClass(ArchivedClass::Null);
         break;

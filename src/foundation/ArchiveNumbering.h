@@ -12,8 +12,8 @@ namespace Foundation
 {
 
 // The classes that an archive describes, in the order of ArchiveNumbering::classUids.
-enum class ArchivedClass { MutableDictionary, MutableArray, Date, Null };
-constexpr std::size_t ArchivedClassCount = 4;
+enum class ArchivedClass { MutableDictionary, MutableArray, Date, Color, Null };
+constexpr std::size_t ArchivedClassCount = 5;
 
 // The first pass over a graph that becomes a keyed archive: gives every object its UID, breadth first and
 // without recursion. An object that is shared gets one UID; so do the empty text, the null object, booleans
@@ -37,7 +37,7 @@ public:
     const std::array<Uid, ArchivedClassCount> &classUids() const noexcept { return m_classUids; }
     Uid uidCount() const noexcept { return m_uidCount; }
     // Objects of the property list that lie inside archived ones: the lists of a dictionary, the number of a
-    // date. Those of the class descriptions are not among them.
+    // date, names and contents of the fields of a colour. Those of the class descriptions are not among them.
     quint64 innerObjectCount() const noexcept { return m_innerObjectCount; }
     // Bytes of all texts, data and numbers, about.
     qsizetype contentSize() const noexcept { return m_contentSize; }

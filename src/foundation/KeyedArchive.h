@@ -14,8 +14,9 @@ namespace Foundation
 // in them.
 //
 // Reading takes binary and XML lists; classes NSDictionary, NSArray, NSString, NSData (each also mutable),
-// NSDate, NSNull and their subclasses, and numbers, booleans, texts and data that stand bare. Writing gives a
-// binary list with the mutable dictionary and array classes, as a document's content is mutable.
+// NSDate, NSNull, NSColor and their subclasses, and numbers, booleans, texts and data that stand bare.
+// Writing gives a binary list with the mutable dictionary and array classes, as a document's content is
+// mutable.
 //
 // Every value comes back with its type, every real with its width (integers as 64-bit ones, since the format
 // tells no other apart), every text with its UTF-16 units. Objects that are shared stay shared and are

@@ -1,6 +1,8 @@
 #include "foundation/ArchiveNumbering.h"
+#include "foundation/ArchivedColor.h"
 #include "foundation/BinaryObjectWriter.h"
 #include "foundation/KeyedArchive.h"
+#include "foundation/OpaqueObject.h"
 
 #include <initializer_list>
 
@@ -52,6 +54,7 @@ struct Lineage
 constexpr Lineage lineages[ArchivedClassCount] = {{{"NSMutableDictionary", "NSDictionary", "NSObject"}, 3},
                                                   {{"NSMutableArray", "NSArray", "NSObject"}, 3},
                                                   {{"NSDate", "NSObject"}, 2},
+                                                  {{"NSColor", "NSObject"}, 2},
                                                   {{"NSNull", "NSObject"}, 2}};
 
 // The second pass: writes the numbered objects. Object `uid` of the archive is object FixedObjectCount + uid
@@ -155,8 +158,11 @@ private:
             return writeDictionary(number, quint64(value.dictionary()->count()));
         case Value::Type::Array:
             return writeArray(number, quint64(value.array()->count()));
-        case Value::Type::Null:   // Never numbered: it is UID 0.
-        case Value::Type::Opaque: // Has no archived form.
+        case Value::Type::Opaque:
+            if (value.color())
+                return writeColor(number, value.color()->color);
+            [[fallthrough]];    // Others have no archived form.
+        case Value::Type::Null: // Never numbered: it is UID 0.
         case Value::Type::ArchivedNull:
             m_writer.beginDictionary(number, 1);
             return writeReferences({ClassField, classReferrer(ArchivedClass::Null)});
@@ -177,6 +183,20 @@ private:
         m_writer.beginDictionary(number, 2);
         writeReferences({TimeField, ClassField, time, classReferrer(ArchivedClass::Date)});
         m_writer.writeReal64(time, secondsSince2001);
+    }
+
+    // Rare enough for field names of its own.
+    void writeColor(quint64 number, const Color &color)
+    {
+        const quint64 names = m_nextInner;
+        m_nextInner += 4;
+        m_writer.beginDictionary(number, 3);
+        writeReferences({names, names + 1, ClassField});
+        writeReferences({names + 2, names + 3, classReferrer(ArchivedClass::Color)});
+        m_writer.writeAscii(names, "NSColorSpace");
+        m_writer.writeAscii(names + 1, "NSRGB");
+        m_writer.writeInteger(names + 2, qint64(ArchivedColorSpace::CalibratedRGB));
+        m_writer.writeData(names + 3, componentsOfColor(color));
     }
 
     void writeDictionary(quint64 number, quint64 count)

@@ -1,9 +1,11 @@
+#include "foundation/ArchivedColor.h"
 #include "foundation/Array.h"
 #include "foundation/BinaryObjectTable.h"
 #include "foundation/BinaryScalars.h"
 #include "foundation/Dictionary.h"
 #include "foundation/KeyedArchive.h"
 #include "foundation/ObjectMemo.h"
+#include "foundation/OpaqueObject.h"
 #include "foundation/PropertyList.h"
 #include "foundation/ReadBudget.h"
 
@@ -21,10 +23,22 @@ namespace
 using Kind = BinaryObjectTable::Kind;
 using Object = BinaryObjectTable::Object;
 
-enum class ArchivedClass { Unknown, Dictionary, Array, String, Data, Date, Null };
+enum class ArchivedClass { Unknown, Dictionary, Array, String, Data, Date, Color, Null };
 
 // The fields of an archived object that a known class has.
-enum class Field { Other, Class, Keys, Objects, Time, String, Bytes, Data };
+enum class Field {
+    Other,
+    Class,
+    Keys,
+    Objects,
+    Time,
+    String,
+    Bytes,
+    Data,
+    ColorSpace,
+    Components,
+    NamedColor
+};
 
 Field fieldNamed(QByteArrayView name)
 {
@@ -32,9 +46,12 @@ Field fieldNamed(QByteArrayView name)
     {
         QByteArrayView name;
         Field field;
-    } fields[] = {{"$class", Field::Class}, {"NS.keys", Field::Keys},     {"NS.objects", Field::Objects},
-                  {"NS.time", Field::Time}, {"NS.string", Field::String}, {"NS.bytes", Field::Bytes},
-                  {"NS.data", Field::Data}, {"NSString", Field::String}};
+    } fields[] = {
+        {"$class", Field::Class},      {"NS.keys", Field::Keys},       {"NS.objects", Field::Objects},
+        {"NS.time", Field::Time},      {"NS.string", Field::String},   {"NS.bytes", Field::Bytes},
+        {"NS.data", Field::Data},      {"NSString", Field::String},    {"NSColorSpace", Field::ColorSpace},
+        {"NSRGB", Field::Components},  {"NSWhite", Field::Components}, {"NSCMYK", Field::Components},
+        {"NSColor", Field::NamedColor}};
     for (const auto &known : fields) {
         if (known.name == name)
             return known.field;
@@ -60,6 +77,7 @@ ArchivedClass classNamed(QByteArrayView name)
                    {"NSData", ArchivedClass::Data},
                    {"NSMutableData", ArchivedClass::Data},
                    {"NSDate", ArchivedClass::Date},
+                   {"NSColor", ArchivedClass::Color},
                    {"NSNull", ArchivedClass::Null}};
     for (const auto &known : classes) {
         if (known.name == name)
@@ -179,7 +197,7 @@ private:
     struct Fields
     {
         std::optional<quint64> classUid;
-        Object keys, objects, time, text, bytes, data;
+        Object keys, objects, time, text, bytes, data, colorSpace, components, namedColor;
     };
 
     std::optional<Fields> fieldsOf(const Object &object)
@@ -213,6 +231,15 @@ private:
                 break;
             case Field::Data:
                 fields.data = content;
+                break;
+            case Field::ColorSpace:
+                fields.colorSpace = content;
+                break;
+            case Field::Components:
+                fields.components = content;
+                break;
+            case Field::NamedColor:
+                fields.namedColor = content;
                 break;
             case Field::Other:
                 break;
@@ -250,6 +277,8 @@ private:
             return bare(fields->data.kind != Kind::Invalid ? fields->data : fields->bytes, Value::Type::Data);
         case ArchivedClass::Date:
             return date(fields->time);
+        case ArchivedClass::Color:
+            return color(*fields);
         case ArchivedClass::Null:
             return Value::archivedNull();
         case ArchivedClass::Unknown:
@@ -394,6 +423,22 @@ private:
         const auto seconds = scalarValue(time);
         return seconds && seconds->isNumber() ? std::optional(Value::date(seconds->doubleValue()))
                                               : std::nullopt;
+    }
+
+    std::optional<Value> color(const Fields &fields)
+    {
+        const auto space = scalarValue(fields.colorSpace);
+        if (!space || !space->isNumber())
+            return std::nullopt;
+        const auto spaceNumber = ArchivedColorSpace(space->intValue());
+        if (spaceNumber == ArchivedColorSpace::Named) {
+            const auto uid = uidOf(fields.namedColor);
+            const auto named = uid ? value(*uid) : std::nullopt;
+            return named && named->color() ? named : std::nullopt;
+        }
+        const auto components = bare(fields.components, Value::Type::Data);
+        const auto made = components ? colorOfComponents(spaceNumber, components->dataValue()) : std::nullopt;
+        return made ? std::optional(Value(Ref<OpaqueObject>(new ColorObject(*made)))) : std::nullopt;
     }
 
     const BinaryObjectTable &m_table;

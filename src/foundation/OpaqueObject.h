@@ -8,7 +8,8 @@
 namespace Foundation
 {
 
-// What a value can carry from a transformer to a control, though no document holds it.
+// What a value can carry though it is neither number, text nor collection. Of its kinds only the colour has a
+// form in archives.
 class OpaqueObject : public RefCounted
 {
 public:

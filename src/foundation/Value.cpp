@@ -268,6 +268,11 @@ Ref<OpaqueObject> Value::opaque() const noexcept
                : nullptr;
 }
 
+Ref<ColorObject> Value::color() const noexcept
+{
+    return Ref<ColorObject>(dynamic_cast<ColorObject *>(opaque().get()));
+}
+
 qint64 Value::longValue() const
 {
     switch (kind()) {

@@ -13,6 +13,7 @@ namespace Foundation
 
 class Array;
 class Dictionary;
+class ColorObject;
 class OpaqueObject;
 
 // A text as it is stored: ASCII characters, or UTF-16 units where a text has others. Exactly one pointer is
@@ -51,7 +52,7 @@ public:
         Data,
         Array,
         Dictionary,
-        Opaque, // a colour or an image on its way to a control; never in a document
+        Opaque, // a colour, as documents of old releases hold them, or an image on its way to a control
     };
 
     Value() noexcept { setKind(Kind::Null); }
@@ -136,6 +137,7 @@ public:
     Ref<Array> array() const noexcept;
     Ref<Dictionary> dictionary() const noexcept;
     Ref<OpaqueObject> opaque() const noexcept;
+    Ref<ColorObject> color() const noexcept;
     // Empty unless this is a text.
     TextView text() const noexcept;
 

@@ -16,7 +16,7 @@ Value VLDictToNSColor::transformedValue(const Value &value) const
 
 Value VLDictToNSColor::reverseTransformedValue(const Value &value) const
 {
-    const auto *color = dynamic_cast<const ColorObject *>(value.opaque().get());
+    const Ref<ColorObject> color = value.color();
     return color ? Value(VLColorUtilOSX::dictFromNSColor(color->color)) : Value();
 }
 

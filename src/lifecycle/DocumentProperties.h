@@ -25,6 +25,7 @@ public:
     const QString &fileDocRelease() const { return m_properties.fileDocRelease; }
     void setFileDocRelease(const QString &release) { m_properties.fileDocRelease = release; }
 
+    VLCrypto &myCryptoEngine() const { return m_properties.myCryptoEngine; }
     // Null before the first save or decryption.
     VLCommonCrypto *myCommonCrypto() const { return m_properties.myCommonCrypto.get(); }
     void setMyCommonCrypto(std::unique_ptr<VLCommonCrypto> engine)

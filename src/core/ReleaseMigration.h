@@ -1,0 +1,56 @@
+#pragma once
+
+#include "core/DocumentState.h"
+#include "core/FileLayout.h"
+
+// Reads documents of release 30000 and before, in which every field of every record is enciphered by itself
+// under VLCrypto, into records and categories as they are today. Works on the buffers of the state and
+// changes none of them, so that another password can be tried; a save then writes the current layout.
+class ReleaseMigration
+{
+public:
+    explicit ReleaseMigration(DocumentState &state)
+        : m_state(state)
+    {
+    }
+
+    // One of the three paths of old releases. 0, or the code of the first field that does not open: a wrong
+    // password, or damage, which nothing tells apart. Takes the creation date, and then the captions, before
+    // anything else is tried, and leaves them so whatever comes after.
+    qint32 read(DecryptPath path);
+
+    // After a read that gave 0: new arrays, not yet linked to each other.
+    const Foundation::Ref<Foundation::Array> &records() const { return m_records; }
+    const Foundation::Ref<Foundation::Array> &categories() const { return m_categories; }
+    // Whether the captions or flags of the state changed.
+    bool hasReplacedLabels() const { return m_hasReplacedLabels; }
+
+private:
+    using Dictionary = Foundation::Dictionary;
+    using Array = Foundation::Array;
+    using Value = Foundation::Value;
+
+    qint32 readCreationDate(DecryptPath path);
+    qint32 readLabels();
+    qint32 readRecords(DecryptPath path);
+    qint32 readRecord(const Dictionary &stored, DecryptPath path, Dictionary &record);
+    qint32 readCategories(DecryptPath path);
+    qint32 readCategory(const Dictionary &stored, DecryptPath path, qint64 number, Dictionary &category);
+    qint32 readColor(const Dictionary &stored, const Foundation::Key &key, Dictionary &category);
+    // The field under that key; an absent one is an empty one.
+    qint32 readText(const Dictionary &stored, const Foundation::Key &key, QString *text);
+    qint32 readNumber(const Dictionary &stored, const Foundation::Key &key, qint64 *number);
+
+    DocumentState &m_state;
+    Foundation::Ref<Array> m_records;
+    Foundation::Ref<Array> m_categories;
+    bool m_hasReplacedLabels = false;
+};
+
+// What every read of an old release ends with, and the list controllers offer by themselves. The array holds
+// categories: colour objects under the two colour keys become colour dictionaries.
+void adjustCategoriesFromOldRelease(Foundation::Array &categories);
+// The array holds records: they lose colours of their own, and get the id 0 if they have none.
+void adjustRecordsFromOldRelease(Foundation::Array &records);
+// Categories from before there were colours and ids: gives them those, numbered from 1 in their order.
+void adjustCategoriesFromAncientRelease(Foundation::Array &categories);
