@@ -1,0 +1,94 @@
+#include "DocumentChecks.h"
+
+#include "core/DecryptPipeline.h"
+#include "core/DocumentReader.h"
+#include "core/KeyDerivation.h"
+#include "core/SavePipeline.h"
+#include "foundation/KeyedArchive.h"
+
+#include <QCryptographicHash>
+
+#include <cstdlib>
+
+using Foundation::Array;
+using Foundation::Value;
+
+// In place of the real one, whose rounds would take nearly all the time.
+QByteArray pbkdf2HmacSha1(QByteArrayView secret, QByteArrayView salt, int, qsizetype length)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(secret.toByteArray());
+    hash.addData(salt.toByteArray());
+    return hash.result().left(length);
+}
+
+void require(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+namespace
+{
+
+bool open(const QByteArray &file, DocumentState &state)
+{
+    if (readDocument(file, state) != ReadOutcome::Loaded)
+        return false;
+    state.plainPassword = FuzzedPassword;
+    DecryptPipeline pipeline(state, [] { return newCategoryRecord(QStringLiteral("Generic"), 1); });
+    if (pipeline.decript() != DecryptSuccess)
+        return false;
+    state.isEncrypted = false;
+    state.YouCanSave = true;
+    return true;
+}
+
+void requireEveryRecordFiled(const DocumentState &state)
+{
+    qint64 counted = 0;
+    require(state.myCategoryArray->count() > 0);
+    for (const Value &entry : state.myCategoryArray->values)
+        counted += entry.dictionary()->value(CategoryKey::cat_howManyUsingThis).intValue();
+    // More only if the same category stands in the list twice.
+    require(counted >= state.myArray->count());
+    for (const Value &entry : state.myArray->values) {
+        const auto category = entry.dictionary()->value(RecordKey::categoryPtr).dictionary();
+        require(category && category->contains(CategoryKey::cat_howManyUsingThis));
+    }
+}
+
+QByteArray archivedRecords(DocumentState &state)
+{
+    return Foundation::archivedData(SavePipeline(state).getCopyOfContentArrayForSaveOperation());
+}
+
+} // namespace
+
+void openAndSave(const QByteArray &file)
+{
+    DocumentState state;
+    if (!open(file, state))
+        return;
+    requireEveryRecordFiled(state);
+    const QByteArray records = archivedRecords(state);
+    const QByteArray captions = Foundation::archivedData(state.myLabelDictionary);
+    const auto saved = SavePipeline(state).dataOfType({});
+    require(saved && SavePipeline::canBeRead(state));
+    DocumentState again;
+    require(open(*saved, again));
+    requireEveryRecordFiled(again);
+    require(archivedRecords(again) == records);
+    require(Foundation::archivedData(again.myLabelDictionary) == captions);
+    require(again.myCategoryArray->count() == state.myCategoryArray->count());
+}
+
+QByteArray takePart(QByteArray &rest)
+{
+    if (rest.size() < 2)
+        return std::exchange(rest, {});
+    const qsizetype size = (quint8(rest[0]) << 8) | quint8(rest[1]);
+    const QByteArray part = rest.mid(2, size);
+    rest = rest.mid(2 + size);
+    return part;
+}
