@@ -2,6 +2,7 @@
 
 #include "core/RecordModel.h"
 #include "foundation/ColorPanel.h"
+#include "foundation/DisplayText.h"
 #include "foundation/Services.h"
 
 #include <QPointer>
@@ -133,7 +134,7 @@ void CategoryCommands::synkCategorySubMenu(const ActionSender &)
         popUp.removeItemAtIndex(last);
     qsizetype index = FirstCategoryItem;
     for (const Category &category : m_categories.arrangedObjects()) {
-        const QString name = category->value(CategoryKey::cat_category).stringValue();
+        const QString name = Foundation::displayText(category->value(CategoryKey::cat_category));
         popUp.insertItem(name.isNull() ? QStringLiteral("") : name, QStringLiteral("doSelectCatMenu"),
                          index++);
     }

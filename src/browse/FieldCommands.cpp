@@ -1,6 +1,7 @@
 #include "browse/FieldCommands.h"
 
 #include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 #include "helpers/VLUrlResolutor.h"
 
 #include <array>
@@ -22,7 +23,7 @@ std::optional<Key> FieldCommands::fieldOfTag(int tag)
 
 QString FieldCommands::textOfSelection(const Key &key) const
 {
-    return m_records.valueForSelection(key.name()).stringValue();
+    return Foundation::displayText(m_records.valueForSelection(key.name()));
 }
 
 void FieldCommands::openField(const ActionSender &sender)

@@ -2,6 +2,7 @@
 
 #include "core/RecordModel.h"
 #include "core/ReleaseMigration.h"
+#include "foundation/DisplayText.h"
 #include "foundation/Services.h"
 
 #include <algorithm>
@@ -31,8 +32,8 @@ public:
             return false;
         Answer &known = m_known[(reinterpret_cast<std::size_t>(category) >> 5) % m_known.size()];
         if (known.category != category)
-            known = {category, SearchText::lowerCase(
-                                   category->value(CategoryKey::cat_category).stringValue()) == m_name};
+            known = {category, SearchText::lowerCase(Foundation::displayText(
+                                   category->value(CategoryKey::cat_category))) == m_name};
         return known.isAccepted;
     }
 

@@ -1,7 +1,9 @@
 #include "browse/RecordName.h"
 
 #include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 
+using Foundation::displayText;
 using Foundation::Value;
 
 QString displayedNameOfRecord(const Foundation::Dictionary &record)
@@ -10,13 +12,13 @@ QString displayedNameOfRecord(const Foundation::Dictionary &record)
     // Absent is not empty: a company without the key falls back to the person's name, one that was emptied
     // shows an empty name.
     if (record.value(RecordKey::isCompany).boolValue() && !company.isNull())
-        return company.stringValue();
-    QString name = record.value(RecordKey::firstName).stringValue();
+        return displayText(company);
+    QString name = displayText(record.value(RecordKey::firstName));
     const Value &lastName = record.value(RecordKey::lastName);
     if (!lastName.isNull()) {
         if (!name.isEmpty())
             name += u' ';
-        name += lastName.stringValue();
+        name += displayText(lastName);
     }
     return name;
 }

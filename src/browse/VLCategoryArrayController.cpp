@@ -1,6 +1,7 @@
 #include "browse/VLCategoryArrayController.h"
 
 #include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 
 #include <QSet>
 
@@ -26,7 +27,7 @@ QString VLCategoryArrayController::unusedCategoryNameWithPostfix(const QString &
     // The names at once, so that a long list does not make a long walk of every try.
     QSet<QString> taken;
     for (const Object &row : arrangedObjects())
-        taken.insert(row->value(CategoryKey::cat_category).stringValue());
+        taken.insert(Foundation::displayText(row->value(CategoryKey::cat_category)));
     QString name = word;
     for (int number = 1; taken.contains(name) && number <= LastNumberTried; ++number)
         name = QStringLiteral("%1 %2").arg(word).arg(number);

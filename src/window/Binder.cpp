@@ -1,5 +1,6 @@
 #include "window/Binder.h"
 
+#include "foundation/DisplayText.h"
 #include "foundation/OpaqueObject.h"
 #include "window/ColorWell.h"
 #include "window/ControlAccess.h"
@@ -15,6 +16,7 @@
 #include <QPlainTextEdit>
 #include <QStackedWidget>
 
+using Foundation::displayText;
 using Foundation::Value;
 
 Binder::Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange)
@@ -70,7 +72,7 @@ void Binder::bindConditions(QWidget *control)
     const QString format = textProperty(control, InterfaceProperty::BindFormat);
     follow(control, InterfaceProperty::BindToolTip, InterfaceProperty::Transformer,
            [control, format](const BindingExpression &expression) {
-               const QString text = format.arg(expression.value().value.stringValue());
+               const QString text = format.arg(displayText(expression.value().value));
                control->setAccessibleName(text);
                control->setToolTip(text.toHtmlEscaped());
            });
@@ -111,7 +113,7 @@ void Binder::bindField(Field *field)
         follow(field, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
                [field, placeholder](const BindingExpression &expression) {
                    const BoundValue bound = expression.value();
-                   setTextOfField(field, bound.value.stringValue());
+                   setTextOfField(field, displayText(bound.value));
                    field->setPlaceholderText(bound.isMixed ? tr("Multiple Values") : placeholder);
                    enableBySelection(field, bound);
                });
@@ -122,7 +124,7 @@ void Binder::bindField(Field *field)
         const BoundValue bound = binding->expression().value();
         const QString text = textOfField(field);
         // An absent value shows like an empty one, and looking at it must not change it.
-        if (bound.isMixed || text != bound.value.stringValue())
+        if (bound.isMixed || text != displayText(bound.value))
             writeInput(*binding, text, tagOf(field));
     });
 }
@@ -155,7 +157,7 @@ void Binder::bindLabel(QLabel *label)
     const QString format = textProperty(label, InterfaceProperty::BindFormat);
     follow(label, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
            [label, format](const BindingExpression &expression) {
-               const QString value = expression.value().value.stringValue();
+               const QString value = displayText(expression.value().value);
                const QString text = format.isEmpty() ? value : format.arg(value);
                // With a buddy, "&" would mark a mnemonic.
                label->setText(label->buddy() ? titleOfText(text) : text);
@@ -167,7 +169,7 @@ void Binder::bindReadOnlyText(FieldText *text)
     follow(text, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
            [text](const BindingExpression &expression) {
                const BoundValue bound = expression.value();
-               const QString shown = bound.isMixed ? tr("Multiple Values") : bound.value.stringValue();
+               const QString shown = bound.isMixed ? tr("Multiple Values") : displayText(bound.value);
                text->setEnabled(!bound.isMixed);
                if (text->toPlainText() != shown)
                    text->setPlainText(shown);

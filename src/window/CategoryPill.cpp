@@ -1,6 +1,7 @@
 #include "window/CategoryPill.h"
 
 #include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 #include "foundation/UserDefaults.h"
 #include "helpers/VLColorUtilOSX.h"
 #include "window/DesktopText.h"
@@ -41,8 +42,8 @@ CategoryPill CategoryPill::ofCategory(const Dictionary &category)
     const auto color = [&category](const Foundation::Key &key) {
         return VLColorUtilOSX::NSColorFromDict(category.value(key).dictionary());
     };
-    return {category.value(CategoryKey::cat_category).stringValue(), color(CategoryKey::cat_backColor),
-            color(CategoryKey::cat_textColor)};
+    return {Foundation::displayText(category.value(CategoryKey::cat_category)),
+            color(CategoryKey::cat_backColor), color(CategoryKey::cat_textColor)};
 }
 
 std::optional<CategoryPill> CategoryPill::ofRecord(const Dictionary &record)

@@ -1,6 +1,7 @@
 #include "window/CategoryTable.h"
 
 #include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 #include "window/MyCategoryTableDelegate.h"
 
 #include <QHeaderView>
@@ -20,8 +21,9 @@ QVariant CategoryTableModel::data(const QModelIndex &index, int role) const
     const Foundation::Dictionary &category = objectOfRow(index.row());
     // The label is painted; its name is for assistive technology.
     if (index.column() == CategoryColumn)
-        return role == Qt::AccessibleTextRole ? category.value(CategoryKey::cat_category).stringValue()
-                                              : QVariant();
+        return role == Qt::AccessibleTextRole
+                   ? Foundation::displayText(category.value(CategoryKey::cat_category))
+                   : QVariant();
     if (role == Qt::DisplayRole)
         return category.value(CategoryKey::cat_howManyUsingThis).intValue();
     return {};

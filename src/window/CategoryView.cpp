@@ -1,6 +1,7 @@
 #include "window/CategoryView.h"
 
 #include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 #include "window/VLLabelDrawer.h"
 
 #include <QClipboard>
@@ -99,7 +100,7 @@ void CategoryView::draw(QPainter &painter) const
 void CategoryView::CopyInClipboard(const ActionSender &)
 {
     const auto record = selectedRecord();
-    const QString category = record ? record->value(RecordKey::category).stringValue() : QString();
+    const QString category = record ? Foundation::displayText(record->value(RecordKey::category)) : QString();
     if (!category.isNull())
         QGuiApplication::clipboard()->setText(category);
 }

@@ -1,5 +1,6 @@
 #include "window/ControlAccess.h"
 
+#include "foundation/DisplayText.h"
 #include "window/ActionDispatcher.h"
 #include "window/InterfaceProperties.h"
 
@@ -60,7 +61,7 @@ void setRowsOfPopUp(QComboBox *popUp, const KeyPath &rows)
         return;
     QStringList titles;
     for (const auto &object : rows.controller()->arrangedObjects())
-        titles.append(object->valueForKeyPath(rows.keyPathOfObjects()).stringValue());
+        titles.append(Foundation::displayText(object->valueForKeyPath(rows.keyPathOfObjects())));
     QStringList present;
     for (int i = 0; i < popUp->count(); ++i)
         present.append(popUp->itemText(i));

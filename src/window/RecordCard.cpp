@@ -2,6 +2,7 @@
 
 #include "browse/RecordName.h"
 #include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 
 using Foundation::ArrayController;
 using Foundation::Dictionary;
@@ -17,7 +18,7 @@ QString subtitleOfRecord(const Dictionary &record)
     const auto person = record.copy();
     person->setValue(RecordKey::isCompany, Value(false));
     for (const QString &other :
-         {displayedNameOfRecord(*person), record.value(RecordKey::company).stringValue()}) {
+         {displayedNameOfRecord(*person), Foundation::displayText(record.value(RecordKey::company))}) {
         if (!other.isEmpty() && other != name)
             return other;
     }
