@@ -1,6 +1,7 @@
 #include "SampleContacts.h"
 #include "core/DecryptPipeline.h"
 #include "core/DocumentReader.h"
+#include "core/FileLayout.h"
 #include "core/SavePipeline.h"
 #include "foundation/KeyedArchive.h"
 
@@ -134,6 +135,40 @@ void saveDocument(benchmark::State &state)
     measure(state, file, [&] { return SavePipeline(document).dataOfType({}); });
 }
 
+// As release 30000 wrote it, every field enciphered by itself.
+QByteArray fileOfOldRelease(const DocumentState &document)
+{
+    const VLCrypto engine(VLCrypto::DocumentVector.data(), document.plainPassword);
+    auto records = Array::create();
+    for (const Value &entry : document.myArray->values) {
+        auto stored = Foundation::Dictionary::create();
+        for (const auto &key : contactTextKeys())
+            stored->setValue(
+                key,
+                engine.cryptString(entry.dictionary()->value(key).stringValue()).value_or(QByteArray("")));
+        records->values.emplace_back(stored);
+    }
+    auto root = Foundation::Dictionary::create();
+    root->setValue(FileKey::appversion, Value(quint64(30000)));
+    root->setValue(FileKey::dataArray, records);
+    root->setValue(FileKey::categoryArray, Array::create());
+    return Foundation::archivedData(root);
+}
+
+void openOldRelease(benchmark::State &state)
+{
+    const DocumentState saved = sampleDocument(int(state.range(0)));
+    const QByteArray file = fileOfOldRelease(saved);
+    measure(state, file, [&] {
+        auto document = std::make_unique<DocumentState>();
+        readDocument(file, *document);
+        document->plainPassword = saved.plainPassword;
+        if (DecryptPipeline(*document, &defaultCategory).decript() != DecryptSuccess)
+            state.SkipWithError("the document does not open");
+        return document;
+    });
+}
+
 void ofRecords(benchmark::internal::Benchmark *benchmark)
 {
     benchmark->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseManualTime();
@@ -143,6 +178,7 @@ BENCHMARK(decodeRecords)->Apply(&ofRecords);
 BENCHMARK(encodeRecords)->Apply(&ofRecords);
 BENCHMARK(memoryOfRecords)->Arg(1000)->Arg(10000)->Arg(100000)->Iterations(1);
 BENCHMARK(openDocument)->Apply(&ofRecords);
+BENCHMARK(openOldRelease)->Apply(&ofRecords);
 BENCHMARK(saveDocument)->Apply(&ofRecords);
 
 } // namespace

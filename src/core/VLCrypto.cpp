@@ -86,6 +86,33 @@ private:
 namespace
 {
 
+// Null if the password has no key.
+std::unique_ptr<LegacyBlowfish> cipherOfPassword(LegacyBlowfish::Direction direction, const QString &password)
+{
+    auto bytes = Foundation::macRomanBytes(password);
+    if (!bytes)
+        return nullptr;
+    const SecretBytes key(std::move(*bytes));
+    return std::make_unique<LegacyBlowfish>(direction, bytesOf(key.bytes()), key.bytes().size());
+}
+
+// Nothing unless *code is success. Without a cipher that is what a wrong password gives.
+std::optional<QByteArray> runOverData(LegacyBlowfish *cipher, const QByteArray &data,
+                                      const std::optional<VLCrypto::Vector> &vector, VLLegacyCode *code)
+{
+    *code = LegacyFinalFailed;
+    if (!cipher || data.size() > INT32_MAX - VLCrypto::BlockSizeInBytes)
+        return std::nullopt;
+    QByteArray result(data.size() + VLCrypto::BlockSizeInBytes, Qt::Uninitialized);
+    int written = 0;
+    *code = cipher->run(bytesOf(data), int(data.size()), vector ? vector->data() : nullptr,
+                        reinterpret_cast<unsigned char *>(result.data()), &written);
+    if (*code != LegacySuccess)
+        return std::nullopt;
+    result.truncate(written);
+    return result;
+}
+
 // Null unless *code is success.
 unsigned char *runOverMemory(LegacyBlowfish &cipher, const unsigned char *data, qint32 length,
                              const unsigned char *vector, qint32 *outputLength, VLLegacyCode *code)
@@ -158,7 +185,22 @@ void VLCrypto::setInitVector(const unsigned char *vector)
 void VLCrypto::setPassword(const QString &password)
 {
     m_password = password;
-    m_decipher = nullptr;
+    m_encryption = nullptr;
+    m_decryption = nullptr;
+}
+
+LegacyBlowfish *VLCrypto::cipherToEncrypt() const
+{
+    if (!m_encryption)
+        m_encryption = cipherOfPassword(LegacyBlowfish::Encrypt, m_password);
+    return m_encryption.get();
+}
+
+LegacyBlowfish *VLCrypto::cipherToDecrypt() const
+{
+    if (!m_decryption)
+        m_decryption = cipherOfPassword(LegacyBlowfish::Decrypt, m_password);
+    return m_decryption.get();
 }
 
 bool VLCrypto::hasKey() const
@@ -174,18 +216,10 @@ std::optional<QByteArray> VLCrypto::cryptString(const QString &text) const
 
 std::optional<QByteArray> VLCrypto::cryptData(const QByteArray &data) const
 {
-    const auto password = Foundation::macRomanBytes(m_password);
-    if (!isReady() || !password || data.isEmpty() || data.size() > INT32_MAX - BlockSizeInBytes)
+    if (!isReady() || data.isEmpty())
         return std::nullopt;
-    const SecretBytes key(*password);
-    LegacyBlowfish cipher(LegacyBlowfish::Encrypt, bytesOf(key.bytes()), key.bytes().size());
-    QByteArray result(data.size() + BlockSizeInBytes, Qt::Uninitialized);
-    int written = 0;
-    if (cipher.run(bytesOf(data), int(data.size()), m_vector->data(),
-                   reinterpret_cast<unsigned char *>(result.data()), &written) != LegacySuccess)
-        return std::nullopt;
-    result.truncate(written);
-    return result;
+    VLLegacyCode code = LegacySuccess;
+    return runOverData(cipherToEncrypt(), data, m_vector, &code);
 }
 
 std::optional<QByteArray> VLCrypto::cryptLong(qint64 number) const
@@ -204,24 +238,9 @@ std::optional<QByteArray> VLCrypto::decryptToData(const QByteArray &bytes, quint
     *code = LegacySuccess;
     if (bytes.isEmpty())
         return QByteArray("");
-    if (!m_decipher) {
-        const auto password = Foundation::macRomanBytes(m_password);
-        if (password) {
-            const SecretBytes key(*password);
-            m_decipher = std::make_unique<LegacyBlowfish>(LegacyBlowfish::Decrypt, bytesOf(key.bytes()),
-                                                          key.bytes().size());
-        }
-    }
-    *code = LegacyFinalFailed;
-    if (!m_decipher || bytes.size() > INT32_MAX - BlockSizeInBytes)
-        return std::nullopt;
-    QByteArray plain(bytes.size() + BlockSizeInBytes, Qt::Uninitialized);
-    int written = 0;
-    *code = m_decipher->run(bytesOf(bytes), int(bytes.size()), m_vector ? m_vector->data() : nullptr,
-                            reinterpret_cast<unsigned char *>(plain.data()), &written);
-    if (*code != LegacySuccess)
-        return std::nullopt;
-    plain.truncate(written);
+    VLLegacyCode ending = LegacySuccess;
+    auto plain = runOverData(cipherToDecrypt(), bytes, m_vector, &ending);
+    *code = ending;
     return plain;
 }
 

@@ -66,10 +66,15 @@ public:
     qint64 decryptToLong(const QByteArray &bytes, quint32 *code) const;
 
 private:
+    // Null for a password without a key. Made at the first need and kept, as preparing the key takes longer
+    // than a field.
+    LegacyBlowfish *cipherToEncrypt() const;
+    LegacyBlowfish *cipherToDecrypt() const;
+
     std::optional<Vector> m_vector;
     QString m_password;
-    // Made at the first need: preparing the key takes longer than a field.
-    mutable std::unique_ptr<LegacyBlowfish> m_decipher;
+    mutable std::unique_ptr<LegacyBlowfish> m_encryption;
+    mutable std::unique_ptr<LegacyBlowfish> m_decryption;
 };
 
 // The cipher itself over plain memory. The result, of *outputLength bytes, is the caller's and freed with

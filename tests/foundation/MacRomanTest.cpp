@@ -18,7 +18,7 @@ TEST(MacRoman, EveryByteIsTheCharacterThatOtherProgramsRead)
         all.append(char(byte));
     QProcess python;
     python.start(
-        QStringLiteral("python3"),
+        QStringLiteral("/usr/bin/python3"),
         {QStringLiteral("-c"),
          QStringLiteral(
              "import sys; sys.stdout.buffer.write(bytes(range(256)).decode('mac_roman').encode())")});

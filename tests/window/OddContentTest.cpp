@@ -149,7 +149,7 @@ TEST_F(OddContentTest, DocumentsOfOldReleasesAreOpenedEditedAndSaved)
         addContact(QStringLiteral("Neu"), QStringLiteral("Ångström"));
         save();
         QProcess reader;
-        reader.start(QStringLiteral("python3"),
+        reader.start(QStringLiteral("/usr/bin/python3"),
                      {QStringLiteral(VEXAREL_SOURCE_DIR "/tests/core/read_document.py"), path, c.password});
         ASSERT_TRUE(reader.waitForFinished());
         EXPECT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().constData();
