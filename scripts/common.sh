@@ -57,3 +57,14 @@ build() {
         return 1
     fi
 }
+
+# fuzz_target NAME SECONDS: the kept inputs first, then new ones. Inputs that are found to reach new code are remembered
+# in build/fuzz/corpus/NAME, what breaks the program lies in build/fuzz/findings/.
+fuzz_target() {
+    local grown="$root/build/fuzz/corpus/$1" findings="$root/build/fuzz/findings" kept="$root/fuzz/corpus/$1" options=()
+    mkdir -p "$grown" "$findings"
+    [[ ! -f $root/fuzz/$1.dict ]] || options+=(-dict="$root/fuzz/$1.dict")
+    [[ -n $(ls -A "$kept") ]] || { complain "$kept holds no inputs"; return 1; }
+    timeout --kill-after=10 $(($2 + 300)) "$root/build/fuzz/bin/$1-fuzz" -max_total_time="$2" -timeout=5 \
+        -print_final_stats=1 -artifact_prefix="$findings/$1-" "${options[@]}" "$grown" "$kept"
+}
