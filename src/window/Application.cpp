@@ -89,22 +89,30 @@ void Application::terminateAtOnce()
 
 void Application::endSession(QSessionManager &manager)
 {
+    bool hasAsked = false;
+    const bool mayEnd =
+        mayEndSession([&manager, &hasAsked] { return hasAsked = manager.allowsInteraction(); });
+    if (!mayEnd)
+        manager.cancel();
+    else if (hasAsked)
+        manager.release();
+}
+
+bool Application::mayEndSession(const std::function<bool()> &mayAsk)
+{
     m_autosaver.autosaveAll();
     const auto hasUnsavedWork = [](const Document *document) {
         return document->isDocumentEdited() && !document->autosavingFileType().isNull();
     };
     const auto &documents = m_documents.documents();
     const auto unsaved = std::find_if(documents.begin(), documents.end(), hasUnsavedWork);
-    if (unsaved == documents.end() || !manager.allowsInteraction())
-        return;
-    const int answer = m_modalAlerts.runModal(
+    if (unsaved == documents.end() || !mayAsk())
+        return true;
+    const int answer = Services::shared().modalAlerts().runModal(
         {tr("The document “%1” has changes that are not saved.").arg((*unsaved)->displayName()),
          tr("If the session ends now, they are offered again at the next start."),
          {tr("End Session"), tr("Cancel")}});
-    if (answer == Foundation::Alert::FirstButtonReturn)
-        manager.release();
-    else
-        manager.cancel();
+    return answer == Foundation::Alert::FirstButtonReturn;
 }
 
 void Application::start(const QStringList &paths)

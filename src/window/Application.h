@@ -40,6 +40,10 @@ public:
     // Asks about the changes of each document; quits unless the user keeps one.
     Q_INVOKABLE void terminate(const Foundation::ActionSender &sender);
 
+    // Whether the session may end. Saves what can be saved unasked, and asks about a document of which that
+    // leaves changes, if `mayAsk` says that there is somebody to answer. A locked document has none to save.
+    bool mayEndSession(const std::function<bool()> &mayAsk);
+
 private:
     void openDocuments(const QStringList &paths);
     void makeWindow(Foundation::Document *document);
