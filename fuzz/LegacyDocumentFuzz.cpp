@@ -7,10 +7,11 @@
 #include <iterator>
 
 // Documents of old releases, whose fields are enciphered one by one. The input's first byte tells the
-// release, the second how many categories (low four bits) and records (high ones) there are and the third
-// whether there are captions; then come the plain fields, each behind two bytes of length: date, captions,
-// categories and records, in the order in which they are read. A field whose length has its highest bit set
-// is a cipher text already; fields behind the end are empty.
+// release, the second how many categories (low four bits) and records (high ones) there are. Of the third,
+// the bits tell, from the lowest on, whether there are captions, whether the first record stands there twice,
+// and whether empty fields of later records are the buffers of the first. Then come the plain fields, each
+// behind two bytes of length: date, captions, categories, records. A field whose length has its highest bit
+// set is a cipher text already, and one with the next bit no data at all; fields behind the end are empty.
 
 namespace
 {
@@ -27,6 +28,8 @@ constexpr quint64 releases[] = {1000,  1100,  2000,  2010,  20100, 20200,
 const Key categoryFields[] = {CategoryKey::cat_category, Key(u"cat_mark"), CategoryKey::cat_backColor,
                               CategoryKey::cat_textColor, CategoryKey::cat_uniqueID};
 
+const Key furtherRecordFields[] = {RecordKey::cat_uniqueID, RecordKey::isCompany, RecordKey::resultingName};
+
 class LegacyDocument
 {
 public:
@@ -40,19 +43,27 @@ public:
     {
         const int release = takeByte();
         const int counts = takeByte();
-        const bool hasCaptions = (takeByte() & 1) != 0;
+        const int flags = takeByte();
         auto root = Dictionary::create();
         root->setValue(FileKey::appversion, Value(releases[std::size_t(release) % std::size(releases)]));
         root->setValue(FileKey::crtnDt, takeField());
-        if (hasCaptions)
-            root->setValue(FileKey::labelDict, takeDictionary(contactTextKeys()));
+        if (flags & 1)
+            root->setValue(FileKey::labelDict, takeCaptions());
         auto categories = Array::create();
         for (int i = 0; i < (counts & 15); ++i)
             categories->values.emplace_back(takeDictionary(categoryFields));
         root->setValue(FileKey::categoryArray, categories);
         auto records = Array::create();
-        for (int i = 0; i < counts >> 4; ++i)
-            records->values.emplace_back(takeRecord());
+        for (int i = 0; i < counts >> 4; ++i) {
+            const auto record = takeCaptions();
+            for (const Key &key : furtherRecordFields)
+                record->setValue(key, takeField());
+            if (i > 0 && (flags & 4))
+                shareEmptyFields(*records->values[0].dictionary(), *record);
+            records->values.emplace_back(record);
+        }
+        if ((flags & 2) && records->count() > 0)
+            records->values.push_back(records->values[0]);
         root->setValue(FileKey::dataArray, records);
         return Foundation::archivedData(root);
     }
@@ -69,11 +80,13 @@ private:
 
     Value takeField()
     {
-        const bool isCipherText = !m_rest.isEmpty() && (quint8(m_rest[0]) & 0x80) != 0;
-        if (isCipherText)
-            m_rest[0] = char(m_rest[0] & 0x7f);
+        const int marks = m_rest.isEmpty() ? 0 : quint8(m_rest[0]) & 0xc0;
+        if (marks)
+            m_rest[0] = char(m_rest[0] & 0x3f);
         const QByteArray part = takePart(m_rest);
-        return isCipherText ? part : m_engine.cryptData(part).value_or(QByteArray(""));
+        if (marks & 0x40)
+            return QString::fromLatin1(part);
+        return marks ? part : m_engine.cryptData(part).value_or(QByteArray(""));
     }
 
     Ref<Dictionary> takeDictionary(const auto &keys)
@@ -84,12 +97,20 @@ private:
         return dictionary;
     }
 
-    Ref<Dictionary> takeRecord()
+    // Of each text of a record, and its category.
+    Ref<Dictionary> takeCaptions()
     {
-        auto record = takeDictionary(contactTextKeys());
-        for (const Key &key : {RecordKey::cat_uniqueID, RecordKey::isCompany, RecordKey::category})
-            record->setValue(key, takeField());
-        return record;
+        auto captions = takeDictionary(contactTextKeys());
+        captions->setValue(RecordKey::category, takeField());
+        return captions;
+    }
+
+    static void shareEmptyFields(const Dictionary &from, Dictionary &record)
+    {
+        for (const auto &field : from.entries()) {
+            if (record.value(field.key).contentBytes() == 0)
+                record.setValue(field.key, field.value);
+        }
     }
 
     QByteArray m_rest;

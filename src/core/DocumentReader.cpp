@@ -13,6 +13,8 @@ namespace
 
 void loadPerFieldLayout(const Dictionary &root, DocumentState &state)
 {
+    // Such a file need not have captions, and those of an open document that is reverted are not its own.
+    state.myLabelDictionary = defaultLabelDictionary();
     state.myEncryptedArray = root.value(FileKey::dataArray).array();
     state.myEncryptedCategoryArray = root.value(FileKey::categoryArray).array();
 }

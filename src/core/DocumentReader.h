@@ -5,7 +5,7 @@
 enum class ReadOutcome {
     Loaded,       // still enciphered; the document shows its locked face
     NotADocument, // no keyed archive of a dictionary, or a damaged one: the state is as it was
-    NewerFormat,  // nothing but the version was taken from the file: the document must not be opened
+    NewerFormat,  // of a later release: the state has its version and is shut, and must not be opened
 };
 
 // Loads what lies in a document file, still enciphered, into the state. Needs no password and makes no

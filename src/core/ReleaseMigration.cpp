@@ -49,16 +49,31 @@ const Key captionFields[] = {RecordKey::category,        RecordKey::firstName,  
                              RecordKey::pager,           RecordKey::emailPersonal, RecordKey::webPersonal,
                              RecordKey::addressPersonal, RecordKey::note};
 
-// The enciphered bytes under a key. Nothing for a value of another kind, which no release wrote.
-std::optional<QByteArray> cipherText(const Dictionary &stored, const Key &key)
+bool isShared(const Value &value)
 {
-    const Value value = stored.value(key);
-    if (value.isNull())
-        return QByteArray();
-    return value.type() == Value::Type::Data ? std::optional(value.dataValue()) : std::nullopt;
+    return value.sharedObject() && value.sharedObject()->hasSeveralOwners();
+}
+
+// How many bytes there are in those fields of all categories that stand for one field only.
+quint64 ownBytesOf(const Array &categories)
+{
+    quint64 bytes = 0;
+    for (const Value &entry : categories.values) {
+        if (const auto stored = entry.dictionary()) {
+            for (const auto &field : stored->entries())
+                bytes += isShared(field.value) ? 0 : quint64(field.value.contentBytes());
+        }
+    }
+    return bytes;
 }
 
 } // namespace
+
+ReleaseMigration::ReleaseMigration(DocumentState &state)
+    : m_state(state)
+    , m_colorBudget(state.myEncryptedCategoryArray ? ownBytesOf(*state.myEncryptedCategoryArray) : 0)
+{
+}
 
 qint32 ReleaseMigration::read(DecryptPath path)
 {
@@ -102,8 +117,8 @@ qint32 ReleaseMigration::readLabels()
     if (const Ref<Dictionary> stored = m_state.myEncriptedLabelDictionary) {
         const auto labels = Dictionary::create();
         for (const Key &key : captionFields) {
-            QString caption;
-            if (const qint32 code = readText(*stored, key, &caption))
+            Value caption;
+            if (const qint32 code = readField(*stored, key, TextField, &caption))
                 return code;
             labels->setValue(key, caption);
         }
@@ -120,7 +135,7 @@ qint32 ReleaseMigration::readRecords(DecryptPath path)
     m_records = Array::create();
     m_records->values.reserve(m_state.myEncryptedArray->values.size());
     for (const Value &entry : m_state.myEncryptedArray->values) {
-        const Ref<Dictionary> stored = entry.dictionary();
+        const Ref<Dictionary> stored = takeEntry(entry);
         if (!stored)
             return DecryptUnreadableField;
         const auto record = Dictionary::create();
@@ -135,21 +150,14 @@ qint32 ReleaseMigration::readRecords(DecryptPath path)
 qint32 ReleaseMigration::readRecord(const Dictionary &stored, DecryptPath path, Dictionary &record)
 {
     for (const Key &key : recordFields) {
-        if (key == RecordKey::cat_uniqueID) {
-            qint64 id = 0;
-            const qint32 code = path == DecryptPath::PerField ? readNumber(stored, key, &id) : 0;
-            if (code)
+        const bool isNumber = key == RecordKey::cat_uniqueID;
+        Value content(qint64(0));
+        if (!isNumber || path == DecryptPath::PerField) {
+            const FieldKind kind = isNumber ? NumberField : TextField;
+            if (const qint32 code = readField(stored, key, kind, &content))
                 return code;
-            record.setValue(key, Value(id));
-            continue;
         }
-        QString text;
-        if (const qint32 code = readText(stored, key, &text))
-            return code;
-        if (key == RecordKey::isCompany)
-            record.setValue(key, Value(Value(text).intValue()));
-        else
-            record.setValue(key, text);
+        record.setValue(key, key == RecordKey::isCompany ? Value(content.intValue()) : content);
     }
     return DecryptSuccess;
 }
@@ -158,7 +166,7 @@ qint32 ReleaseMigration::readCategories(DecryptPath path)
 {
     m_categories = Array::create();
     for (const Value &entry : m_state.myEncryptedCategoryArray->values) {
-        const Ref<Dictionary> stored = entry.dictionary();
+        const Ref<Dictionary> stored = takeEntry(entry);
         if (!stored)
             return DecryptUnreadableField;
         const auto category = Dictionary::create();
@@ -172,61 +180,75 @@ qint32 ReleaseMigration::readCategories(DecryptPath path)
 qint32 ReleaseMigration::readCategory(const Dictionary &stored, DecryptPath path, qint64 number,
                                       Dictionary &category)
 {
+    Value content;
     for (const Key &key : {CategoryKey::cat_category, cat_mark}) {
-        QString text;
-        if (const qint32 code = readText(stored, key, &text))
+        if (const qint32 code = readField(stored, key, TextField, &content))
             return code;
-        category.setValue(key, text);
+        category.setValue(key, content);
     }
     category.setValue(CategoryKey::cat_howManyUsingThis, Value(qint64(0)));
     const bool isInFile = path == DecryptPath::PerField;
     for (const Key &key : {CategoryKey::cat_backColor, CategoryKey::cat_textColor}) {
-        if (!isInFile)
-            category.setValue(key, colorValue(inventedColor(key)));
-        else if (const qint32 code = readColor(stored, key, category))
+        content = Value();
+        const qint32 code = isInFile ? readField(stored, key, ColorField, &content) : DecryptSuccess;
+        if (code)
             return code;
+        // A colour that cannot be read is no reason to withhold an address book.
+        category.setValue(key, content.isNull() ? colorValue(inventedColor(key)) : content);
     }
-    if (isInFile) {
-        if (const qint32 code = readNumber(stored, CategoryKey::cat_uniqueID, &number))
-            return code;
-    }
-    category.setValue(CategoryKey::cat_uniqueID, Value(number));
-    return DecryptSuccess;
+    content = Value(number);
+    const qint32 code = isInFile ? readField(stored, CategoryKey::cat_uniqueID, NumberField, &content) : 0;
+    category.setValue(CategoryKey::cat_uniqueID, content);
+    return code;
 }
 
-qint32 ReleaseMigration::readColor(const Dictionary &stored, const Key &key, Dictionary &category)
+Ref<Dictionary> ReleaseMigration::takeEntry(const Value &entry)
 {
-    const auto bytes = cipherText(stored, key);
-    if (!bytes)
-        return DecryptUnreadableField;
-    quint32 code = 0;
-    const auto archive = m_state.myCryptoEngine.decryptToData(*bytes, &code);
-    if (!archive)
-        return qint32(code);
-    // A colour that cannot be read is no reason to withhold an address book.
-    const auto color = Foundation::unarchivedRoot(*archive);
-    category.setValue(key, color && color->color() ? *color : colorValue(inventedColor(key)));
-    return DecryptSuccess;
+    // An entry without content costs some hundred times what it takes in a file.
+    constexpr quint64 FreeEntries = 250'000;
+    constexpr quint64 BytesOfEntry = 16;
+    if (++m_entryCount > FreeEntries + m_cipherBytes / BytesOfEntry)
+        return nullptr;
+    if (isShared(entry) && !m_sharedEntries.insert(entry.sharedObject()).second)
+        return nullptr;
+    return entry.dictionary();
 }
 
-qint32 ReleaseMigration::readText(const Dictionary &stored, const Key &key, QString *text)
+qint32 ReleaseMigration::readField(const Dictionary &stored, const Key &key, FieldKind kind, Value *content)
 {
-    const auto bytes = cipherText(stored, key);
-    if (!bytes)
+    const Value &cipherText = stored.value(key);
+    if (!cipherText.isNull() && cipherText.type() != Value::Type::Data)
         return DecryptUnreadableField;
+    Value *const known = isShared(cipherText) ? &m_memos[kind][cipherText.sharedObject()] : nullptr;
+    if (known && !known->isNull()) {
+        *content = *known;
+        return DecryptSuccess;
+    }
+    m_cipherBytes += quint64(cipherText.contentBytes());
     quint32 code = 0;
-    *text = m_state.myCryptoEngine.decryptToString(*bytes, &code).value_or(QString());
+    *content = deciphered(cipherText.dataValue(), kind, &code);
+    if (known && code == LegacySuccess)
+        *known = *content;
     return qint32(code);
 }
 
-qint32 ReleaseMigration::readNumber(const Dictionary &stored, const Key &key, qint64 *number)
+Value ReleaseMigration::deciphered(const QByteArray &bytes, FieldKind kind, quint32 *code)
 {
-    const auto bytes = cipherText(stored, key);
-    if (!bytes)
-        return DecryptUnreadableField;
-    quint32 code = 0;
-    *number = m_state.myCryptoEngine.decryptToLong(*bytes, &code);
-    return qint32(code);
+    const VLCrypto &engine = m_state.myCryptoEngine;
+    switch (kind) {
+    case TextField:
+        return Value(engine.decryptToString(bytes, code).value_or(QString()));
+    case NumberField:
+        return Value(engine.decryptToLong(bytes, code));
+    case ColorField: {
+        const auto archive = engine.decryptToData(bytes, code);
+        const auto color = archive ? Foundation::unarchivedRoot(*archive, m_colorBudget) : std::nullopt;
+        return color && color->color() ? *color : Value();
+    }
+    case FieldKinds:
+        break;
+    }
+    return {};
 }
 
 void adjustCategoriesFromOldRelease(Array &categories)

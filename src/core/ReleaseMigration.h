@@ -2,6 +2,10 @@
 
 #include "core/DocumentState.h"
 #include "core/FileLayout.h"
+#include "foundation/ReadBudget.h"
+
+#include <unordered_map>
+#include <unordered_set>
 
 // Reads documents of release 30000 and before, in which every field of every record is enciphered by itself
 // under VLCrypto, into records and categories as they are today. Works on the buffers of the state and
@@ -9,10 +13,7 @@
 class ReleaseMigration
 {
 public:
-    explicit ReleaseMigration(DocumentState &state)
-        : m_state(state)
-    {
-    }
+    explicit ReleaseMigration(DocumentState &state);
 
     // One of the three paths of old releases. 0, or the code of the first field that does not open: a wrong
     // password, or damage, which nothing tells apart. Takes the creation date, and then the captions, before
@@ -30,21 +31,34 @@ private:
     using Array = Foundation::Array;
     using Value = Foundation::Value;
 
+    enum FieldKind { TextField, NumberField, ColorField, FieldKinds };
+    // What shared buffers decipher to.
+    using Memo = std::unordered_map<const Foundation::RefCounted *, Value>;
+
     qint32 readCreationDate(DecryptPath path);
     qint32 readLabels();
     qint32 readRecords(DecryptPath path);
     qint32 readRecord(const Dictionary &stored, DecryptPath path, Dictionary &record);
     qint32 readCategories(DecryptPath path);
     qint32 readCategory(const Dictionary &stored, DecryptPath path, qint64 number, Dictionary &category);
-    qint32 readColor(const Dictionary &stored, const Foundation::Key &key, Dictionary &category);
-    // The field under that key; an absent one is an empty one.
-    qint32 readText(const Dictionary &stored, const Foundation::Key &key, QString *text);
-    qint32 readNumber(const Dictionary &stored, const Foundation::Key &key, qint64 *number);
+    // The dictionary of a record or category. Null for what no release wrote: another kind of value, a
+    // dictionary met before, or more of them than there are bytes for.
+    Foundation::Ref<Dictionary> takeEntry(const Value &entry);
+    // The field under that key; an absent one is an empty one. A buffer of several fields is deciphered once,
+    // so that a small file cannot ask for much.
+    qint32 readField(const Dictionary &stored, const Foundation::Key &key, FieldKind kind, Value *content);
+    // Null for a colour that cannot be read.
+    Value deciphered(const QByteArray &bytes, FieldKind kind, quint32 *code);
 
     DocumentState &m_state;
     Foundation::Ref<Array> m_records;
     Foundation::Ref<Array> m_categories;
     bool m_hasReplacedLabels = false;
+    Memo m_memos[FieldKinds];
+    Foundation::ReadBudget m_colorBudget;
+    std::unordered_set<const Foundation::RefCounted *> m_sharedEntries;
+    quint64 m_entryCount = 0;
+    quint64 m_cipherBytes = 0;
 };
 
 // What every read of an old release ends with, and the list controllers offer by themselves. The array holds

@@ -64,6 +64,10 @@ void SavePipeline::makeCheckPair()
 QByteArray SavePipeline::enciphered(const Value &root) const
 {
     const SecretBytes archive(Foundation::archivedData(root));
+    // A graph may have grown beyond what the reader takes, if the file that it came from was made by another
+    // hand. A reader must be found for what replaces a file.
+    if (!Foundation::unarchivedRoot(archive.bytes()))
+        return {};
     qint32 status = 0; // Nobody asks: an absent buffer tells, and canBeRead() looks for it.
     return m_state.myCommonCrypto->encrypt(archive.bytes(), &status).value_or(QByteArray());
 }

@@ -19,10 +19,12 @@ namespace
 EVP_CIPHER *blowfish()
 {
     static EVP_CIPHER *const cipher = [] {
+        ERR_set_mark();
         OSSL_LIB_CTX *const library = OSSL_LIB_CTX_new();
-        if (!library || !OSSL_PROVIDER_load(library, "legacy"))
-            return static_cast<EVP_CIPHER *>(nullptr);
-        return EVP_CIPHER_fetch(library, "BF-CBC", nullptr);
+        const bool isLoaded = library && OSSL_PROVIDER_load(library, "legacy");
+        EVP_CIPHER *const fetched = isLoaded ? EVP_CIPHER_fetch(library, "BF-CBC", nullptr) : nullptr;
+        ERR_pop_to_mark();
+        return fetched;
     }();
     return cipher;
 }

@@ -7,20 +7,6 @@
 namespace Foundation
 {
 
-namespace
-{
-
-qsizetype contentSizeOf(const Value &value)
-{
-    constexpr qsizetype Head = 10;
-    if (value.type() == Value::Type::Data)
-        return Head + value.dataValue().size();
-    const TextView text = value.text();
-    return Head + (text.units ? 2 * text.size : text.size);
-}
-
-} // namespace
-
 ArchiveNumbering::ArchiveNumbering(const Value &root)
     : m_objects(1, nullptr)
 {
@@ -49,8 +35,6 @@ ArchiveNumbering::Uid ArchiveNumbering::uidOf(const Value &value)
     switch (value.type()) {
     case Value::Type::Null:
         return 0;
-    case Value::Type::Opaque:
-        return value.color() ? append(value) : once(m_nullObject, value);
     case Value::Type::ArchivedNull:
         return once(m_nullObject, value);
     case Value::Type::Bool:
@@ -114,7 +98,8 @@ ArchiveNumbering::Uid ArchiveNumbering::append(const Value &value)
         useClass(ArchivedClass::Null);
         break;
     default:
-        m_contentSize += contentSizeOf(value);
+        constexpr qsizetype Head = 10;
+        m_contentSize += Head + value.contentBytes();
         break;
     }
     return Uid(m_objects.size() - 1);

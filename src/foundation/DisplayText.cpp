@@ -23,17 +23,22 @@ QString textOfDate(double secondsSince2001)
     return QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::ShortFormat);
 }
 
+// The entries may be few and long, of the same text at that.
 QString textOfArray(const Array &array)
 {
-    constexpr std::size_t MostEntries = 100;
-    QStringList texts;
+    constexpr int MostEntries = 100;
+    constexpr qsizetype MostUnits = 4096;
+    QString text;
+    int shown = 0;
     for (const Value &entry : array.values) {
-        if (texts.size() == qsizetype(MostEntries))
-            return texts.join(QStringLiteral(", ")) + QStringLiteral(", …");
+        if (shown++ > 0)
+            text += QStringLiteral(", ");
+        if (shown > MostEntries || text.size() > MostUnits)
+            return text + u'…';
         // Not what lies within arrays within this one: it may be any number of levels.
-        texts.append(entry.array() ? QStringLiteral("…") : displayText(entry));
+        text += entry.array() ? QStringLiteral("…") : displayText(entry).left(MostUnits);
     }
-    return texts.join(QStringLiteral(", "));
+    return text;
 }
 
 } // namespace

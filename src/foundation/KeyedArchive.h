@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/ReadBudget.h"
 #include "foundation/Value.h"
 
 #include <QByteArray>
@@ -27,6 +28,9 @@ namespace Foundation
 // 512, or sharing that expands beyond use. Time and memory are bounded by the size of `bytes`, whatever they
 // hold (see ReadBudget).
 std::optional<Value> unarchivedRoot(const QByteArray &bytes);
+// For many small archives of one origin: they share a budget, where each would have one that is ample for its
+// size. Nothing also once that is spent.
+std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget);
 
 // `root` may be Null. The graph below it must not contain itself.
 QByteArray archivedData(const Value &root);

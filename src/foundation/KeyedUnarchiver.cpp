@@ -90,7 +90,7 @@ ArchivedClass classNamed(QByteArrayView name)
 class Unarchiver
 {
 public:
-    static std::optional<Value> root(QByteArrayView bytes)
+    static std::optional<Value> root(QByteArrayView bytes, ReadBudget &budget)
     {
         const auto table = BinaryObjectTable::open(bytes);
         if (!table)
@@ -102,7 +102,7 @@ public:
         const auto rootUid = entry(*table, *top, "root");
         if (!rootUid || rootUid->kind != Kind::Uid)
             return std::nullopt;
-        Unarchiver unarchiver(*table, *objects, quint64(bytes.size()));
+        Unarchiver unarchiver(*table, *objects, quint64(bytes.size()), budget);
         const auto uid = unarchiver.uidOf(*rootUid);
         if (!uid)
             return std::nullopt;
@@ -110,11 +110,11 @@ public:
     }
 
 private:
-    Unarchiver(const BinaryObjectTable &table, const Object &objects, quint64 byteCount)
+    Unarchiver(const BinaryObjectTable &table, const Object &objects, quint64 byteCount, ReadBudget &budget)
         : m_table(table)
         , m_objects(objects)
         , m_memo(table.objectCount() + objects.count, byteCount)
-        , m_budget(byteCount)
+        , m_budget(budget)
     {
     }
 
@@ -165,7 +165,7 @@ private:
         const quint64 slot = isContainer ? m_table.objectCount() + uid : index;
         if (const Value *known = m_memo.find(slot))
             return m_memo.isWithinBounds() ? std::optional(*known) : std::nullopt;
-        const quint64 sizeBefore = m_memo.size();
+        const ObjectMemo::Extent before = m_memo.met();
         if (!m_memo.count())
             return std::nullopt;
         if (!isContainer) {
@@ -178,7 +178,7 @@ private:
             return std::nullopt;
         auto made = instance(object);
         if (made)
-            m_memo.close(slot, *made, sizeBefore);
+            m_memo.close(slot, *made, before);
         return made;
     }
 
@@ -444,7 +444,7 @@ private:
     const BinaryObjectTable &m_table;
     const Object m_objects;
     ObjectMemo m_memo; // texts by the number of their object, archived objects behind them by UID
-    ReadBudget m_budget;
+    ReadBudget &m_budget;
     std::unordered_map<quint64, ArchivedClass> m_classes;
     std::unordered_map<quint64, Key> m_keysByUid;
     std::shared_ptr<const KeyList> m_keys; // of the dictionary read last
@@ -461,15 +461,21 @@ private:
 
 std::optional<Value> unarchivedRoot(const QByteArray &bytes)
 {
+    ReadBudget budget(quint64(bytes.size()));
+    return unarchivedRoot(bytes, budget);
+}
+
+std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget)
+{
     if (BinaryObjectTable::looksLikeOne(bytes))
-        return Unarchiver::root(bytes);
+        return Unarchiver::root(bytes, budget);
     // XML archives come from other programs and are rare: they take the same road in binary form.
     auto list = readXmlPropertyList(bytes);
     if (!list)
         return std::nullopt;
     const QByteArray binary = writeBinaryPropertyList(*list);
     list.reset(); // So that it need not stay beside what is read from it.
-    return Unarchiver::root(binary);
+    return Unarchiver::root(binary, budget);
 }
 
 } // namespace Foundation

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "foundation/ReadBudget.h"
 #include "foundation/Value.h"
 
 #include <algorithm>
@@ -14,8 +15,9 @@ namespace Foundation
 //
 // Shared objects are made once and stay shared. Refused are objects that contain themselves, nesting beyond
 // any use, also where it comes together from objects that were read apart, and sharing that would expand
-// without bound (a list of two references to a list of two references and so on): somebody after the reader
-// walks over what was read, and destroying it recurses.
+// without bound (a list of two references to a list of two references and so on, or many records of one long
+// text): somebody after the reader walks over what was read, copies records and looks into every text, and
+// destroying it recurses.
 class ObjectMemo
 {
 public:
@@ -23,15 +25,29 @@ public:
     // Values met, expanded. Honest files have less than one value a byte.
     static constexpr quint64 FreeValues = 1'000'000;
     static constexpr quint64 ValuesPerByte = 4;
+    // What may be met again, in bytes of memory: as much as the file is long, and this.
+    static constexpr quint64 FreeRepeatedBytes = quint64(256) << 20;
+
+    // What was met so far, or what an object expands to, itself included.
+    struct Extent
+    {
+        quint64 values = 0;
+        quint64 bytes = 0;
+    };
 
     ObjectMemo(quint64 slotCount, quint64 byteCount)
         : m_slots(slotCount, Unknown)
-        , m_largestSize(FreeValues + ValuesPerByte * byteCount)
+        , m_mostValues(FreeValues + ValuesPerByte * byteCount)
+        , m_mostRepeatedBytes(FreeRepeatedBytes + byteCount)
     {
     }
 
     // Counts one more value. False when there are too many.
-    [[nodiscard]] bool count() noexcept { return ++m_size <= m_largestSize; }
+    [[nodiscard]] bool count() noexcept
+    {
+        m_met.bytes += ReadBudget::DictionaryEntry;
+        return ++m_met.values <= m_mostValues;
+    }
 
     // The value that was remembered, or null. What it expands to counts again: ask isWithinBounds().
     const Value *find(quint64 slot) noexcept
@@ -40,13 +56,16 @@ public:
         if (place < FirstMade)
             return nullptr;
         const Made &made = m_made[place - FirstMade];
-        m_size += made.weight;
+        m_met.values += made.extent.values;
+        m_met.bytes += made.extent.bytes;
+        m_repeatedBytes += made.extent.bytes;
         noteHeight(made.height);
         return &made.value;
     }
     [[nodiscard]] bool isWithinBounds() const noexcept
     {
-        return m_size <= m_largestSize && m_depth + m_heights[std::size_t(m_depth)] <= DeepestNesting;
+        return m_met.values <= m_mostValues && m_repeatedBytes <= m_mostRepeatedBytes &&
+               m_depth + m_heights[std::size_t(m_depth)] <= DeepestNesting;
     }
 
     // Around the reading of a container. False: it is being read already, or nested too deep.
@@ -58,22 +77,30 @@ public:
         m_heights[std::size_t(++m_depth)] = 0;
         return true;
     }
-    // `sizeAtOpening`: what size() gave before.
-    void close(quint64 slot, const Value &value, quint64 sizeAtOpening)
+    // `atOpening`: what met() gave before.
+    void close(quint64 slot, const Value &value, const Extent &atOpening)
     {
         const int height = m_heights[std::size_t(m_depth--)] + 1;
         noteHeight(height);
-        remember(slot, {value, m_size - sizeAtOpening, height});
+        m_met.bytes += ReadBudget::Container;
+        const Extent extent{m_met.values - atOpening.values, m_met.bytes - atOpening.bytes};
+        remember(slot, {value, extent, height});
     }
-    void rememberScalar(quint64 slot, const Value &value) { remember(slot, {value, 1, 0}); }
-    quint64 size() const noexcept { return m_size; }
+    // Of a value just counted.
+    void rememberScalar(quint64 slot, const Value &value)
+    {
+        const auto content = quint64(value.contentBytes());
+        m_met.bytes += content;
+        remember(slot, {value, {1, ReadBudget::DictionaryEntry + content}, 0});
+    }
+    const Extent &met() const noexcept { return m_met; }
 
 private:
     struct Made
     {
         Value value;
-        quint64 weight; // the values it expands to, itself included
-        int height;     // levels of containers, itself included
+        Extent extent;
+        int height; // levels of containers, itself included
     };
     static constexpr quint32 Unknown = 0;
     static constexpr quint32 Open = 1;
@@ -92,8 +119,10 @@ private:
 
     std::vector<quint32> m_slots;
     std::vector<Made> m_made;
-    quint64 m_size = 0;
-    quint64 m_largestSize;
+    Extent m_met;
+    quint64 m_mostValues;
+    quint64 m_repeatedBytes = 0;
+    quint64 m_mostRepeatedBytes;
     int m_depth = 0;
     std::array<int, DeepestNesting + 1> m_heights =
         {}; // by depth: the tallest content so far of what is open there

@@ -56,7 +56,7 @@ public:
             return std::nullopt;
         if (const Value *known = m_memo.find(index))
             return m_memo.isWithinBounds() ? std::optional(*known) : std::nullopt;
-        const quint64 sizeBefore = m_memo.size();
+        const ObjectMemo::Extent before = m_memo.met();
         if (!m_memo.count())
             return std::nullopt;
         if (object.kind == Kind::Array || object.kind == Kind::Dictionary) {
@@ -64,7 +64,7 @@ public:
                 return std::nullopt;
             auto container = object.kind == Kind::Array ? array(object) : dictionary(object);
             if (container)
-                m_memo.close(index, *container, sizeBefore);
+                m_memo.close(index, *container, before);
             return container;
         }
         if (object.kind == Kind::Uid) {

@@ -22,6 +22,7 @@ public:
     void retain() const noexcept { ++m_references; }
     // True when the last reference has gone: the caller then destroys the object.
     [[nodiscard]] bool release() const noexcept { return --m_references == 0; }
+    bool hasSeveralOwners() const noexcept { return m_references > 1; }
 
     mutable quint32 visitMark = 0;
 

@@ -1,6 +1,7 @@
 #include "foundation/SortOrder.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace Foundation
 {
@@ -20,7 +21,9 @@ void SortOrder::makeRow(const Dictionary &object, Row &row) const
     for (const SortDescriptor &descriptor : m_descriptors) {
         Value value = descriptor.derivedText ? Value(descriptor.derivedText(object))
                                              : object.valueForKeyPath(descriptor.keyPath);
-        const double number = value.isDate() ? value.dateValue() : value.isNumber() ? value.doubleValue() : 0;
+        double number = value.isDate() ? value.dateValue() : value.isNumber() ? value.doubleValue() : 0;
+        if (std::isnan(number))
+            number = 0; // What compares with nothing would leave the rest without an order.
         QCollatorSortKey text = m_collator.sortKey(value.stringValue());
         row.keys.push_back({std::move(value), number, std::move(text)});
     }

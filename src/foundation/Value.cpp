@@ -273,6 +273,21 @@ Ref<ColorObject> Value::color() const noexcept
     return Ref<ColorObject>(dynamic_cast<ColorObject *>(opaque().get()));
 }
 
+qsizetype Value::contentBytes() const noexcept
+{
+    if (kind() == Kind::Data)
+        return static_cast<const DataBox *>(shared())->bytes.size();
+    const TextView view = text();
+    return view.units ? 2 * view.size : view.size;
+}
+
+qint32 Value::intValue() const
+{
+    using Limits = std::numeric_limits<qint32>;
+    const qint64 number = longValue();
+    return qint32(isString() ? std::clamp<qint64>(number, Limits::min(), Limits::max()) : number);
+}
+
 qint64 Value::longValue() const
 {
     switch (kind()) {

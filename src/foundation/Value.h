@@ -33,8 +33,9 @@ struct TextView
 // surrogates and NULs included.
 //
 // Reading never fails: a value of another type reads as the number 0, false, a null text or a null reference.
-// Number readings follow the platform's: narrowing keeps the low bits, a real is cut toward zero (and held at
-// the ends of the range, NaN as 0), a text reads as the number that it begins with.
+// Number readings follow the platform's: narrowing keeps the low bits of a number, a real is cut toward zero
+// (and held at the ends of the range, NaN as 0), a text reads as the number that it begins with, held at the
+// ends of the range that is asked for.
 class Value
 {
 public:
@@ -123,7 +124,7 @@ public:
 
     bool boolValue() const;
     qint16 shortValue() const { return qint16(longValue()); }
-    qint32 intValue() const { return qint32(longValue()); }
+    qint32 intValue() const;
     qint64 longValue() const;
     quint64 unsignedLongValue() const;
     float floatValue() const { return float(doubleValue()); }
@@ -140,6 +141,8 @@ public:
     Ref<ColorObject> color() const noexcept;
     // Empty unless this is a text.
     TextView text() const noexcept;
+    // What the characters of a text or the bytes of data take; 0 of anything else.
+    qsizetype contentBytes() const noexcept;
 
     // Equal type and content; arrays and dictionaries by identity. Numbers compare only within their kind.
     friend bool operator==(const Value &a, const Value &b) noexcept;

@@ -245,6 +245,14 @@ void MyDocument::doLockDocument()
     if (isDecrypted() && !plainPassword().isEmpty() && !fileURL().isNull())
         setOSXPlatformDictionary(SavePipeline::platformDictionary(windowPlacement()));
     pipeline.encryptData();
+    if (!lastDataCanBeRead()) {
+        // Behind the lock would be nothing that opens.
+        showAlert({tr("The document “%1” could not be locked.").arg(displayName()),
+                   tr("It could not be enciphered."),
+                   {tr("OK")}},
+                  [](int) {});
+        return;
+    }
     setYouCanSave(false);
     setIsEncrypted(true);
     if (!window())
@@ -308,16 +316,23 @@ std::optional<QByteArray> MyDocument::dataOfType(const QString &)
 
 bool MyDocument::readFromData(const QByteArray &bytes, const QString &, QString *reason)
 {
-    const ReadOutcome outcome = readDocument(bytes, mutableState());
+    // An open document goes on with what it has where its file turns out to be none that it can go back to.
+    DocumentState trial;
+    const bool isReverting = window() != nullptr;
+    ReadOutcome outcome = readDocument(bytes, isReverting ? trial : mutableState());
+    if (isReverting && outcome == ReadOutcome::Loaded)
+        outcome = readDocument(bytes, mutableState());
     if (outcome == ReadOutcome::NotADocument) {
         *reason = tr("It is not a Vexarel document or is damaged.");
         return false;
     }
-    if (window())
-        window()->setToolbarVisible(false);
-    Q_EMIT isEncryptedChanged();
-    if (outcome == ReadOutcome::Loaded)
+    if (outcome == ReadOutcome::Loaded) {
+        if (window())
+            window()->setToolbarVisible(false);
+        Q_EMIT isEncryptedChanged();
+        Q_EMIT myLabelDictionaryChanged();
         return true;
+    }
     *reason = QString(); // The user is told here.
     // The alert opens the maker's site itself, so that it is asked for twice.
     if (VLAppSupportUtility::sayFilecreatedWithANewerVersion(this))

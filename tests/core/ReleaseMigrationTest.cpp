@@ -170,8 +170,12 @@ TEST(ReleaseMigration, ADateThatDoesNotMatchIsNullAndCanBeSaved)
         EXPECT_TRUE(saved.state.documentCreationDate.isNull());
     }
     OldDocument old = filledDocument(1100);
-    old.root->setValue(FileKey::crtnDt, Value());
+    old.root->setValue(FileKey::crtnDt, old.text(QStringLiteral("2008-07-14 13:00:00 UTC")));
     TestDocument document = old.opened();
+    EXPECT_EQ(document.openWith(Password), 0);
+    EXPECT_EQ(document.state.documentCreationDate, Value::date(237733200)) << "this release counted to 24";
+    old.root->setValue(FileKey::crtnDt, Value());
+    document = old.opened();
     EXPECT_EQ(document.openWith(Password), 0);
     EXPECT_TRUE(document.state.documentCreationDate.isNull());
 }
@@ -245,6 +249,45 @@ TEST(ReleaseMigration, AColourThatCannotBeReadIsTheDefault)
     ASSERT_EQ(document.openWith(Password), 0);
     EXPECT_EQ(document.category(0)->valueForKeyPath(u"cat_backColor.g").doubleValue(), 0.75);
     EXPECT_EQ(document.category(0)->valueForKeyPath(u"cat_textColor.a").doubleValue(), 1);
+}
+
+TEST(ReleaseMigration, CaptionsDoNotOutliveARevertToAFileWithoutThem)
+{
+    for (const quint64 version : {1000, 1100}) {
+        const OldDocument old = filledDocument(version);
+        TestDocument document = old.opened();
+        ASSERT_EQ(document.openWith(Password), 0);
+        document.state.myLabelDictionary->setValue(u"company", QStringLiteral("Firma:"));
+        ASSERT_EQ(readDocument(Foundation::archivedData(old.root), document.state), ReadOutcome::Loaded);
+        ASSERT_EQ(document.openWith(Password), 0);
+        EXPECT_EQ(document.state.myLabelDictionary->value(u"company").stringValue(), u"Company:");
+    }
+}
+
+TEST(ReleaseMigration, DeciphersWhatFieldsShareOnce)
+{
+    OldDocument old = filledDocument(30000);
+    const Value note = old.text(QStringLiteral("a note of more than a few letters"));
+    for (const Value &record : old.records->values)
+        record.dictionary()->setValue(RecordKey::note, note);
+    TestDocument document = old.opened();
+    ASSERT_EQ(document.openWith(Password), 0);
+    const auto noteOf = [&document](qsizetype i) { return document.record(i)->value(RecordKey::note); };
+    EXPECT_EQ(noteOf(0), Value(QStringLiteral("a note of more than a few letters")));
+    EXPECT_EQ(noteOf(0).sharedObject(), noteOf(2).sharedObject());
+
+    old.records->values.push_back(old.records->values.front());
+    EXPECT_EQ(old.opened().openWith(Password), 2) << "no release wrote a record twice";
+}
+
+TEST(ReleaseMigration, RefusesMoreRecordsThanThereAreBytesFor)
+{
+    OldDocument old(30000);
+    for (int i = 0; i < 250'001; ++i)
+        old.records->values.emplace_back(Dictionary::create());
+    EXPECT_EQ(old.opened().openWith(Password), 2);
+    old.records->values.pop_back();
+    EXPECT_EQ(old.opened().openWith(Password), 0);
 }
 
 TEST(ReleaseMigration, AdjustsOnlyWhatIsMissing)

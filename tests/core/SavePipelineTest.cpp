@@ -307,6 +307,20 @@ TEST(SavePipeline, AMissingBufferLeavesItsKeyOutAndIsFoundByTheGuard)
     }
 }
 
+TEST(SavePipeline, WhatNoReaderWouldTakeIsFoundByTheGuard)
+{
+    TestDocument document = TestDocument::filled();
+    Value nested = Foundation::Array::create();
+    for (int level = 0; level < 600; ++level)
+        nested = Foundation::Array::create({nested});
+    document.record(0)->setValue(RecordKey::note, nested);
+    document.save();
+    EXPECT_FALSE(SavePipeline::canBeRead(document.state));
+    document.record(0)->setValue(RecordKey::note, Value());
+    document.save();
+    EXPECT_TRUE(SavePipeline::canBeRead(document.state));
+}
+
 TEST(SavePipeline, DocumentsWithoutPasswordOrDateCanBeReadAgain)
 {
     TestDocument document = TestDocument::filled();

@@ -10,8 +10,6 @@
 
 #include <QLocale>
 
-#include <clocale>
-
 using namespace Foundation;
 
 namespace
@@ -58,7 +56,8 @@ std::optional<Color> colorIn(const QByteArray &bytes)
 
 TEST(ArchivedColor, IsReadInEverySpace)
 {
-    setlocale(LC_NUMERIC, "de_DE.UTF-8");
+    const QLocale former;
+    QLocale::setDefault(QLocale::German);
     for (const auto &c : colorCases) {
         SCOPED_TRACE(c.rule);
         KeyedArchiveBuilder archive;
@@ -68,7 +67,7 @@ TEST(ArchivedColor, IsReadInEverySpace)
         const auto named = placeColor(archive, 6, "NSColor", archive.referenceTo(uid));
         EXPECT_EQ(colorIn(archive.bytes(named)), c.color);
     }
-    setlocale(LC_NUMERIC, "C");
+    QLocale::setDefault(former);
     KeyedArchiveBuilder itself;
     placeColor(itself, 6, "NSColor", itself.referenceTo(itself.nextUid() + 1));
     EXPECT_EQ(unarchivedRoot(itself.bytes(itself.nextUid() - 1)), std::nullopt) << "named after itself";

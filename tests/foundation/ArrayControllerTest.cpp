@@ -92,6 +92,19 @@ TEST(ArrayController, SelectionStaysWithItsObjectsOverRearrangements)
     EXPECT_EQ(controller.arrangedObjects().size(), 3U);
 }
 
+TEST(ArrayController, SortsNumbersAroundOneThatIsNone)
+{
+    Controller controller;
+    controller.fill({"", "", ""});
+    controller.content()->values[0].dictionary()->setValue(u"name", Value(2.0));
+    controller.content()->values[1].dictionary()->setValue(u"name", Value(std::nan("")));
+    controller.content()->values[2].dictionary()->setValue(u"name", Value(-1.0));
+    controller.setSortDescriptors({{QStringLiteral("name"), true}});
+    const auto &arranged = controller.arrangedObjects();
+    EXPECT_EQ(arranged[0]->value(u"name"), Value(-1.0));
+    EXPECT_EQ(arranged[2]->value(u"name"), Value(2.0));
+}
+
 TEST(ArrayController, ValuesOfSeveralSelectedObjectsAreOneOrMixed)
 {
     Controller controller;

@@ -187,6 +187,16 @@ TEST_F(HostileArchive, ExpandingWithoutBoundIsRefused)
         EXPECT_EQ(isRead(archive.bytes(uid)), doublings == 15);
         EXPECT_EQ(isReadAsList(list.bytes(number)), doublings == 15);
     }
+    // One long text in many records, which somebody is going to search.
+    for (const std::size_t records : {100, 300}) {
+        KeyedArchiveBuilder archive;
+        const Uid text = archive.text(QByteArray(1 << 20, 'x').constData());
+        const Uid key = archive.text("note");
+        Uids uids;
+        for (std::size_t i = 0; i < records; ++i)
+            uids.push_back(archive.dictionary({key}, {text}));
+        EXPECT_EQ(isRead(archive.bytes(archive.array(uids))), records == 100);
+    }
 }
 
 constexpr int Many = 100'000;
@@ -261,7 +271,8 @@ TEST_F(HostileArchive, AskingForTheSameBytesWithoutEndIsRefused)
     EXPECT_FALSE(isReadAsList(list.bytes(list.array(texts))));
     EXPECT_FALSE(isReadAsList(list.bytes(list.dictionary(texts, texts))));
     const PropertyListBuilder::Numbers same(Many, text);
-    EXPECT_TRUE(isReadAsList(list.bytes(list.dictionary(same, same)))) << "one text, read and hashed once";
+    const PropertyListBuilder::Numbers values(Many, list.ascii("x"));
+    EXPECT_TRUE(isReadAsList(list.bytes(list.dictionary(same, values)))) << "one text, read and hashed once";
 }
 
 // What costs far more memory than bytes.

@@ -12,6 +12,8 @@ using namespace Foundation;
 namespace
 {
 
+constexpr qint32 IntMax = std::numeric_limits<qint32>::max();
+constexpr qint32 IntMin = std::numeric_limits<qint32>::min();
 constexpr qint64 LongMax = std::numeric_limits<qint64>::max();
 constexpr qint64 LongMin = std::numeric_limits<qint64>::min();
 constexpr double Infinity = std::numeric_limits<double>::infinity();
@@ -53,8 +55,8 @@ TEST(Value, ReadsAsTheNumberAskedFor)
         {"text: words for reals are no numbers", Value(u"infinity"_qs), 0, 0, 0, 0, false},
         {"text: nor is nan", Value(u"nan"_qs), 0, 0, 0, 0, false},
         {"text: no hexadecimal", Value(u"0x10"_qs), 0, 0, 0, 0, false},
-        {"text: too large", Value(u"9223372036854775808"_qs), LongMax, -1, -1, 0x1p63, true},
-        {"text: too small", Value(u"-9999999999999999999"_qs), LongMin, 0, 0, -1e19, true},
+        {"text: too large", Value(u"9223372036854775808"_qs), LongMax, IntMax, -1, 0x1p63, true},
+        {"text: too small", Value(u"-9999999999999999999"_qs), LongMin, IntMin, 0, -1e19, true},
         {"text: real beyond range", Value(u"-1e999"_qs), -1, -1, -1, -Infinity, true},
         {"text: real below range", Value(u"0.1e-999"_qs), 0, 0, 0, 0, false},
         {"text: no digit of ours", Value(QString(u'\u0665')), 0, 0, 0, 0, false},

@@ -178,7 +178,31 @@ TEST_F(Locking, RevertingEndsLockedWithTheContentOfTheFile)
     window->answer(1000);
     EXPECT_TRUE(document->isDecrypted()) << "nothing is lost with the file";
     EXPECT_EQ(note(), u"changed");
-    EXPECT_TRUE(window->hasAlert());
+    window->answer(1000);
+
+    ASSERT_TRUE(QFile::copy(QStringLiteral(VEXAREL_TEST_DATA "/documents/version-refused-30601.vexcards"),
+                            pathOf("locked.vexcards")));
+    modalAlerts.nextAnswers = {1001};
+    document->revertDocumentToSaved({});
+    window->answer(1000);
+    EXPECT_EQ(modalAlerts.shown.size(), 1) << "of a newer release";
+    EXPECT_TRUE(document->isDecrypted());
+    EXPECT_TRUE(document->YouCanSave());
+    EXPECT_EQ(note(), u"changed");
+}
+
+TEST_F(Locking, WhatCouldNotBeOpenedAgainIsNotLocked)
+{
+    savedDocument();
+    Foundation::Value nested = Foundation::Array::create();
+    for (int level = 0; level < 600; ++level)
+        nested = Foundation::Array::create({nested});
+    document->myArrayController()->arrangedObjects()[0]->setValue(RecordKey::note, nested);
+    document->lockAutomatically();
+    queue.drain();
+    EXPECT_TRUE(document->isDecrypted());
+    EXPECT_EQ(window->alert().message, u"The document “locked.vexcards” could not be locked.");
+    EXPECT_EQ(document->myArray()->count(), 1);
 }
 
 TEST_F(Locking, SavingAndReopeningShowsTheOpenDocument)

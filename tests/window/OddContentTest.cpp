@@ -6,6 +6,7 @@
 #include "window/RecordTable.h"
 #include "window/WindowTest.h"
 
+#include <QJsonDocument>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProcess>
@@ -63,6 +64,8 @@ TEST_F(OddContentTest, ValuesOfOtherKindsAreShownAndKept)
     record->setValue(RecordKey::emailWork, Value::date(1e300));
     record->setValue(RecordKey::webWork, Value(QByteArray("bytes")));
     record->setValue(RecordKey::note, numbers);
+    const Value longText(QString(100'000, u'x'));
+    record->setValue(RecordKey::addressWork, Array::create({longText, longText, longText}));
     record->setValue(RecordKey::company, Dictionary::create());
     record->setValue(RecordKey::isCompany, Value(QStringLiteral("0")));
     record->setValue(RecordKey::lastName, Value(qint64(1815)));
@@ -92,6 +95,7 @@ TEST_F(OddContentTest, ValuesOfOtherKindsAreShownAndKept)
     EXPECT_EQ(field("emailWork"), u"1e+300");
     EXPECT_EQ(field("webWork"), u"");
     EXPECT_EQ(control<QPlainTextEdit>("note")->toPlainText(), u"1, 2, …");
+    EXPECT_LT(control<QPlainTextEdit>("addressWork")->toPlainText().size(), 10'000);
     EXPECT_EQ(control<QLabel>("phoneWorkLabel")->text(), u"7");
     EXPECT_EQ(control<QComboBox>("category")->currentText(), u"42");
     window()->grab(); // every label and card gets painted
@@ -153,13 +157,15 @@ TEST_F(OddContentTest, DocumentsOfOldReleasesAreOpenedEditedAndSaved)
                      {QStringLiteral(VEXAREL_SOURCE_DIR "/tests/core/read_document.py"), path, c.password});
         ASSERT_TRUE(reader.waitForFinished());
         EXPECT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().constData();
-        QByteArray read = reader.readAllStandardOutput();
+        const QByteArray read = reader.readAllStandardOutput();
         EXPECT_TRUE(read.contains(R"("lastName":"\u00c5ngstr\u00f6m")"));
-        EXPECT_EQ(read.count(R"("category":)"), json().count(R"("category":)"));
         // After a lock it is a current document, whatever the file was.
         document()->doLockDocument();
         unlock(c.password);
-        EXPECT_TRUE(document()->isDecrypted());
+        ASSERT_TRUE(document()->isDecrypted());
+        const QByteArray shown = json().replace("$real32", "$real"); // That program knows one kind of reals.
+        EXPECT_EQ(QJsonDocument::fromJson(read).toJson().toStdString(),
+                  QJsonDocument::fromJson(shown).toJson().toStdString());
         document()->close();
         ASSERT_TRUE(eventually([this] { return document() == nullptr; }));
     }
