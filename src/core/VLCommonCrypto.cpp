@@ -161,13 +161,13 @@ void VLCommonCrypto::setPasswordToDecrypt(const QString &password, const QByteAr
 std::optional<QByteArray> VLCommonCrypto::encrypt(const QByteArray &data, qint32 *error)
 {
     quint32 padding = CipherPKCS7Padding;
-    return doCipher(data, m_password.toUtf8(), CipherEncrypt, &padding, error);
+    return doCipher(data, QByteArray(), CipherEncrypt, &padding, error);
 }
 
 std::optional<QByteArray> VLCommonCrypto::decrypt(const QByteArray &data, qint32 *error)
 {
     quint32 padding = CipherPKCS7Padding;
-    return doCipher(data, m_password.toUtf8(), CipherDecrypt, &padding, error);
+    return doCipher(data, QByteArray(), CipherDecrypt, &padding, error);
 }
 
 std::optional<QByteArray> VLCommonCrypto::encrypt(const QByteArray &data, const QByteArray &key,

@@ -67,31 +67,39 @@ std::optional<QByteArray> Document::bytesToWrite(QString *reason)
     if (!reason->isNull())
         return std::nullopt;
     auto bytes = dataOfType(autosavingFileType());
-    if (bytes && lastDataCanBeRead())
+    if (!bytes || !lastDataCanBeRead())
+        *reason = tr("It could not be enciphered.");
+    else if (bytes->size() > LargestFile)
+        *reason = tr("It has grown too large: such a file could not be opened again.");
+    else
         return bytes;
-    *reason = tr("It could not be enciphered.");
     return std::nullopt;
 }
 
-bool Document::isFileUntouched() const
+bool Document::isOurs(const std::optional<FileIdentity> &file) const
 {
-    const auto present = identityOfFile(m_fileURL);
-    return present && m_fileIdentity && present->hasSameContentAs(*m_fileIdentity);
+    return file && m_fileIdentity && file->hasSameContentAs(*m_fileIdentity);
 }
 
 bool Document::autosave(QString *reason)
 {
     *reason = QString();
-    if (!isDocumentEdited() || m_isAsking || autosavingFileType().isNull())
+    if (!isDocumentEdited() || autosavingFileType().isNull())
         return true;
-    if (!m_fileURL.isNull() && isFileUntouched() && writeToFile(QString(m_fileURL), reason))
-        return true;
-    if (reason->isNull())
-        return writeRecoveryFile(reason);
-    // The user is told of the file, and the changes are safe all the same if they can be.
-    QString ignored;
-    writeRecoveryFile(&ignored);
-    return false;
+    const auto isFileOurs = [this] {
+        return !m_isAsking && !m_fileURL.isNull() && isOurs(identityOfFile(m_fileURL));
+    };
+    if (isFileOurs()) {
+        if (writeToFile(QString(m_fileURL), reason, m_fileIdentity))
+            return true;
+        if (isFileOurs()) {
+            // The user is told of the file, and the changes are safe all the same if they can be.
+            QString ignored;
+            writeRecoveryFile(&ignored);
+            return false;
+        }
+    }
+    return writeRecoveryFile(reason);
 }
 
 bool Document::writeRecoveryFile(QString *reason)
@@ -133,12 +141,12 @@ void Document::ask(const Alert &alert, AlertAnswer answered)
     });
 }
 
-bool Document::writeToFile(const QString &path, QString *reason)
+bool Document::writeToFile(const QString &path, QString *reason, const std::optional<FileIdentity> &expected)
 {
     const auto bytes = bytesToWrite(reason);
     if (!bytes)
         return false;
-    const FileWriteResult result = writeFileDurably(path, *bytes);
+    const FileWriteResult result = writeFileDurably(path, *bytes, expected);
     // A result may carry both: the new content is in place, though perhaps not for good.
     if (result.identity) {
         m_fileURL = QFileInfo(path).absoluteFilePath();
@@ -220,12 +228,14 @@ void Document::performClose(const ActionSender &)
 
 void Document::undo(const ActionSender &)
 {
-    m_undoManager.undo();
+    if (validateUserInterfaceItem(QStringLiteral("undo")))
+        m_undoManager.undo();
 }
 
 void Document::redo(const ActionSender &)
 {
-    m_undoManager.redo();
+    if (validateUserInterfaceItem(QStringLiteral("redo")))
+        m_undoManager.redo();
 }
 
 void Document::saveWithCompletion(Completion completion)
@@ -234,9 +244,10 @@ void Document::saveWithCompletion(Completion completion)
         saveAsWithCompletion(completion);
         return;
     }
-    confirmOverwriting([this, completion = std::move(completion)](bool confirmed) {
+    const auto present = identityOfFile(m_fileURL);
+    confirmOverwriting(present, [this, present, completion = std::move(completion)](bool confirmed) {
         if (confirmed)
-            saveToPath(m_fileURL, completion);
+            saveToPath(m_fileURL, completion, present);
         else
             completion(false);
     });
@@ -260,10 +271,11 @@ void Document::saveAsWithCompletion(const Completion &completion)
     });
 }
 
-void Document::saveToPath(const QString &path, const Completion &completion)
+void Document::saveToPath(const QString &path, const Completion &completion,
+                          const std::optional<FileIdentity> &expected)
 {
     QString reason;
-    if (writeToFile(path, &reason))
+    if (writeToFile(path, &reason, expected))
         completion(true);
     else
         sayNotSaved(reason, completion);
@@ -279,10 +291,10 @@ void Document::sayNotSaved(const QString &reason, const Completion &completion)
     m_window->beginAlert(alert, [completion](int) { completion(false); });
 }
 
-void Document::confirmOverwriting(std::function<void(bool)> answered)
+void Document::confirmOverwriting(const std::optional<FileIdentity> &present,
+                                  std::function<void(bool)> answered)
 {
-    const auto present = identityOfFile(m_fileURL);
-    const bool isUntouched = isFileUntouched();
+    const bool isUntouched = isOurs(present);
     if (isUntouched || !m_window) {
         answered(isUntouched);
         return;
@@ -325,7 +337,10 @@ void Document::close()
     if (m_isClosed)
         return;
     m_isClosed = true;
-    dropRecoveryFile();
+    if (keepsRecoveryFile())
+        m_recoveryFile = nullptr;
+    else
+        dropRecoveryFile();
     if (m_window)
         m_window->close();
     m_window = nullptr;

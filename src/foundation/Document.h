@@ -69,17 +69,21 @@ public:
 
     // False with *reason as above.
     bool readFromFile(const QString &path, QString *reason);
-    // Saves to `path`, which becomes the document's file. False with *reason in plain words.
-    bool writeToFile(const QString &path, QString *reason);
+    // Saves to `path`, which becomes the document's file. A file there that is not the expected one, if one
+    // is given, stays. False with *reason in plain words.
+    bool writeToFile(const QString &path, QString *reason,
+                     const std::optional<FileIdentity> &expected = std::nullopt);
 
     // Saves changes without being asked, where autosavingFileType() permits it: to the document's own file,
-    // which counts as saved; or, if it has none, or somebody else touched that, or it cannot be written, to a
-    // recovery file, which does not count. True if there is nothing to do, or not now because the user is
-    // being asked about the changes. False with *reason in plain words.
+    // which counts as saved; or, if it has none, or somebody else touched that, or it cannot be written, or
+    // the user is being asked about the changes, to a recovery file, which does not count. True if there is
+    // nothing to do. False with *reason in plain words.
     bool autosave(QString *reason);
     // Takes the content of a recovery file: a document without a name that keeps the file until it gets one
     // or is closed. False with *reason as above.
     bool recover(std::unique_ptr<RecoveryFile> file, QString *reason);
+    // Whether the recovery file outlives a close, to be offered again: nobody has decided about it.
+    virtual bool keepsRecoveryFile() const { return false; }
     // There is something that only the recovery file has.
     bool isRecoverable() const { return m_recoveryFile != nullptr; }
 
@@ -116,16 +120,18 @@ private:
     void revert();
     // Nothing, with *reason, if it cannot be written now or never be opened again.
     std::optional<QByteArray> bytesToWrite(QString *reason);
-    bool isFileUntouched() const;
+    // Whether it has the content that this document read or wrote last.
+    bool isOurs(const std::optional<FileIdentity> &file) const;
     bool writeRecoveryFile(QString *reason);
     void dropRecoveryFile();
-    // Shows a question about the document's changes, during which they are not saved.
+    // Shows a question about the document's changes, during which its file stays as it is.
     void ask(const Alert &alert, AlertAnswer answered);
     void saveAsWithCompletion(const Completion &completion);
-    void saveToPath(const QString &path, const Completion &completion);
+    void saveToPath(const QString &path, const Completion &completion,
+                    const std::optional<FileIdentity> &expected = std::nullopt);
     void sayNotSaved(const QString &reason, const Completion &completion);
-    // Asks if the file is no longer the one that was read.
-    void confirmOverwriting(std::function<void(bool)> answered);
+    // Asks if what is in the file's place now is no longer what was read.
+    void confirmOverwriting(const std::optional<FileIdentity> &present, std::function<void(bool)> answered);
 
     QString m_fileURL;
     std::optional<FileIdentity> m_fileIdentity;

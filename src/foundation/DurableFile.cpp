@@ -151,7 +151,8 @@ FileReadResult readRegularFile(const QString &path, qint64 maxBytes, FileSystem 
     return result;
 }
 
-FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes, FileSystem &files)
+FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes,
+                                 const std::optional<FileIdentity> &expected, FileSystem &files)
 {
     FileWriteResult result;
     const std::optional<QByteArray> name = encodedPath(path);
@@ -163,7 +164,8 @@ FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes, F
         return result;
     }
     FileReplacement replacement(files);
-    if (replacement.locate(*name) && replacement.examineOldFile() && replacement.writeTemporaryFile(bytes))
+    if (replacement.locate(*name) && replacement.examineOldFile(expected) &&
+        replacement.writeTemporaryFile(bytes))
         result.identity = replacement.putInPlace();
     result.error = replacement.error();
     return result;

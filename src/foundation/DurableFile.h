@@ -51,16 +51,16 @@ struct FileWriteResult
 // - The folder must be writable, and readable to be flushed. There is no second way that writes into the old
 //   file, since an interruption would damage it.
 // - A file that the user may not write is refused, although its folder would permit the replacement. So is
-// one
-//   without any write permission, even for the system administrator: somebody wanted it to stay.
-// - A file that another program changes while this one is written is not replaced. Whether it changed since
-//   it was read is for the caller to find out before, with identityOfFile.
+//   one without any write permission, even for the system administrator: somebody wanted it to stay.
+// - A file that another program changes while this one is written is not replaced, nor is one that is there
+//   but has not the content of `expected`, if that is given. One that was removed is made again.
 // - A flush that failed is never repeated on the same file, since the system may have dropped the data and
 //   then report success. The next save writes a fresh file.
 //
 // A killed process leaves a file named ".vexarel-" and 16 hexadecimal digits in the folder. Nothing removes
 // it automatically: it may be the one that another process is writing.
 FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes,
+                                 const std::optional<FileIdentity> &expected = std::nullopt,
                                  FileSystem &files = FileSystem::system());
 
 } // namespace Foundation

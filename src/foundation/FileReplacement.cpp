@@ -91,7 +91,7 @@ bool FileReplacement::followLinks(QByteArray &path)
     return fail(folderErrorText(ELOOP));
 }
 
-bool FileReplacement::examineOldFile()
+bool FileReplacement::examineOldFile(const std::optional<FileIdentity> &expected)
 {
     struct stat status;
     if (uninterrupted([&] { return m_files.fstatAt(m_folder.get(), m_name.constData(), &status); }) < 0)
@@ -107,6 +107,8 @@ bool FileReplacement::examineOldFile()
     if (uninterrupted([&] { return m_files.accessAt(m_folder.get(), m_name.constData(), W_OK); }) < 0)
         return fail(fileErrorText(errno, readOnly, missingFolderText()));
     m_oldFile = FileIdentity::fromStatus(status);
+    if (expected && !m_oldFile->hasSameContentAs(*expected))
+        return fail(interferenceText());
     if (const int error = m_rights.takeFrom(m_folder.get(), m_name.constData(), status, m_files))
         return fail(writeErrorText(error));
     return true;

@@ -27,8 +27,8 @@ public:
 
     // Follows links to the real file, which need not exist, and opens its folder.
     bool locate(const QByteArray &path);
-    // Refuses what must not be replaced, and takes the rights of what may be.
-    bool examineOldFile();
+    // Refuses what must not be replaced, or is not the expected file, and takes the rights of what may be.
+    bool examineOldFile(const std::optional<FileIdentity> &expected);
     // Returns with the bytes on the disk.
     bool writeTemporaryFile(const QByteArray &bytes);
     // The identity of the new file once it has its name, even if `error` is set after that.

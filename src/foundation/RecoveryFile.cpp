@@ -5,6 +5,10 @@
 #include <QDir>
 #include <QUuid>
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
 namespace Foundation
 {
 
@@ -14,9 +18,9 @@ const QString Suffix = QStringLiteral(".vexcards");
 const QString LockSuffix = QStringLiteral(".lock");
 } // namespace
 
-RecoveryFile::RecoveryFile(const QString &path, std::unique_ptr<QLockFile> lock)
+RecoveryFile::RecoveryFile(const QString &path)
     : m_path(path)
-    , m_lock(std::move(lock))
+    , m_lock(FileSystem::system())
 {
 }
 
@@ -31,12 +35,13 @@ QString RecoveryFile::folder()
 
 std::unique_ptr<RecoveryFile> RecoveryFile::hold(const QString &path)
 {
-    auto lock = std::make_unique<QLockFile>(path + LockSuffix);
-    // Only the death of its process frees a lock, however old it is.
-    lock->setStaleLockTime(0);
-    if (!lock->tryLock(0))
-        return nullptr;
-    return std::unique_ptr<RecoveryFile>(new RecoveryFile(path, std::move(lock)));
+    std::unique_ptr<RecoveryFile> file(new RecoveryFile(path));
+    constexpr int Flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC;
+    const QByteArray name = QFile::encodeName(path + LockSuffix);
+    file->m_lock.reset(uninterrupted(
+        [&] { return FileSystem::system().openAt(AT_FDCWD, name.constData(), Flags, S_IRUSR | S_IWUSR); }));
+    const bool isHeld = file->m_lock.isOpen() && ::flock(file->m_lock.get(), LOCK_EX | LOCK_NB) == 0;
+    return isHeld ? std::move(file) : nullptr;
 }
 
 std::unique_ptr<RecoveryFile> RecoveryFile::create()
@@ -69,6 +74,7 @@ bool RecoveryFile::write(const QByteArray &bytes, QString *reason)
 void RecoveryFile::remove()
 {
     QFile::remove(m_path);
+    QFile::remove(m_path + LockSuffix);
 }
 
 } // namespace Foundation

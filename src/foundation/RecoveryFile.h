@@ -1,7 +1,8 @@
 #pragma once
 
+#include "foundation/FileDescriptor.h"
+
 #include <QByteArray>
-#include <QLockFile>
 #include <QString>
 
 #include <memory>
@@ -15,7 +16,8 @@ namespace Foundation
 // Holds what a saved file would hold, enciphered.
 //
 // Nobody else takes a file whose document is open, in whatever process; what a process that died has left is
-// free.
+// free. The system's lock on a file beside it (flock) tells the two apart: it goes with the process, on every
+// machine to which the folder may move.
 class RecoveryFile
 {
 public:
@@ -35,11 +37,11 @@ public:
     void remove();
 
 private:
-    RecoveryFile(const QString &path, std::unique_ptr<QLockFile> lock);
+    explicit RecoveryFile(const QString &path);
     static std::unique_ptr<RecoveryFile> hold(const QString &path);
 
     QString m_path;
-    std::unique_ptr<QLockFile> m_lock;
+    FileDescriptor m_lock;
 };
 
 } // namespace Foundation

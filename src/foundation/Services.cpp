@@ -3,6 +3,9 @@
 #include <QCoreApplication>
 #include <QTimer>
 
+#include <algorithm>
+#include <limits>
+
 namespace Foundation
 {
 
@@ -53,7 +56,8 @@ public:
         timer->setSingleShot(true);
         timer->setTimerType(Qt::PreciseTimer);
         QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(fired));
-        timer->start(std::chrono::seconds(seconds));
+        constexpr int LongestTime = std::numeric_limits<int>::max() / 1000; // some weeks
+        timer->start(std::chrono::seconds(std::min(seconds, LongestTime)));
         return timer;
     }
 };

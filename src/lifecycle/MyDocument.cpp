@@ -209,8 +209,10 @@ void MyDocument::lockDocument(const ActionSender &)
                            : reinsert;
     showAlert({tr("Lock Document back to the crypted state?"), informativeText, {tr("OK"), tr("Cancel")}},
               [this](int returnCode) {
-                  if (returnCode == Alert::FirstButtonReturn)
-                      lockLater();
+                  if (returnCode != Alert::FirstButtonReturn)
+                      return;
+                  m_isLockedByHand = true;
+                  lockLater();
               });
 }
 
@@ -218,7 +220,8 @@ void MyDocument::lockLater()
 {
     // After the sheet has gone.
     Services::shared().mainQueue().addOperation([document = QPointer(this)] {
-        if (document)
+        // The hand and the clock may meet in one turn.
+        if (document && document->isDecrypted())
             document->doLockDocument();
     });
 }
@@ -289,6 +292,7 @@ qint32 MyDocument::Decript()
 qint32 MyDocument::decryptDone()
 {
     setIsEncrypted(false);
+    m_isLockedByHand = false;
     mutableState().myEncryptedArray = nullptr;
     m_allRecords.setContent(state().myArray);
     if (myWindow())
@@ -353,6 +357,12 @@ QString MyDocument::reasonNotToWrite() const
 bool MyDocument::lastDataCanBeRead() const
 {
     return SavePipeline::canBeRead(state());
+}
+
+bool MyDocument::keepsRecoveryFile() const
+{
+    // What somebody locked and closed is gone, as the question before the lock says.
+    return isEncrypted() && !m_isLockedByHand;
 }
 
 QString MyDocument::autosavingFileType() const

@@ -128,6 +128,7 @@ public:
     QString reasonNotToWrite() const override;
     bool lastDataCanBeRead() const override;
     QString autosavingFileType() const override;
+    bool keepsRecoveryFile() const override;
 
     QList<QObject *> responders() override
     {
@@ -168,6 +169,7 @@ private:
     FieldCommands m_fieldCommands;
     VLCategoryEditFieldDelegate m_categoryEditFieldDelegate;
     int m_selectedView = ViewMode;
+    bool m_isLockedByHand = false;
     QString m_categoryString = QStringLiteral("");
     QString m_searchText;
     QString m_searchCategory;

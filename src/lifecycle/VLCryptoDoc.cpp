@@ -88,8 +88,8 @@ void VLCryptoDoc::submitPasswordToDecrypt(const ActionSender &sender)
         decryptRejected();
     }
     updateChangeCount(ChangeCleared);
-    // No file of the user's has any of it.
-    if (succeeded && isRecoverable())
+    // No file of the user's has it, or not all of it.
+    if (succeeded && (isRecoverable() || fileURL().isNull()))
         updateChangeCount(ChangeDone);
 }
 
@@ -317,10 +317,14 @@ void VLCryptoDoc::passwordRefused(DocumentWindow *window, const QString &message
 
 bool VLCryptoDoc::validateUserInterfaceItem(const QString &action) const
 {
-    static const QStringList needOpenContent = {
-        QStringLiteral("saveDocument"),     QStringLiteral("saveDocumentAs"),
-        QStringLiteral("documentPassword"), QStringLiteral("revertDocumentToSaved"),
-        QStringLiteral("runPageLayout"),    QStringLiteral("printDocument")};
+    static const QStringList needOpenContent = {QStringLiteral("saveDocument"),
+                                                QStringLiteral("saveDocumentAs"),
+                                                QStringLiteral("documentPassword"),
+                                                QStringLiteral("revertDocumentToSaved"),
+                                                QStringLiteral("runPageLayout"),
+                                                QStringLiteral("printDocument"),
+                                                QStringLiteral("undo"),
+                                                QStringLiteral("redo")};
     return (isDecrypted() || !needOpenContent.contains(action)) &&
            Document::validateUserInterfaceItem(action);
 }

@@ -52,19 +52,20 @@ QString SingleInstance::socketName()
            QStringLiteral("/vexarel.socket");
 }
 
-bool SingleInstance::sendTo(const QString &name, const QStringList &paths) const
+SingleInstance::Answer SingleInstance::sendTo(const QString &name, const QStringList &paths)
 {
     QLocalSocket socket;
     socket.connectToServer(name);
-    if (!socket.waitForConnected(Patience))
-        return false;
+    if (!socket.waitForConnected(Patience)) {
+        const bool isThere = socket.error() == QLocalSocket::SocketTimeoutError;
+        return isThere ? Answer::Busy : Answer::Nobody;
+    }
     socket.write(messageOfPaths(paths));
-    // One that hangs takes nothing: then the files are opened here.
     while (socket.bytesAvailable() == 0) {
         if (!socket.waitForReadyRead(Patience))
-            return false;
+            return Answer::Busy;
     }
-    return socket.read(1) == QByteArray(1, Taken);
+    return socket.read(1) == QByteArray(1, Taken) ? Answer::Taken : Answer::Busy;
 }
 
 bool SingleInstance::handOver(const QStringList &paths)
@@ -73,11 +74,17 @@ bool SingleInstance::handOver(const QStringList &paths)
     for (const QString &path : paths)
         absolutePaths.append(QFileInfo(path).absoluteFilePath());
     const QString name = socketName();
-    if (sendTo(name, absolutePaths))
+    switch (sendTo(name, absolutePaths)) {
+    case Answer::Taken:
         return true;
-    // What a crashed one left behind is in the way.
-    QLocalServer::removeServer(name);
-    m_server.listen(name);
+    case Answer::Nobody:
+        // What a crashed one left behind is in the way.
+        QLocalServer::removeServer(name);
+        m_server.listen(name);
+        return false;
+    case Answer::Busy:
+        break; // It stays the first one, and the files are opened here.
+    }
     return false;
 }
 

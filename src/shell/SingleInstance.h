@@ -15,7 +15,8 @@ class SingleInstance : public QObject
 public:
     explicit SingleInstance(QObject *parent = nullptr);
 
-    // True if another instance runs and has taken the paths. Otherwise this is the one from here on.
+    // True if another instance runs and has taken the paths. Otherwise this is the one from here on, unless
+    // another runs that does not answer: then both run.
     bool handOver(const QStringList &paths);
 
 Q_SIGNALS:
@@ -24,7 +25,9 @@ Q_SIGNALS:
 
 private:
     static QString socketName();
-    bool sendTo(const QString &name, const QStringList &paths) const;
+    enum class Answer { Taken, Nobody, Busy };
+
+    static Answer sendTo(const QString &name, const QStringList &paths);
     void takeConnection();
     void takeMessage(QLocalSocket *socket);
 

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -100,6 +101,12 @@ QWidget *AlertDialog::newButtons(const QStringList &titles)
 
 int ModalAlerts::runModal(const Alert &alert)
 {
-    AlertDialog dialog(alert, QApplication::activeWindow());
-    return dialog.exec();
+    // Above the document's window: a sheet may be ended, and with it all that stands on it.
+    QWidget *window = QApplication::activeWindow();
+    while (qobject_cast<QDialog *>(window) && window->parentWidget())
+        window = window->parentWidget()->window();
+    const QPointer<AlertDialog> dialog = new AlertDialog(alert, window);
+    const int code = dialog->exec();
+    delete dialog.data(); // unless its window took it along
+    return code;
 }

@@ -51,6 +51,7 @@ Application::Application()
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, &Application::followApplicationState);
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &Application::endSession,
             Qt::DirectConnection);
+    qApp->installEventFilter(this);
     connect(&m_terminationSignals, &Foundation::TerminationSignals::terminationRequested, this,
             &Application::terminateAtOnce);
     connect(&m_documents, &DocumentController::documentAdded, this, &Application::makeWindow);
@@ -92,6 +93,7 @@ void Application::endSession(QSessionManager &manager)
     bool hasAsked = false;
     const bool mayEnd =
         mayEndSession([&manager, &hasAsked] { return hasAsked = manager.allowsInteraction(); });
+    m_isSessionEnding = mayEnd;
     if (!mayEnd)
         manager.cancel();
     else if (hasAsked)
@@ -113,6 +115,14 @@ bool Application::mayEndSession(const std::function<bool()> &mayAsk)
          tr("If the session ends now, they are offered again at the next start."),
          {tr("End Session"), tr("Cancel")}});
     return answer == Foundation::Alert::FirstButtonReturn;
+}
+
+bool Application::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != qApp || event->type() != QEvent::Quit || !m_isSessionEnding)
+        return QObject::eventFilter(watched, event);
+    terminateAtOnce();
+    return true;
 }
 
 void Application::start(const QStringList &paths)

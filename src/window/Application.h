@@ -44,6 +44,9 @@ public:
     // leaves changes, if `mayAsk` says that there is somebody to answer. A locked document has none to save.
     bool mayEndSession(const std::function<bool()> &mayAsk);
 
+    // The desktop's word to quit at the end of a session: nobody is asked any more.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void openDocuments(const QStringList &paths);
     void makeWindow(Foundation::Document *document);
@@ -67,4 +70,5 @@ private:
     QPointer<QFileDialog> m_openPanel;
     Foundation::TerminationSignals m_terminationSignals;
     Foundation::Timers::Timer m_autosaveWhenLeft;
+    bool m_isSessionEnding = false;
 };

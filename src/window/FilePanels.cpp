@@ -10,6 +10,9 @@ namespace
 
 void setUpPanel(QFileDialog *panel)
 {
+    // One of the desktop's would keep a history of its own, and while it had the focus the application would
+    // count as left.
+    panel->setOption(QFileDialog::DontUseNativeDialog);
     panel->setNameFilters(
         {QFileDialog::tr("Vexarel documents (*.vexcards)"), QFileDialog::tr("All files (*)")});
 }

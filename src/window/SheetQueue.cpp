@@ -54,8 +54,18 @@ void SheetQueue::end(const QString &name, int result)
 
 void SheetQueue::endCurrent()
 {
-    if (m_dialog)
-        m_dialog->done(QDialog::Rejected);
+    if (!m_dialog)
+        return;
+    // A question that stands on the dialog runs within the dialog's own code, to which it must return before
+    // the dialog may go.
+    for (auto *question : m_dialog->findChildren<QDialog *>()) {
+        if (!question->isModal() || !question->isVisible())
+            continue;
+        connect(question, &QObject::destroyed, this, &SheetQueue::endCurrent, Qt::QueuedConnection);
+        question->reject();
+        return;
+    }
+    m_dialog->done(QDialog::Rejected);
 }
 
 void SheetQueue::drop()

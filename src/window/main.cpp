@@ -22,6 +22,8 @@ int main(int argc, char **argv)
     if (instance.handOver(parser.positionalArguments()))
         return 0;
     QObject::connect(&instance, &SingleInstance::startedAgain, &application, &Application::startAgain);
-    application.start(parser.positionalArguments());
+    // Within the event loop, so that a signal during an alert at the start ends the program, too.
+    QMetaObject::invokeMethod(
+        &application, [&] { application.start(parser.positionalArguments()); }, Qt::QueuedConnection);
     return QApplication::exec();
 }

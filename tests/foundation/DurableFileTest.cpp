@@ -33,7 +33,7 @@ protected:
 
     FileWriteResult save(FileSystem &files = FileSystem::system())
     {
-        return writeFileDurably(path(Name), New, files);
+        return writeFileDurably(path(Name), New, std::nullopt, files);
     }
 
     QList<QByteArray> callsOfASave()
