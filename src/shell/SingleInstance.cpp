@@ -6,6 +6,7 @@
 #include <QStandardPaths>
 
 #include <optional>
+#include <sys/socket.h>
 
 namespace
 {
@@ -35,6 +36,13 @@ std::optional<QStringList> pathsOfMessage(const QByteArray &message)
             paths.append(QFile::decodeName(name));
     }
     return paths;
+}
+
+// Whether the other side is gone; all that it sent has been read.
+bool hasHungUp(const QLocalSocket &socket)
+{
+    char any = 0;
+    return ::recv(int(socket.socketDescriptor()), &any, 1, MSG_PEEK | MSG_DONTWAIT) == 0;
 }
 
 } // namespace
@@ -105,6 +113,8 @@ void SingleInstance::takeMessage(QLocalSocket *socket)
         return; // The rest is still to come.
     }
     socket->readAll();
+    if (hasHungUp(*socket))
+        return; // It lost its patience, and has opened the files itself.
     socket->write(QByteArray(1, Taken));
     socket->flush();
     socket->disconnectFromServer();

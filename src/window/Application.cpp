@@ -93,7 +93,6 @@ void Application::endSession(QSessionManager &manager)
     bool hasAsked = false;
     const bool mayEnd =
         mayEndSession([&manager, &hasAsked] { return hasAsked = manager.allowsInteraction(); });
-    m_isSessionEnding = mayEnd;
     if (!mayEnd)
         manager.cancel();
     else if (hasAsked)
@@ -108,13 +107,15 @@ bool Application::mayEndSession(const std::function<bool()> &mayAsk)
     };
     const auto &documents = m_documents.documents();
     const auto unsaved = std::find_if(documents.begin(), documents.end(), hasUnsavedWork);
-    if (unsaved == documents.end() || !mayAsk())
+    m_isSessionEnding = unsaved == documents.end() || !mayAsk();
+    if (m_isSessionEnding)
         return true;
     const int answer = Services::shared().modalAlerts().runModal(
         {tr("The document “%1” has changes that are not saved.").arg((*unsaved)->displayName()),
          tr("If the session ends now, they are offered again at the next start."),
          {tr("End Session"), tr("Cancel")}});
-    return answer == Foundation::Alert::FirstButtonReturn;
+    m_isSessionEnding = answer == Foundation::Alert::FirstButtonReturn;
+    return m_isSessionEnding;
 }
 
 bool Application::eventFilter(QObject *watched, QEvent *event)

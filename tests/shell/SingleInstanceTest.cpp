@@ -64,4 +64,20 @@ TEST_F(SingleInstanceTest, WhatACrashLeftBehindAndForeignTalkAreSurvived)
     EXPECT_TRUE(handsOver({})) << "it still listens";
 }
 
+TEST_F(SingleInstanceTest, OneThatIsBusyStaysTheFirstAndTakesNothingLate)
+{
+    int starts = 0;
+    SingleInstance first;
+    EXPECT_FALSE(first.handOver({}));
+    QObject::connect(&first, &SingleInstance::startedAgain, [&starts] { ++starts; });
+    {
+        SingleInstance second;
+        EXPECT_FALSE(second.handOver({})) << "the first one turns no events";
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(starts, 0);
+    EXPECT_TRUE(handsOver({})) << "its socket is still there";
+    EXPECT_EQ(starts, 1);
+}
+
 } // namespace
