@@ -114,18 +114,23 @@ void memoryOfRecords(benchmark::State &state)
     }
 }
 
-void openDocument(benchmark::State &state)
+void measureOpening(benchmark::State &state, const QByteArray &file, const QString &password)
 {
-    DocumentState saved = sampleDocument(int(state.range(0)));
-    const QByteArray file = SavePipeline(saved).dataOfType({}).value_or(QByteArray());
     measure(state, file, [&] {
         auto document = std::make_unique<DocumentState>();
         readDocument(file, *document);
-        document->plainPassword = saved.plainPassword;
+        document->plainPassword = password;
         if (DecryptPipeline(*document, &defaultCategory).decript() != DecryptSuccess)
             state.SkipWithError("the document does not open");
         return document;
     });
+}
+
+void openDocument(benchmark::State &state)
+{
+    DocumentState saved = sampleDocument(int(state.range(0)));
+    const QByteArray file = SavePipeline(saved).dataOfType({}).value_or(QByteArray());
+    measureOpening(state, file, saved.plainPassword);
 }
 
 void saveDocument(benchmark::State &state)
@@ -158,15 +163,7 @@ QByteArray fileOfOldRelease(const DocumentState &document)
 void openOldRelease(benchmark::State &state)
 {
     const DocumentState saved = sampleDocument(int(state.range(0)));
-    const QByteArray file = fileOfOldRelease(saved);
-    measure(state, file, [&] {
-        auto document = std::make_unique<DocumentState>();
-        readDocument(file, *document);
-        document->plainPassword = saved.plainPassword;
-        if (DecryptPipeline(*document, &defaultCategory).decript() != DecryptSuccess)
-            state.SkipWithError("the document does not open");
-        return document;
-    });
+    measureOpening(state, fileOfOldRelease(saved), saved.plainPassword);
 }
 
 void ofRecords(benchmark::internal::Benchmark *benchmark)
