@@ -2,6 +2,8 @@
 
 #include "foundation/Services.h"
 
+#include <QTimer>
+
 SheetQueue::SheetQueue(QWidget *window)
     : m_window(window)
 {
@@ -56,13 +58,13 @@ void SheetQueue::endCurrent()
 {
     if (!m_dialog)
         return;
-    // A question that stands on the dialog runs within the dialog's own code, to which it must return before
-    // the dialog may go.
+    // A question that stands on the dialog turns events within the dialog's own code, to which it must return
+    // before the dialog may go.
     for (auto *question : m_dialog->findChildren<QDialog *>()) {
         if (!question->isModal() || !question->isVisible())
             continue;
-        connect(question, &QObject::destroyed, this, &SheetQueue::endCurrent, Qt::QueuedConnection);
         question->reject();
+        QTimer::singleShot(1, this, &SheetQueue::endCurrent);
         return;
     }
     m_dialog->done(QDialog::Rejected);
