@@ -24,8 +24,8 @@ void SortOrder::makeRow(const Dictionary &object, Row &row) const
         double number = value.isDate() ? value.dateValue() : value.isNumber() ? value.doubleValue() : 0;
         if (std::isnan(number))
             number = 0; // What compares with nothing would leave the rest without an order.
-        QCollatorSortKey text = m_collator.sortKey(value.stringValue());
-        row.keys.push_back({std::move(value), number, std::move(text)});
+        const QCollatorSortKey text = m_collator.sortKey(value.stringValue());
+        row.keys.push_back({std::move(value), number, text});
     }
 }
 
