@@ -30,7 +30,7 @@ protected:
         return category->value(CategoryKey::cat_howManyUsingThis).intValue();
     }
     // Of the category with that id, with a note; not in the list of a document read before.
-    Record add(qint64 id, const QString &note = QStringLiteral(""))
+    Record add(qint64 id, const QString &note = u""_qs)
     {
         const Record record = records.newObject();
         records.assignCategory(category(id), record);
@@ -102,7 +102,7 @@ TEST_F(CategoryCommandsTest, TheFiltersLeaveTheOrderToTheSortDescriptorsAndFollo
 {
     const Record b = add(1, u"b tea"_qs);
     const Record a = add(2, u"a tea"_qs);
-    records.setSortDescriptors({{QStringLiteral("categoryPtr.cat_category"), false}, {u"note"_qs}});
+    records.setSortDescriptors({{u"categoryPtr.cat_category"_qs, false}, {u"note"_qs}});
     search(u"tea"_qs);
     EXPECT_EQ(records.arrangedObjects(), (Foundation::ArrayController::Objects{a, b}));
     category(1)->setValue(CategoryKey::cat_category, u"Zoo"_qs); // No record changes with it.

@@ -24,7 +24,7 @@ TEST(CategoryController, NamesAndIdsAreTheFirstFreeOnes)
     VLColoredCategoryArrayController categories;
     const auto first = categories.addDefault({});
     const auto second = categories.addDefault({});
-    const auto third = categories.addWithName(QStringLiteral("generic"));
+    const auto third = categories.addWithName(u"generic"_qs);
     EXPECT_EQ(nameOf(first), u"Generic");
     EXPECT_EQ(idOf(first), 1);
     EXPECT_EQ(nameOf(second), u"Generic 1");
@@ -50,10 +50,10 @@ TEST(CategoryController, NamesAreTriedUpTo31999WhateverTheirOrder)
         addRow(QString::fromUtf16(name));
     rows.setContent(content);
     EXPECT_EQ(nameOf(rows.newObject()), u"Untitled 2");
-    EXPECT_EQ(rows.unusedCategoryNameWithPostfix(QStringLiteral("untitled")), u"untitled");
+    EXPECT_EQ(rows.unusedCategoryNameWithPostfix(u"untitled"_qs), u"untitled");
 
     for (int i = 2; i <= 32000; ++i)
-        addRow(QStringLiteral("Untitled %1").arg(i));
+        addRow(u"Untitled %1"_qs.arg(i));
     rows.setContent(content);
     // The last one tried is given, free or not.
     EXPECT_EQ(nameOf(rows.newObject()), u"Untitled 31999");
@@ -87,8 +87,8 @@ TEST(CategoryController, CountsMoveOnlyForCategoriesOfTheList)
     // 0 stands for a missing id, even where a damaged category bears it.
     category->setValue(CategoryKey::cat_uniqueID, Value());
     EXPECT_FALSE(categories.incrementObjUsingThisInCategoryWithUniqueID(0, 1));
-    EXPECT_EQ(categories.categoryWithTitle(QStringLiteral("Generic")), category);
-    EXPECT_EQ(categories.categoryWithTitle(QStringLiteral("GENERIC")), nullptr);
+    EXPECT_EQ(categories.categoryWithTitle(u"Generic"_qs), category);
+    EXPECT_EQ(categories.categoryWithTitle(u"GENERIC"_qs), nullptr);
 }
 
 } // namespace

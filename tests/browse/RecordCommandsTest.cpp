@@ -19,8 +19,8 @@ class RecordCommandsTest : public testing::Test
 protected:
     RecordCommandsTest()
     {
-        friends = categories.addWithName(QStringLiteral("Friends"));
-        work = categories.addWithName(QStringLiteral("Work"));
+        friends = categories.addWithName(u"Friends"_qs);
+        work = categories.addWithName(u"Work"_qs);
     }
 
     static qint32 uses(const Record &category)
@@ -51,7 +51,7 @@ TEST_F(RecordCommandsTest, ANewRecordHasItsNineteenKeysInTheCategoryOfTheSelecti
     const Record first = add();
     EXPECT_EQ(first->count(), 19);
     EXPECT_EQ(first->value(RecordKey::firstName).stringValue(), u"First Name");
-    EXPECT_EQ(first->value(RecordKey::note), Value(QStringLiteral("")));
+    EXPECT_EQ(first->value(RecordKey::note), Value(u""_qs));
     EXPECT_EQ(first->value(RecordKey::usageCount), Value(qint64(0)));
     EXPECT_EQ(first->value(RecordKey::creationDate), Value::date(30));
     EXPECT_EQ(categoryOf(first), work); // Without a selection: the last category.
@@ -79,7 +79,7 @@ TEST_F(RecordCommandsTest, NothingIsAddedWhileLockedOrWithoutACategory)
 TEST_F(RecordCommandsTest, UndoAndRedoOfAnAddBringBackTheSameObjectAndDriftTheCount)
 {
     const Record record = add();
-    record->setValue(RecordKey::note, QStringLiteral("typed"));
+    record->setValue(RecordKey::note, u"typed"_qs);
     EXPECT_EQ(uses(work), 1);
     host.undo.undo();
     EXPECT_EQ(records.content()->count(), 0);

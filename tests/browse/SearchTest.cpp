@@ -132,19 +132,19 @@ TEST(Search, LooksIntoEighteenKeysAndIntoTextsOnly)
     for (std::size_t i = 0; i < std::size(searched); ++i) {
         EXPECT_EQ(SearchIndex::searchedKeys()[i].name(), QString::fromLatin1(searched[i]));
         auto record = Foundation::Dictionary::create();
-        record->setValue(SearchIndex::searchedKeys()[i], QStringLiteral("Needle 7"));
+        record->setValue(SearchIndex::searchedKeys()[i], u"Needle 7"_qs);
         records.push_back(record);
     }
     auto other = Foundation::Dictionary::create();
     for (const auto *key : {u"cat_uniqueID", u"categoryNAME", u"nickname"})
-        other->setValue(QString::fromUtf16(key), QStringLiteral("Needle 7"));
+        other->setValue(QString::fromUtf16(key), u"Needle 7"_qs);
     other->setValue(RecordKey::note, Value(qint32(7))); // no text
     records.push_back(other);
     SearchIndex index;
-    EXPECT_EQ(index.search(records, QStringLiteral("needle 7")).size(), std::size(searched));
+    EXPECT_EQ(index.search(records, u"needle 7"_qs).size(), std::size(searched));
     // Two fields side by side make no text together.
-    records.front()->setValue(RecordKey::note, QStringLiteral("le"));
-    EXPECT_TRUE(index.search(records, QStringLiteral("needle 7le")).empty());
+    records.front()->setValue(RecordKey::note, u"le"_qs);
+    EXPECT_TRUE(index.search(records, u"needle 7le"_qs).empty());
 }
 
 // Texts of the kinds that go wrong: equivalents, marks, pairs and halves of them, special cases of case.

@@ -15,7 +15,7 @@ using Foundation::Dictionary;
 using Foundation::Key;
 using Foundation::Value;
 
-const QString WrongPassword = QStringLiteral("correct horsf");
+const QString WrongPassword = u"correct horsf"_qs;
 
 // Which of the four buffers are gone: r(ecords), c(ategories), l(abels), d(ate).
 std::string consumedBuffers(const DocumentState &state)
@@ -36,13 +36,13 @@ std::string consumedBuffers(const DocumentState &state)
 QByteArray savedWithOwnLabel()
 {
     TestDocument document = TestDocument::filled();
-    document.state.myLabelDictionary->setValue(u"company", QStringLiteral("Firm:"));
+    document.state.myLabelDictionary->setValue(u"company", u"Firm:"_qs);
     return document.save();
 }
 
 bool hasOwnLabel(const TestDocument &document)
 {
-    return document.state.myLabelDictionary->value(u"company").stringValue() == QStringLiteral("Firm:");
+    return document.state.myLabelDictionary->value(u"company").stringValue() == u"Firm:"_qs;
 }
 
 TEST(DecryptPipeline, AWrongPasswordLeavesAllButTheEngineAsItWas)
@@ -60,7 +60,7 @@ TEST(DecryptPipeline, AWrongPasswordLeavesAllButTheEngineAsItWas)
     }
     EXPECT_EQ(document.openWith(Password), 0);
     EXPECT_EQ(consumedBuffers(document.state), "rcd") << "the labels' buffer stays";
-    EXPECT_EQ(document.filing(), QStringLiteral("Generic 2: Ada Grace, Friends 1: Emmy"));
+    EXPECT_EQ(document.filing(), u"Generic 2: Ada Grace, Friends 1: Emmy"_qs);
     EXPECT_TRUE(hasOwnLabel(document) && document.hasReplacedLabels);
 }
 
@@ -71,7 +71,7 @@ QByteArray archiveOfWrongType(const Key &buffer)
         return Foundation::archivedData(Array::create({Value(Dictionary::create()), Value(1)}));
     if (buffer == FileKey::labelDict)
         return Foundation::archivedData(Array::create());
-    return Foundation::archivedData(QStringLiteral("2001-01-01"));
+    return Foundation::archivedData(u"2001-01-01"_qs);
 }
 
 TEST(DecryptPipeline, DamageBehindARightPasswordFailsHalfWay)
@@ -196,11 +196,10 @@ TEST(DecryptPipeline, ALockGivesBackTheEditsInNewObjects)
 {
     TestDocument document = TestDocument::filled();
     const auto before = document.record(0);
-    before->setValue(RecordKey::note, QStringLiteral("edited, never saved"));
+    before->setValue(RecordKey::note, u"edited, never saved"_qs);
     document.lock();
     ASSERT_EQ(document.openWith(Password), 0);
-    EXPECT_EQ(document.record(0)->value(RecordKey::note).stringValue(),
-              QStringLiteral("edited, never saved"));
+    EXPECT_EQ(document.record(0)->value(RecordKey::note).stringValue(), u"edited, never saved"_qs);
     EXPECT_FALSE(document.record(0) == before);
     EXPECT_EQ(document.record(0)->value(RecordKey::categoryPtr).dictionary(), document.category(0));
     EXPECT_FALSE(document.save().isEmpty());
@@ -248,10 +247,7 @@ TEST(DecryptPipeline, FilesEveryRecordById)
          {Value(1), Value(beyond32Bits)},
          "A 1: 0, B 1: 1"},
         {"an absent id is 0 on both sides", {Value(), Value(0)}, {Value(1), Value()}, "A 0:, B 2: 0 1"},
-        {"texts and reals are numbers",
-         {Value(QStringLiteral("2")), Value(2.9)},
-         {Value(1), Value(2)},
-         "A 0:, B 2: 0 1"},
+        {"texts and reals are numbers", {Value(u"2"_qs), Value(2.9)}, {Value(1), Value(2)}, "A 0:, B 2: 0 1"},
         {"no category makes one, once", {Value(1), Value(8)}, {}, "Generic 2: 0 1", 1},
         {"even without records", {}, {}, "Generic 0:", 1},
         {"no record, no count", {}, {Value(4)}, "A 0:"},
@@ -279,7 +275,7 @@ TEST(DecryptPipeline, ARecordKeepsItsCategoryAlive)
     const auto removed = document.record(2);
     document.state.myArray->values.pop_back();
     document.state.myCategoryArray->values.clear();
-    EXPECT_EQ(removed->valueForKeyPath(u"categoryPtr.cat_category").stringValue(), QStringLiteral("Friends"));
+    EXPECT_EQ(removed->valueForKeyPath(u"categoryPtr.cat_category").stringValue(), u"Friends"_qs);
     // Such a record is still saved under the id that its category had.
     document.state.myArray->values.emplace_back(removed);
     const auto copies = SavePipeline(document.state).getCopyOfContentArrayForSaveOperation();

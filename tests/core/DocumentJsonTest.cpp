@@ -45,8 +45,8 @@ TEST(DocumentJson, TellsTheKindsOfValuesApart)
         {Value(0.1F), R"({"$real32":0.10000000149011612})"},
         {Value::date(0), R"({"$date":0.0})"},
         {QByteArray::fromHex("0001ff"), R"({"$data":"AAH/"})"},
-        {QStringLiteral("a\"\\/\n\u0001\u007f"), R"("a\"\\/\n\u0001\u007f")"},
-        {QStringLiteral("é😀"), R"("\u00e9\ud83d\ude00")"},
+        {u"a\"\\/\n\u0001\u007f"_qs, R"("a\"\\/\n\u0001\u007f")"},
+        {u"é😀"_qs, R"("\u00e9\ud83d\ude00")"},
         {QString(QChar(0xD83D)), R"("\ud83d")"},
         {dictionary, R"({"$dict":{"a\"b":[null,null,[]]}})"},
     };
@@ -61,7 +61,7 @@ TEST(DocumentJson, NamesCategoriesByTheirPlace)
     document.myCategoryArray->values = {Value(Dictionary::create()), Value(category)};
     for (const Value &pointer : {Value(category), Value(), Value(Dictionary::create())}) {
         auto record = Dictionary::create();
-        record->setValue(RecordKey::note, QStringLiteral("n"));
+        record->setValue(RecordKey::note, u"n"_qs);
         record->setValue(RecordKey::categoryPtr, pointer);
         document.myArray->values.emplace_back(record);
     }

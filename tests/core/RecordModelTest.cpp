@@ -18,12 +18,12 @@ QString fieldsOf(const Array &table)
     for (const Value &entry : table.values)
         fields << entry.dictionary()->value(u"publicKey").stringValue() + QLatin1Char('=') +
                       entry.dictionary()->value(u"innerKey").stringValue();
-    return fields.join(QStringLiteral(", "));
+    return fields.join(u", "_qs);
 }
 
 TEST(RecordModel, ANewRecordHasNineteenKeysAndItsCategoryByReference)
 {
-    const auto category = newCategoryRecord(QStringLiteral("Work"), 4);
+    const auto category = newCategoryRecord(u"Work"_qs, 4);
     const auto record = newContactRecord(category, 1.5);
     EXPECT_EQ(record->count(), 19);
     EXPECT_EQ(record->value(RecordKey::categoryPtr).dictionary(), category);
@@ -39,7 +39,7 @@ TEST(RecordModel, ANewRecordHasNineteenKeysAndItsCategoryByReference)
 // Opaque is the whole number 1 even beside real components: existing files hold it so.
 TEST(RecordModel, ANewCategoryIsGreyWithWhiteText)
 {
-    EXPECT_EQ(jsonOfEntries(*newCategoryRecord(QStringLiteral("Work"), 4)).toStdString(),
+    EXPECT_EQ(jsonOfEntries(*newCategoryRecord(u"Work"_qs, 4)).toStdString(),
               R"({"cat_category":"Work","cat_backColor":{"$dict":{"r":{"$real":0.75},"g":{"$real":0.75},)"
               R"("b":{"$real":0.75},"a":{"$int":"1"}}},"cat_textColor":{"$dict":{"r":{"$int":"1"},)"
               R"("g":{"$int":"1"},"b":{"$int":"1"},"a":{"$int":"1"}}},"cat_howManyUsingThis":{"$int":"0"},)"
@@ -65,11 +65,11 @@ TEST(RecordModel, DefaultCaptionsAndFlags)
 TEST(RecordModel, ResettingFlagsLeavesCaptionsAlone)
 {
     const auto labels = defaultLabelDictionary();
-    labels->setValue(u"note", QStringLiteral("Remarks"));
+    labels->setValue(u"note", u"Remarks"_qs);
     labels->setValue(u"open01", Value(true));
     labels->setValue(u"open07", Value());
     resetOpenFlags(*labels);
-    EXPECT_EQ(labels->value(u"note").stringValue(), QStringLiteral("Remarks"));
+    EXPECT_EQ(labels->value(u"note").stringValue(), u"Remarks"_qs);
     EXPECT_EQ(labels->value(u"open01"), Value(false));
     EXPECT_EQ(labels->value(u"open07"), Value(true));
 }
@@ -82,15 +82,15 @@ TEST(RecordModel, FieldTablesHaveTheOrderOfExports)
         "Address work=addressWork, Email work=emailWork, Web work=webWork, Phone personal=phonePersonal, "
         "Fax personal=faxPersonal, Mobile personal=mobile, Mobile work=pager, Email personal=emailPersonal, "
         "Web personal=webPersonal, Address personal=addressPersonal, Note=note");
-    EXPECT_EQ(fieldsOf(*newArrayForExport()), QStringLiteral("Category=categoryPtr.cat_category") + fields);
-    EXPECT_EQ(fieldsOf(*newArrayForImport()), QStringLiteral("Category=categoryNAME") + fields);
+    EXPECT_EQ(fieldsOf(*newArrayForExport()), u"Category=categoryPtr.cat_category"_qs + fields);
+    EXPECT_EQ(fieldsOf(*newArrayForImport()), u"Category=categoryNAME"_qs + fields);
 }
 
 // Users change captions, flags and tables of one document; the next one starts with the defaults.
 TEST(RecordModel, DefaultsAreMadeAfresh)
 {
-    defaultLabelDictionary()->setValue(u"note", QStringLiteral("changed"));
-    EXPECT_EQ(defaultLabelDictionary()->value(u"note").stringValue(), QStringLiteral("Note"));
+    defaultLabelDictionary()->setValue(u"note", u"changed"_qs);
+    EXPECT_EQ(defaultLabelDictionary()->value(u"note").stringValue(), u"Note"_qs);
     newArrayForExport()->values.clear();
     EXPECT_EQ(newArrayForExport()->count(), 17);
 }

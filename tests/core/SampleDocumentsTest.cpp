@@ -19,13 +19,13 @@ struct Sample
 {
     QJsonObject entry;
 
-    QString name() const { return entry[QStringLiteral("file")].toString(); }
-    QJsonObject loaded() const { return entry[QStringLiteral("loaded")].toObject(); }
-    bool isRefused() const { return entry[QStringLiteral("refused")].toBool(); }
-    bool isArchive() const { return entry[QStringLiteral("archive")].toString() == QStringLiteral("ok"); }
-    bool hasContent() const { return entry[QStringLiteral("expected")].isString(); }
+    QString name() const { return entry[u"file"_qs].toString(); }
+    QJsonObject loaded() const { return entry[u"loaded"_qs].toObject(); }
+    bool isRefused() const { return entry[u"refused"_qs].toBool(); }
+    bool isArchive() const { return entry[u"archive"_qs].toString() == u"ok"_qs; }
+    bool hasContent() const { return entry[u"expected"_qs].isString(); }
     QByteArray bytes() const { return sampleBytes(name()); }
-    QByteArray expected() const { return sampleBytes(entry[QStringLiteral("expected")].toString()); }
+    QByteArray expected() const { return sampleBytes(entry[u"expected"_qs].toString()); }
 
     struct Attempt
     {
@@ -35,10 +35,9 @@ struct Sample
     QList<Attempt> attempts() const
     {
         QList<Attempt> attempts;
-        for (const QJsonValue &value : entry[QStringLiteral("passwords")].toArray()) {
+        for (const QJsonValue &value : entry[u"passwords"_qs].toArray()) {
             const QJsonObject attempt = value.toObject();
-            attempts.append({attempt[QStringLiteral("password")].toString(),
-                             !attempt[QStringLiteral("nonzero")].toBool()});
+            attempts.append({attempt[u"password"_qs].toString(), !attempt[u"nonzero"_qs].toBool()});
         }
         return attempts;
     }
@@ -47,8 +46,8 @@ struct Sample
 QList<Sample> samples()
 {
     QList<Sample> samples;
-    const auto manifest = QJsonDocument::fromJson(sampleBytes(QStringLiteral("manifest.json")));
-    for (const QJsonValue &entry : manifest[QStringLiteral("documents")].toArray())
+    const auto manifest = QJsonDocument::fromJson(sampleBytes(u"manifest.json"_qs));
+    for (const QJsonValue &entry : manifest[u"documents"_qs].toArray())
         samples.append(Sample{entry.toObject()});
     return samples;
 }
@@ -97,18 +96,15 @@ TEST(SampleDocuments, LoadAsTold)
         }
         EXPECT_EQ(outcome, sample.isRefused() ? ReadOutcome::NewerFormat : ReadOutcome::Loaded);
         const QJsonObject loaded = sample.loaded();
-        const QJsonObject frame = loaded[QStringLiteral("myWinRectToUse")].toObject();
-        EXPECT_EQ(QString::number(state.myOpeningDocumentVersion),
-                  loaded[QStringLiteral("appversion")].toString());
-        EXPECT_EQ(state.fileDocRelease, loaded[QStringLiteral("fileDocRelease")].toString());
-        EXPECT_EQ(state.YouCanSave, loaded[QStringLiteral("YouCanSave")].toBool());
-        EXPECT_EQ(state.useMyWinRect, loaded[QStringLiteral("useMyWinRect")].toBool());
-        EXPECT_EQ(state.myWinRectToUse, (Foundation::Rect{frame[QStringLiteral("x")].toDouble(),
-                                                          frame[QStringLiteral("y")].toDouble(),
-                                                          frame[QStringLiteral("width")].toDouble(),
-                                                          frame[QStringLiteral("height")].toDouble()}));
-        EXPECT_EQ(state.makeToolbarVisibleAtDecrypt,
-                  loaded[QStringLiteral("makeToolbarVisibleAtDecrypt")].toBool());
+        const QJsonObject frame = loaded[u"myWinRectToUse"_qs].toObject();
+        EXPECT_EQ(QString::number(state.myOpeningDocumentVersion), loaded[u"appversion"_qs].toString());
+        EXPECT_EQ(state.fileDocRelease, loaded[u"fileDocRelease"_qs].toString());
+        EXPECT_EQ(state.YouCanSave, loaded[u"YouCanSave"_qs].toBool());
+        EXPECT_EQ(state.useMyWinRect, loaded[u"useMyWinRect"_qs].toBool());
+        EXPECT_EQ(state.myWinRectToUse,
+                  (Foundation::Rect{frame[u"x"_qs].toDouble(), frame[u"y"_qs].toDouble(),
+                                    frame[u"width"_qs].toDouble(), frame[u"height"_qs].toDouble()}));
+        EXPECT_EQ(state.makeToolbarVisibleAtDecrypt, loaded[u"makeToolbarVisibleAtDecrypt"_qs].toBool());
     }
 }
 
@@ -117,7 +113,7 @@ TEST(SampleDocuments, OpenWithTheirPasswordsAndHoldWhatWasPutIn)
     int opened = 0;
     for (const Sample &sample : samples()) {
         for (const Sample::Attempt &attempt : sample.attempts()) {
-            SCOPED_TRACE(qPrintable(sample.name() + QStringLiteral(" with ") + attempt.password));
+            SCOPED_TRACE(qPrintable(sample.name() + u" with "_qs + attempt.password));
             TestDocument document = TestDocument::fromFile(sample.bytes());
             EXPECT_EQ(document.openWith(attempt.password) == 0, attempt.opens);
             if (!attempt.opens)
@@ -125,8 +121,7 @@ TEST(SampleDocuments, OpenWithTheirPasswordsAndHoldWhatWasPutIn)
             ++opened;
             ASSERT_TRUE(sample.hasContent());
             const auto expected = QJsonDocument::fromJson(sample.expected());
-            EXPECT_EQ(document.defaultCategoriesMade,
-                      expected[QStringLiteral("defaultCategoryAdded")].toBool());
+            EXPECT_EQ(document.defaultCategoriesMade, expected[u"defaultCategoryAdded"_qs].toBool());
             expectContent(document, sample.expected());
         }
     }
@@ -151,7 +146,7 @@ TEST(SampleDocuments, KeepTheirContentThroughASave)
         TestDocument reopened = TestDocument::fromFile(document.save());
         ASSERT_EQ(reopened.openWith(document.state.plainPassword), 0);
         EXPECT_EQ(reopened.json(), document.json());
-        EXPECT_EQ(reopened.state.fileDocRelease, QStringLiteral("30600"));
+        EXPECT_EQ(reopened.state.fileDocRelease, u"30600"_qs);
     }
 }
 

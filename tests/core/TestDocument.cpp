@@ -20,11 +20,11 @@ TestDocument TestDocument::filled()
     TestDocument document;
     document.state.plainPassword = Password;
     document.state.documentCreationDate = Value::date(537416386.25);
-    const auto generic = document.addCategory(QStringLiteral("Generic"), 1);
-    const auto friends = document.addCategory(QStringLiteral("Friends"), 2);
-    document.addRecord(QStringLiteral("Ada"), generic);
-    document.addRecord(QStringLiteral("Grace"), generic);
-    document.addRecord(QStringLiteral("Emmy"), friends);
+    const auto generic = document.addCategory(u"Generic"_qs, 1);
+    const auto friends = document.addCategory(u"Friends"_qs, 2);
+    document.addRecord(u"Ada"_qs, generic);
+    document.addRecord(u"Grace"_qs, generic);
+    document.addRecord(u"Emmy"_qs, friends);
     return document;
 }
 
@@ -51,7 +51,7 @@ DecryptPipeline TestDocument::decryption()
 {
     return DecryptPipeline(state, [this] {
         ++defaultCategoriesMade;
-        return newCategoryRecord(QStringLiteral("Generic"), 1);
+        return newCategoryRecord(u"Generic"_qs, 1);
     });
 }
 
@@ -107,7 +107,7 @@ QString TestDocument::filing() const
         }
         filed << line;
     }
-    return filed.join(QStringLiteral(", "));
+    return filed.join(u", "_qs);
 }
 
 std::string TestDocument::json() const

@@ -38,7 +38,7 @@ public:
     bool hasReplacedLabels = false; // as the last decryption told
 };
 
-inline const QString Password = QStringLiteral("correct horse");
+inline const QString Password = u"correct horse"_qs;
 
 // The root dictionary of a file or of a plain archive; null if there is none.
 Foundation::Ref<Foundation::Dictionary> rootOf(const QByteArray &file);

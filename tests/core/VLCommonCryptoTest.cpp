@@ -130,17 +130,17 @@ TEST(VLCommonCrypto, CutsTheSecretToTheUnitsOfThePassword)
         QString one, other;
         bool sameKey;
     } cases[] = {
-        {"an accent costs the last letter", QStringLiteral("Zürichsee"), QStringLiteral("Zürichsea"), true},
-        {"but no more than that", QStringLiteral("Zürichsee"), QStringLiteral("Zürichsae"), false},
-        {"the accent itself counts", QStringLiteral("Zürichsee"), QStringLiteral("Zurichsee"), false},
-        {"ASCII counts to its last letter", QStringLiteral("secret"), QStringLiteral("secreT"), false},
-        {"Cyrillic counts by half", QStringLiteral("парад"), QStringLiteral("парус"), true},
-        {"an emoji gives two of its four bytes", QStringLiteral("😀"), QStringLiteral("🚀"), true},
-        {"a letter may be cut within", QStringLiteral("aé"), QStringLiteral("aê"), true},
+        {"an accent costs the last letter", u"Zürichsee"_qs, u"Zürichsea"_qs, true},
+        {"but no more than that", u"Zürichsee"_qs, u"Zürichsae"_qs, false},
+        {"the accent itself counts", u"Zürichsee"_qs, u"Zurichsee"_qs, false},
+        {"ASCII counts to its last letter", u"secret"_qs, u"secreT"_qs, false},
+        {"Cyrillic counts by half", u"парад"_qs, u"парус"_qs, true},
+        {"an emoji gives two of its four bytes", u"😀"_qs, u"🚀"_qs, true},
+        {"a letter may be cut within", u"aé"_qs, u"aê"_qs, true},
         {"a NUL doesn't end it", QString(QLatin1String("a\0b", 3)), QString(QLatin1String("a\0c", 3)), false},
-        {"half a pair alone is a question mark", QString(QChar(0xD83D)), QStringLiteral("?"), true},
-        {"so is each of many", QString(3, QChar(0xDE00)), QStringLiteral("???"), true},
-        {"none is the same as empty", QString(), QStringLiteral(""), true},
+        {"half a pair alone is a question mark", QString(QChar(0xD83D)), u"?"_qs, true},
+        {"so is each of many", QString(3, QChar(0xDE00)), u"???"_qs, true},
+        {"none is the same as empty", QString(), u""_qs, true},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.rule);
@@ -152,12 +152,12 @@ TEST(VLCommonCrypto, CutsTheSecretToTheUnitsOfThePassword)
 
 TEST(VLCommonCrypto, DerivesTheKeyAnewInEveryCall)
 {
-    VLCommonCrypto engine(QStringLiteral("other"));
+    VLCommonCrypto engine(u"other"_qs);
     const QByteArray keyBefore = engine.AESKey();
-    engine.setPasswordToDecrypt(QStringLiteral("secret"), Vector, Salt);
+    engine.setPasswordToDecrypt(u"secret"_qs, Vector, Salt);
     EXPECT_EQ(engine.AESKey(), keyBefore); // Stale until the next call.
 
-    const QByteArray key = VLCommonCrypto::AESKeyForPassword(QStringLiteral("secret"), Salt);
+    const QByteArray key = VLCommonCrypto::AESKeyForPassword(u"secret"_qs, Salt);
     const QByteArray cipher = enciphered(engine, "contacts");
     EXPECT_EQ(engine.AESKey(), key);
 
@@ -175,14 +175,14 @@ TEST(VLCommonCrypto, DerivesTheKeyAnewInEveryCall)
     EXPECT_EQ(engine.encrypt("contacts", QByteArray(32, 'k'), &padding), cipher);
     EXPECT_EQ(engine.decrypt(cipher, QByteArray("k"), &padding), QByteArray("contacts"));
 
-    engine.setPassword(QStringLiteral("changed"));
+    engine.setPassword(u"changed"_qs);
     EXPECT_NE(enciphered(engine, "contacts"), cipher);
-    EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(QStringLiteral("changed"), Salt));
+    EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(u"changed"_qs, Salt));
 }
 
 TEST(VLCommonCrypto, EmptyIsNotNothing)
 {
-    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    VLCommonCrypto engine = engineFor(u"secret"_qs);
     for (const QByteArray &plain : {QByteArray(), QByteArray("")}) {
         const QByteArray cipher = enciphered(engine, plain);
         EXPECT_EQ(cipher.size(), 16);
@@ -197,7 +197,7 @@ TEST(VLCommonCrypto, EmptyIsNotNothing)
 
 TEST(VLCommonCrypto, RefusesTextCutOffAnywhere)
 {
-    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    VLCommonCrypto engine = engineFor(u"secret"_qs);
     const QByteArray cipher = enciphered(engine, QByteArray(40, 'A'));
     ASSERT_EQ(cipher.size(), 48);
     for (qsizetype length = 0; length < cipher.size(); ++length) {
@@ -211,7 +211,7 @@ TEST(VLCommonCrypto, RefusesTextCutOffAnywhere)
 
 TEST(VLCommonCrypto, WrongPasswordOrSaltFails)
 {
-    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    VLCommonCrypto engine = engineFor(u"secret"_qs);
     const QByteArray cipher = enciphered(engine, "contacts");
     const struct
     {
@@ -219,11 +219,11 @@ TEST(VLCommonCrypto, WrongPasswordOrSaltFails)
         QString password;
         QByteArray salt;
     } cases[] = {
-        {"another password", QStringLiteral("Secret"), Salt},
+        {"another password", u"Secret"_qs, Salt},
         {"no password", QString(), Salt},
-        {"another salt", QStringLiteral("secret"), QByteArray::fromHex("0102030405060709")},
-        {"half a salt", QStringLiteral("secret"), Salt.left(4)},
-        {"no salt", QStringLiteral("secret"), QByteArray()},
+        {"another salt", u"secret"_qs, QByteArray::fromHex("0102030405060709")},
+        {"half a salt", u"secret"_qs, Salt.left(4)},
+        {"no salt", u"secret"_qs, QByteArray()},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.rule);
@@ -235,7 +235,7 @@ TEST(VLCommonCrypto, WrongPasswordOrSaltFails)
 
 TEST(VLCommonCrypto, TakesSixteenBytesOfVectorOrNone)
 {
-    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    VLCommonCrypto engine = engineFor(u"secret"_qs);
     const QByteArray cipher = enciphered(engine, "contacts");
     for (const QByteArray &vector : {QByteArray(), QByteArray(""), Vector.left(1), Vector.left(15)}) {
         SCOPED_TRACE(vector.size());
@@ -251,7 +251,7 @@ TEST(VLCommonCrypto, TakesSixteenBytesOfVectorOrNone)
 
 TEST(VLCommonCrypto, SettlesTheOptionWordWhenEnciphering)
 {
-    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    VLCommonCrypto engine = engineFor(u"secret"_qs);
     const QByteArray cipher = enciphered(engine, "contacts");
     for (const quint32 word : {0u, 1u, 3u, 4u, 0xFFFFFFFFu}) {
         SCOPED_TRACE(word);
@@ -263,7 +263,7 @@ TEST(VLCommonCrypto, SettlesTheOptionWordWhenEnciphering)
 
 TEST(VLCommonCrypto, WordTwoNeitherChainsNorPads)
 {
-    VLCommonCrypto engine = engineFor(QStringLiteral("secret"), QByteArray(16, '\0'));
+    VLCommonCrypto engine = engineFor(u"secret"_qs, QByteArray(16, '\0'));
     const QByteArray block = "sixteen letters!";
     // Chaining begins by adding the vector, so with zeros its first block is the bare cipher's.
     const QByteArray bareBlock = enciphered(engine, block).left(16);
@@ -285,7 +285,7 @@ TEST(VLCommonCrypto, WordTwoNeitherChainsNorPads)
 
 TEST(VLCommonCrypto, DeciphersWithTheWordAsGiven)
 {
-    VLCommonCrypto engine = engineFor(QStringLiteral("secret"), QByteArray(16, '\0'));
+    VLCommonCrypto engine = engineFor(u"secret"_qs, QByteArray(16, '\0'));
     const QByteArray cipher = enciphered(engine, "contacts");
     const QByteArray withPadding = QByteArray("contacts") + QByteArray(8, '\x08');
     const struct
@@ -311,18 +311,18 @@ TEST(VLCommonCrypto, DeciphersWithTheWordAsGiven)
 
 TEST(VLCommonCrypto, RefusesAnUnknownOperationButDerives)
 {
-    VLCommonCrypto engine = engineFor(QStringLiteral("secret"));
+    VLCommonCrypto engine = engineFor(u"secret"_qs);
     engine.setAESKey(QByteArray());
     quint32 padding = CipherPKCS7Padding;
     qint32 error = 1;
     expectFailure(engine.doCipher("contacts", {}, 2, &padding, &error), error, CipherParameterError);
-    EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(QStringLiteral("secret"), Salt));
+    EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(u"secret"_qs, Salt));
 }
 
 TEST(VLCommonCrypto, MakesVectorThenSaltThenKey)
 {
     const ScriptedRandomSource source;
-    VLCommonCrypto engine(QStringLiteral("secret"));
+    VLCommonCrypto engine(u"secret"_qs);
     char draws = 0;
     const auto expectRenewed = [&](const QString &password) {
         EXPECT_EQ(engine.password(), password);
@@ -330,31 +330,31 @@ TEST(VLCommonCrypto, MakesVectorThenSaltThenKey)
         EXPECT_EQ(engine.salt(), QByteArray(8, ++draws));
         EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(password, engine.salt()));
     };
-    expectRenewed(QStringLiteral("secret"));
+    expectRenewed(u"secret"_qs);
     engine.recalcIV_Salt_AESKey();
-    expectRenewed(QStringLiteral("secret"));
-    engine.setPasswordToEncrypt(QStringLiteral("changed"));
-    expectRenewed(QStringLiteral("changed"));
+    expectRenewed(u"secret"_qs);
+    engine.setPasswordToEncrypt(u"changed"_qs);
+    expectRenewed(u"changed"_qs);
 }
 
 TEST(VLCommonCrypto, GoesOnWithNothingWhenTheRandomSourceFails)
 {
     ScriptedRandomSource source;
-    VLCommonCrypto engine(QStringLiteral("secret"));
+    VLCommonCrypto engine(u"secret"_qs);
     source.fails = true;
     EXPECT_EQ(VLCommonCrypto::randomDataOfLength(8), std::nullopt);
     engine.recalcIV_Salt_AESKey();
     EXPECT_TRUE(engine.IV().isNull());
     EXPECT_TRUE(engine.salt().isNull());
-    EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(QStringLiteral("secret"), QByteArray("")));
+    EXPECT_EQ(engine.AESKey(), VLCommonCrypto::AESKeyForPassword(u"secret"_qs, QByteArray("")));
     qint32 error = 1;
     expectFailure(engine.encrypt("contacts", &error), error, CipherParameterError);
 }
 
 TEST(VLCommonCrypto, TwoEnginesShareNothingRandom)
 {
-    const VLCommonCrypto one(QStringLiteral("secret"));
-    const VLCommonCrypto other(QStringLiteral("secret"));
+    const VLCommonCrypto one(u"secret"_qs);
+    const VLCommonCrypto other(u"secret"_qs);
     EXPECT_EQ(one.IV().size(), 16);
     EXPECT_EQ(one.salt().size(), 8);
     EXPECT_NE(one.IV(), other.IV());
@@ -380,8 +380,7 @@ TEST(VLCommonCrypto, DigestsAsPublished)
     const struct
     {
         const char *origin;
-        QByteArray data;
-        QByteArray digest;
+        QByteArray data, digest;
     } cases[] = {
         {"nothing", QByteArray(), "da39a3ee5e6b4b0d3255bfef95601890afd80709"},
         {"FIPS 180, one block", "abc", "a9993e364706816aba3e25717850c26c9cd0d89d"},

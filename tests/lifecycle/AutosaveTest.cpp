@@ -18,7 +18,7 @@ class Autosaving : public DocumentFixture
 protected:
     Autosaving()
     {
-        qputenv("XDG_STATE_HOME", folder.filePath(QStringLiteral("state")).toLocal8Bit());
+        qputenv("XDG_STATE_HOME", folder.filePath(u"state"_qs).toLocal8Bit());
         QObject::connect(&controller, &DocumentController::documentAdded,
                          [this](Foundation::Document *added) {
                              windows.push_back(std::make_unique<ScriptedDocumentWindow>());
@@ -46,12 +46,12 @@ protected:
     }
     static QStringList recoveryFiles()
     {
-        return QDir(RecoveryFile::folder()).entryList({QStringLiteral("*.vexcards")}, QDir::Files);
+        return QDir(RecoveryFile::folder()).entryList({u"*.vexcards"_qs}, QDir::Files);
     }
     QString noteIn(const QString &path)
     {
         if (!open(path))
-            return QStringLiteral("unreadable");
+            return u"unreadable"_qs;
         submit(password);
         return note();
     }
@@ -68,18 +68,18 @@ TEST_F(Autosaving, SavesInPlaceAfterAQuietTimeAndInTheMidstOfLongTyping)
     MyDocument *edited = newOne();
     QString reason;
     ASSERT_TRUE(edited->writeToFile(path, &reason));
-    type(edited, QStringLiteral("one"));
+    type(edited, u"one"_qs);
     timers.advance(Autosaver::QuietSeconds - 1);
     EXPECT_TRUE(edited->isDocumentEdited());
     timers.advance(1);
     EXPECT_FALSE(edited->isDocumentEdited());
     EXPECT_EQ(noteIn(path), u"one");
     for (int second = 0; second < Autosaver::LongestSeconds; ++second) {
-        type(edited, QStringLiteral("typing %1").arg(second));
+        type(edited, u"typing %1"_qs.arg(second));
         timers.advance(1);
     }
     EXPECT_FALSE(edited->isDocumentEdited()) << "not put off for ever";
-    type(edited, QStringLiteral("left"));
+    type(edited, u"left"_qs);
     autosaver.autosaveAll();
     EXPECT_EQ(noteIn(path), u"left") << "at once when the application is left";
     EXPECT_TRUE(recoveryFiles().isEmpty());
@@ -88,7 +88,7 @@ TEST_F(Autosaving, SavesInPlaceAfterAQuietTimeAndInTheMidstOfLongTyping)
 TEST_F(Autosaving, NothingIsWrittenWithoutAPasswordWhileLockedOrWhileTheUserIsAsked)
 {
     MyDocument *unprotected = newOne();
-    unprotected->setPlainPassword(QStringLiteral(""));
+    unprotected->setPlainPassword(u""_qs);
     autosaver.autosaveAll();
     EXPECT_TRUE(recoveryFiles().isEmpty());
     unprotected->close();
@@ -97,7 +97,7 @@ TEST_F(Autosaving, NothingIsWrittenWithoutAPasswordWhileLockedOrWhileTheUserIsAs
     MyDocument *edited = newOne();
     QString reason;
     ASSERT_TRUE(edited->writeToFile(path, &reason));
-    type(edited, QStringLiteral("kept in memory"));
+    type(edited, u"kept in memory"_qs);
     edited->canCloseDocument([](bool) {});
     timers.advance(100);
     EXPECT_TRUE(edited->isDocumentEdited()) << "who discards the changes must not find them in the file";
@@ -119,7 +119,7 @@ TEST_F(Autosaving, AFileThatSomebodyTouchedIsLeftAloneAndTheChangesAreSafe)
     ASSERT_TRUE(other.open(QIODevice::WriteOnly));
     other.write("theirs");
     other.close();
-    type(edited, QStringLiteral("mine"));
+    type(edited, u"mine"_qs);
     timers.advance(Autosaver::QuietSeconds);
     ASSERT_TRUE(other.open(QIODevice::ReadOnly));
     EXPECT_EQ(other.readAll(), "theirs");
@@ -135,10 +135,10 @@ TEST_F(Autosaving, AFailureIsToldOnceUntilItGoesRight)
 {
     MyDocument *edited = newOne();
     // A file where the folder should be.
-    QFile obstacle(folder.filePath(QStringLiteral("state")));
+    QFile obstacle(folder.filePath(u"state"_qs));
     ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
     for (int round = 0; round < 2; ++round) {
-        type(edited, QStringLiteral("round %1").arg(round));
+        type(edited, u"round %1"_qs.arg(round));
         timers.advance(Autosaver::QuietSeconds);
         EXPECT_EQ(windows.back()->hasAlert(), round == 0);
         if (round == 0) {
@@ -149,7 +149,7 @@ TEST_F(Autosaving, AFailureIsToldOnceUntilItGoesRight)
     }
     EXPECT_TRUE(edited->isDocumentEdited());
     obstacle.remove();
-    type(edited, QStringLiteral("room again"));
+    type(edited, u"room again"_qs);
     timers.advance(Autosaver::QuietSeconds);
     EXPECT_EQ(recoveryFiles().size(), 1);
 }
@@ -166,7 +166,7 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
         unnamed->windowControllerDidLoadNib();
         unnamed->setPlainPassword(password);
         unnamed->recordCommands().addRow({});
-        type(unnamed, QStringLiteral("never saved"));
+        type(unnamed, u"never saved"_qs);
         timers.advance(Autosaver::QuietSeconds);
         EXPECT_TRUE(unnamed->isDocumentEdited()) << "no file of the user's has it";
         ASSERT_EQ(recoveryFiles().size(), 1);

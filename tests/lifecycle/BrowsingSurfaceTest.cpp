@@ -78,16 +78,16 @@ TEST_F(BrowsingSurfaceTest, EveryNameIsThere)
 TEST_F(BrowsingSurfaceTest, TheSecondFormOfTheSearchIsAConditionToBindTo)
 {
     newProtectedDocument();
-    document->setSearchText(QStringLiteral("Zoë"));
+    document->setSearchText(u"Zoë"_qs);
     send("doSearch");
     ASSERT_TRUE(document->searchPredicate());
     EXPECT_EQ(document->searchPredicate()->predicateFormat(),
               u"(name CONTAINS[cd] \"Zoë\" OR category CONTAINS[cd] \"Zoë\")");
     const auto record = Foundation::Dictionary::create();
     EXPECT_FALSE(document->searchPredicate()->evaluate(*record));
-    record->setValue(u"category", QStringLiteral("my ZOE"));
+    record->setValue(u"category", u"my ZOE"_qs);
     EXPECT_TRUE(document->searchPredicate()->evaluate(*record));
-    for (const QString &nothing : {QString(), QStringLiteral("")}) {
+    for (const QString &nothing : {QString(), u""_qs}) {
         document->setSearchText(nothing);
         send("doSearch");
         EXPECT_FALSE(document->searchPredicate());
@@ -99,9 +99,9 @@ TEST_F(BrowsingSurfaceTest, TheStripFollowsTheFilterAndTheFilterSurvivesALock)
     newProtectedDocument();
     send("addRow");
     send("addRow");
-    typeNote(QStringLiteral("tea"));
+    typeNote(u"tea"_qs);
     EXPECT_EQ(window->searchInfoShown, QList<bool>{false});
-    document->setSearchText(QStringLiteral("TEA"));
+    document->setSearchText(u"TEA"_qs);
     send("search");
     EXPECT_EQ(window->searchInfoShown, (QList<bool>{false, true})) << "once, however often it is asked for";
     const auto file = document->dataOfType({});
@@ -129,7 +129,7 @@ TEST_F(BrowsingSurfaceTest, AColourChosenAnywhereMarksEveryDocument)
     ColorPanel::shared().setColor({0.1, 0.2, 0.3});
     EXPECT_TRUE(first->isDocumentEdited());
     EXPECT_TRUE(document->isDocumentEdited());
-    EXPECT_EQ(window->redrawn, (QStringList{QStringLiteral("category"), QStringLiteral("categoryTable")}));
+    EXPECT_EQ(window->redrawn, (QStringList{u"category"_qs, u"categoryTable"_qs}));
 }
 
 TEST_F(BrowsingSurfaceTest, EachDocumentKeepsItsOwnCaptions)
@@ -144,8 +144,8 @@ TEST_F(BrowsingSurfaceTest, EachDocumentKeepsItsOwnCaptions)
     EXPECT_TRUE(window->sheet().isNull());
     EXPECT_TRUE(document->isDocumentEdited()) << "even if no caption was touched";
 
-    document->myLabelDictionary()->setValue(RecordKey::pager, QStringLiteral("Чат 💬"));
-    document->myLabelDictionary()->setValue(RecordKey::faxWork, QStringLiteral(""));
+    document->myLabelDictionary()->setValue(RecordKey::pager, u"Чат 💬"_qs);
+    document->myLabelDictionary()->setValue(RecordKey::faxWork, u""_qs);
     QString reason;
     ASSERT_TRUE(document->writeToFile(pathOf("captions.vexcards"), &reason));
     newProtectedDocument();
@@ -153,8 +153,7 @@ TEST_F(BrowsingSurfaceTest, EachDocumentKeepsItsOwnCaptions)
     ASSERT_TRUE(open(pathOf("captions.vexcards")));
     submit(password);
     EXPECT_EQ(document->myLabelDictionary()->value(RecordKey::pager).stringValue(), u"Чат 💬");
-    EXPECT_EQ(document->myLabelDictionary()->value(RecordKey::faxWork),
-              Foundation::Value(QStringLiteral("")));
+    EXPECT_EQ(document->myLabelDictionary()->value(RecordKey::faxWork), Foundation::Value(u""_qs));
 }
 
 TEST_F(BrowsingSurfaceTest, TheWindowIsSetUpWhenItsInterfaceIsLoaded)
@@ -192,25 +191,24 @@ TEST_F(BrowsingSurfaceTest, AFieldOpensByItsTag)
                                             "emailPersonal", "webPersonal",   "addressPersonal"};
     for (const char *key : keys)
         records.setValueForSelection(Foundation::Key(QString::fromLatin1(key)),
-                                     QString::fromLatin1(key).toLower() + QStringLiteral(".example"));
+                                     QString::fromLatin1(key).toLower() + u".example"_qs);
     const auto open = [this](int tag) {
         workspace.openedUrls.clear();
         Foundation::ActionSender sender;
         sender.tag = tag;
-        Foundation::sendAction(document->responders(), QStringLiteral("openField"), sender);
+        Foundation::sendAction(document->responders(), u"openField"_qs, sender);
         return workspace.openedUrls;
     };
     for (std::size_t i = 0; i < keys.size(); ++i)
-        EXPECT_EQ(
-            open(int(i) + 1),
-            QStringList{QStringLiteral("http://%1.example").arg(QString::fromLatin1(keys[i]).toLower())});
+        EXPECT_EQ(open(int(i) + 1),
+                  QStringList{u"http://%1.example"_qs.arg(QString::fromLatin1(keys[i]).toLower())});
     for (const int tag : {-1, 0, 16})
         EXPECT_EQ(open(tag), QStringList()) << tag;
     // An empty field is nothing to openField, and an address to the older actions.
-    records.setValueForSelection(RecordKey::webWork, QStringLiteral(""));
+    records.setValueForSelection(RecordKey::webWork, u""_qs);
     EXPECT_EQ(open(8), QStringList());
     send("openUrlWebPersonal");
-    EXPECT_EQ(workspace.openedUrls, QStringList{QStringLiteral("http://webpersonal.example")});
+    EXPECT_EQ(workspace.openedUrls, QStringList{u"http://webpersonal.example"_qs});
     send("openUrlWebWork");
     EXPECT_GE(workspace.openedUrls.size(), 2) << "an attempt is made";
 }

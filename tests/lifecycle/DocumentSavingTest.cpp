@@ -33,7 +33,7 @@ TEST_F(DocumentSaving, AsksForANameOnceAndSavesThereAgain)
     EXPECT_TRUE(document->fileURL().isNull());
     savedDocument(pathOf("b.vexcards"));
     window->savePath = pathOf("c.vexcards");
-    typeNote(QStringLiteral("x"));
+    typeNote(u"x"_qs);
     document->saveDocument({});
     EXPECT_FALSE(document->isDocumentEdited());
     EXPECT_FALSE(QFile::exists(pathOf("c.vexcards")));
@@ -46,7 +46,7 @@ TEST_F(DocumentSaving, AFileThatAnotherProgramTouchedIsOnlyReplacedAfterAQuestio
 {
     const QString path = pathOf("e.vexcards");
     savedDocument(path);
-    typeNote(QStringLiteral("mine"));
+    typeNote(u"mine"_qs);
     QFile other(path);
     ASSERT_TRUE(other.open(QIODevice::WriteOnly));
     other.write("theirs");
@@ -60,12 +60,12 @@ TEST_F(DocumentSaving, AFileThatAnotherProgramTouchedIsOnlyReplacedAfterAQuestio
     document->saveDocument({});
     window->answer(1000);
     EXPECT_FALSE(document->isDocumentEdited());
-    typeNote(QStringLiteral("again"));
+    typeNote(u"again"_qs);
     document->saveDocument({});
     EXPECT_FALSE(window->hasAlert()) << "the file is ours again";
 
     QFile::remove(path);
-    typeNote(QStringLiteral("more"));
+    typeNote(u"more"_qs);
     document->saveDocument({});
     EXPECT_EQ(window->alert().message, u"The file of the document “e.vexcards” is no longer there.");
     window->answer(1000);
@@ -89,12 +89,11 @@ TEST_F(DocumentSaving, ClosingAsksOnlyAboutUnsavedWorkInAnOpenDocument)
     } answers[] = {{1001, false, true}, {1002, true, true}, {1000, true, false}};
     for (const auto &c : answers) {
         SCOPED_TRACE(c.button);
-        typeNote(QStringLiteral("note %1").arg(c.button));
+        typeNote(u"note %1"_qs.arg(c.button));
         std::optional<bool> answer;
         document->canCloseDocument([&answer](bool shouldClose) { answer = shouldClose; });
         EXPECT_EQ(window->alert().message, u"Do you want to save the changes to the document “f.vexcards”?");
-        EXPECT_EQ(window->alert().buttons,
-                  (QStringList{QStringLiteral("Save"), QStringLiteral("Cancel"), QStringLiteral("Discard")}));
+        EXPECT_EQ(window->alert().buttons, (QStringList{u"Save"_qs, u"Cancel"_qs, u"Discard"_qs}));
         EXPECT_FALSE(answer.has_value());
         window->answer(c.button);
         EXPECT_EQ(answer, c.closes);

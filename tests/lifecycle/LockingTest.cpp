@@ -26,7 +26,7 @@ protected:
     {
         newProtectedDocument();
         document->recordCommands().addRow({});
-        typeNote(QStringLiteral("saved"));
+        typeNote(u"saved"_qs);
         saveTo(pathOf("locked.vexcards"));
     }
 };
@@ -42,7 +42,7 @@ TEST_F(Locking, AsksAndLocksAtOnceWithoutTouchingTheFile)
     queue.drain();
     EXPECT_FALSE(document->isEncrypted());
 
-    typeNote(QStringLiteral("changed"));
+    typeNote(u"changed"_qs);
     document->lockDocument({});
     window->answer(1000);
     EXPECT_FALSE(document->isEncrypted()) << "the sheet has to go first";
@@ -51,7 +51,7 @@ TEST_F(Locking, AsksAndLocksAtOnceWithoutTouchingTheFile)
     EXPECT_TRUE(document->isDocumentEdited());
     EXPECT_EQ(contentOf(pathOf("locked.vexcards")), file) << "no file is touched";
 
-    submit(QStringLiteral("wrong horse"));
+    submit(u"wrong horse"_qs);
     EXPECT_TRUE(document->isEncrypted());
     window->answer(1000);
     submit(password);
@@ -100,7 +100,7 @@ TEST_F(Locking, ALockedDocumentIsNeverWritten)
     EXPECT_EQ(contentOf(pathOf("locked.vexcards")), file);
     EXPECT_FALSE(QFile::exists(pathOf("other.vexcards")));
     // A wrong text that becomes the password changes nothing of that.
-    submit(QStringLiteral("wrong horse"));
+    submit(u"wrong horse"_qs);
     window->answer(1000);
     EXPECT_FALSE(document->writeToFile(pathOf("locked.vexcards"), &reason));
     EXPECT_EQ(contentOf(pathOf("locked.vexcards")), file);
@@ -114,7 +114,7 @@ TEST_F(Locking, ALockedDocumentIsNeverWritten)
 TEST_F(Locking, AChangedPasswordOpensWhatIsInMemoryAndTheFileKeepsTheOld)
 {
     savedDocument();
-    const QString changed = QStringLiteral("battery staple");
+    const QString changed = u"battery staple"_qs;
     document->setPlainPassword(changed);
     document->doLockDocument();
     submit(password);
@@ -157,9 +157,9 @@ TEST_F(Locking, ByItselfOnlyWithAPasswordAndAFileAndUnderAnySheet)
 TEST_F(Locking, RevertingEndsLockedWithTheContentOfTheFile)
 {
     savedDocument();
-    Foundation::MenuItem item{QStringLiteral("revertDocumentToSaved"), QString()};
+    Foundation::MenuItem item{u"revertDocumentToSaved"_qs, QString()};
     EXPECT_FALSE(document->validateMenuItem(item)) << "nothing to revert";
-    typeNote(QStringLiteral("changed"));
+    typeNote(u"changed"_qs);
     EXPECT_TRUE(document->validateMenuItem(item));
     const Rect frame = window->frameNow;
     document->revertDocumentToSaved({});
@@ -172,7 +172,7 @@ TEST_F(Locking, RevertingEndsLockedWithTheContentOfTheFile)
     submit(password);
     EXPECT_EQ(note(), u"saved");
 
-    typeNote(QStringLiteral("changed"));
+    typeNote(u"changed"_qs);
     ASSERT_TRUE(QFile::remove(pathOf("locked.vexcards")));
     document->revertDocumentToSaved({});
     window->answer(1000);

@@ -50,7 +50,7 @@ TEST_F(MyDocumentTest, TheWholeRoadThroughTheDisk)
     EXPECT_FALSE(document->autosavingFileType().isNull());
     document->recordCommands().addRow({});
     EXPECT_EQ(document->selectedView(), MyDocument::EditMode);
-    typeNote(QStringLiteral("zażółć \U0001F600"));
+    typeNote(u"zażółć \U0001F600"_qs);
     saveTo(pathOf("a.vexcards"));
     EXPECT_FALSE(document->isDocumentEdited());
     EXPECT_EQ(document->displayName(), u"a.vexcards");
@@ -63,12 +63,12 @@ TEST_F(MyDocumentTest, TheWholeRoadThroughTheDisk)
 
     submit(QString());
     EXPECT_TRUE(window->progress.isEmpty() && !window->hasAlert()) << "an empty password does nothing";
-    submit(QStringLiteral("wrong"));
+    submit(u"wrong"_qs);
     EXPECT_EQ(window->alert().message, u"Wrong Password");
     EXPECT_EQ(window->alert().informativeText,
               u"You inserted a wrong password.\nTo access this document you must insert exactly the password "
               u"used to protect it");
-    EXPECT_EQ(window->alert().buttons, QStringList{QStringLiteral("OK")});
+    EXPECT_EQ(window->alert().buttons, QStringList{u"OK"_qs});
     window->answer(1000);
     EXPECT_EQ(document->plainPassword(), u"wrong"); // The attempt is not rolled back.
     EXPECT_TRUE(document->isEncrypted());
@@ -133,7 +133,7 @@ TEST_F(MyDocumentTest, NothingIsEverWrittenThatNobodyCouldOpen)
     ASSERT_TRUE(open(path));
     EXPECT_FALSE(document->writeToFile(path, &reason));
     EXPECT_FALSE(reason.isEmpty());
-    submit(QStringLiteral("wrong"));
+    submit(u"wrong"_qs);
     EXPECT_FALSE(document->writeToFile(path, &reason));
     EXPECT_TRUE(document->autosavingFileType().isNull());
     window->answer(1000);
@@ -148,20 +148,18 @@ TEST_F(MyDocumentTest, NothingIsEverWrittenThatNobodyCouldOpen)
 TEST_F(MyDocumentTest, MenusFollowTheLock)
 {
     ASSERT_TRUE(open(sample("version-30600.vexcards")));
-    const QString needContent[] = {QStringLiteral("addRow"),         QStringLiteral("deleteRow"),
-                                   QStringLiteral("deleteRows"),     QStringLiteral("saveDocument"),
-                                   QStringLiteral("saveDocumentAs"), QStringLiteral("switchViewEditMode"),
-                                   QStringLiteral("lockDocument"),   QStringLiteral("printDocument"),
-                                   QStringLiteral("exportToText")};
+    const QString needContent[] = {u"addRow"_qs,       u"deleteRow"_qs,      u"deleteRows"_qs,
+                                   u"saveDocument"_qs, u"saveDocumentAs"_qs, u"switchViewEditMode"_qs,
+                                   u"lockDocument"_qs, u"printDocument"_qs,  u"exportToText"_qs};
     for (const QString &action : needContent)
         EXPECT_FALSE(isEnabled(*document, action)) << qPrintable(action);
-    EXPECT_TRUE(isEnabled(*document, QStringLiteral("duplicateRow"))); // has its own guard
+    EXPECT_TRUE(isEnabled(*document, u"duplicateRow"_qs)); // has its own guard
     submit(password);
     for (const QString &action : needContent)
         EXPECT_TRUE(isEnabled(*document, action)) << qPrintable(action);
 
     Foundation::MenuItem item;
-    item.action = QStringLiteral("switchViewEditMode");
+    item.action = u"switchViewEditMode"_qs;
     document->validateMenuItem(item);
     EXPECT_FALSE(item.isChecked);
     document->switchViewEditMode({});

@@ -30,18 +30,17 @@ TEST_F(PasswordSheet, ComesOnceWhenTheWindowOfANewDocumentBecomesKey)
 
 TEST_F(PasswordSheet, RefusesInThisOrderAndComesBackAsItWas)
 {
-    const QString emoji = QStringLiteral("\U0001F600abcd"); // six UTF-16 units
+    const QString emoji = u"\U0001F600abcd"_qs; // six UTF-16 units
     const struct
     {
         const char *rule;
         QString inserted, retyped, message;
     } refusals[] = {
-        {"the difference comes first", QStringLiteral("abc"), QStringLiteral("abd"),
-         QStringLiteral("Password inserted in the two fields doesn't match")},
-        {"five are too few", QStringLiteral("abcde"), QStringLiteral("abcde"),
-         QStringLiteral("Password too short")},
-        {"blanks count but are not trimmed", QStringLiteral("abcdef "), QStringLiteral("abcdef"),
-         QStringLiteral("Password inserted in the two fields doesn't match")},
+        {"the difference comes first", u"abc"_qs, u"abd"_qs,
+         u"Password inserted in the two fields doesn't match"_qs},
+        {"five are too few", u"abcde"_qs, u"abcde"_qs, u"Password too short"_qs},
+        {"blanks count but are not trimmed", u"abcdef "_qs, u"abcdef"_qs,
+         u"Password inserted in the two fields doesn't match"_qs},
     };
     newDocument();
     document->askMandatoryPasswordToProtectDocument();
@@ -84,27 +83,26 @@ TEST_F(PasswordSheet, CancellingClosesTheDocumentWithoutAQuestion)
 }
 
 const QString mustMatch =
-    QStringLiteral("Password inserted in the 'Old Master Password' field must be equal to the password "
-                   "previously used to protect this document.");
-const QString notEqual = QStringLiteral("Passwords inserted in the two fields doesn't match");
+    u"Password inserted in the 'Old Master Password' field must be equal to the password "
+    "previously used to protect this document."_qs;
+const QString notEqual = u"Passwords inserted in the two fields doesn't match"_qs;
 const QString tooShort =
-    QStringLiteral("Password Too Short. You have to use a password which is at least six character long.");
+    u"Password Too Short. You have to use a password which is at least six character long."_qs;
 
 TEST_F(PasswordSheet, AChangeIsRefusedInThisOrderAndComesBackAsItWas)
 {
-    const QString good = QStringLiteral("battery staple");
+    const QString good = u"battery staple"_qs;
     const struct
     {
         const char *rule;
         QString previous, inserted, retyped, message;
     } refusals[] = {
-        {"the old one comes first", QStringLiteral("wrong"), QStringLiteral("abc"), QStringLiteral("abd"),
-         mustMatch},
-        {"then the difference", password, QStringLiteral("abc"), QStringLiteral("abd"), notEqual},
-        {"then the length", password, QStringLiteral("abcde"), QStringLiteral("abcde"), tooShort},
+        {"the old one comes first", u"wrong"_qs, u"abc"_qs, u"abd"_qs, mustMatch},
+        {"then the difference", password, u"abc"_qs, u"abd"_qs, notEqual},
+        {"then the length", password, u"abcde"_qs, u"abcde"_qs, tooShort},
     };
     newProtectedDocument();
-    document->setPlainPasswordInserted(QStringLiteral("left over"));
+    document->setPlainPasswordInserted(u"left over"_qs);
     document->documentPassword({});
     EXPECT_EQ(window->sheet(), u"changePasswordSheet");
     EXPECT_EQ(document->plainPasswordInserted(), u"");
@@ -141,7 +139,7 @@ TEST_F(PasswordSheet, CancellingAChangeLeavesEverything)
 {
     newProtectedDocument();
     document->documentPassword({});
-    document->setPlainPasswordInserted(QStringLiteral("another one"));
+    document->setPlainPasswordInserted(u"another one"_qs);
     document->cancelChangePasswordSheet({});
     EXPECT_TRUE(window->sheet().isNull());
     document->passwordMustMatch(window.get());
@@ -151,7 +149,7 @@ TEST_F(PasswordSheet, CancellingAChangeLeavesEverything)
     EXPECT_EQ(document->plainPassword(), password);
     EXPECT_FALSE(document->isDocumentEdited());
 
-    document->setPlainPassword(QStringLiteral(""));
+    document->setPlainPassword(u""_qs);
     document->documentPassword({});
     EXPECT_EQ(window->sheet(), u"mandatoryPasswordSheet") << "a document without a password";
 }
@@ -167,10 +165,10 @@ TEST_F(PasswordSheet, InsertingRefusesLikeAChangeAndItsRetryLeadsThere)
         document->confirmInsertPasswordSheet({});
         EXPECT_TRUE(document->showClearPasswordInInsertPasswordSheet());
     };
-    confirm(QStringLiteral("abc"), QStringLiteral("abd"));
+    confirm(u"abc"_qs, u"abd"_qs);
     EXPECT_EQ(window->alert().message, notEqual);
     window->answer(1001);
-    confirm(QStringLiteral("abc"), QStringLiteral("abc"));
+    confirm(u"abc"_qs, u"abc"_qs);
     EXPECT_EQ(window->alert().message, tooShort);
     window->answer(1000);
     queue.drain();

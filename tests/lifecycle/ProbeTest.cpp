@@ -37,8 +37,8 @@ protected:
     }
 
     QTemporaryDir folder;
-    const QString passwordFile = folder.filePath(QStringLiteral("password"));
-    const QString file = folder.filePath(QStringLiteral("a.vexcards"));
+    const QString passwordFile = folder.filePath(u"password"_qs);
+    const QString file = folder.filePath(u"a.vexcards"_qs);
     QByteArray output;
 };
 
@@ -58,8 +58,7 @@ TEST_F(Probe, OpensInEachOutcome)
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.file);
-        EXPECT_EQ(run({QStringLiteral("open"),
-                       documents + QString::fromLatin1(c.file) + QStringLiteral(".vexcards"),
+        EXPECT_EQ(run({u"open"_qs, documents + QString::fromLatin1(c.file) + u".vexcards"_qs,
                        QString::fromLatin1(c.password)}),
                   0);
         EXPECT_EQ(output, c.outcome);
@@ -68,10 +67,10 @@ TEST_F(Probe, OpensInEachOutcome)
 
 TEST_F(Probe, SavesANewDocumentAndChangesAnOldOne)
 {
-    const QStringList save{QStringLiteral("save"), file, passwordFile};
+    const QStringList save{u"save"_qs, file, passwordFile};
     EXPECT_EQ(run(save), 0);
     EXPECT_EQ(run(save), 0);
-    EXPECT_EQ(run({QStringLiteral("inspect"), file, passwordFile}), 0);
+    EXPECT_EQ(run({u"inspect"_qs, file, passwordFile}), 0);
     EXPECT_TRUE(output.contains(R"("note":"**")")) << output.constData();
 
     // What another program did to the file meanwhile is not overwritten: nobody is there to be asked.
@@ -87,16 +86,15 @@ TEST_F(Probe, SavesANewDocumentAndChangesAnOldOne)
 TEST_F(Probe, ResavesEveryReadableDocumentWithoutLoss)
 {
     const QDir documents(QStringLiteral(VEXAREL_TEST_DATA "/documents"));
-    const QStringList names{QStringLiteral("records-extra-types.vexcards"),
-                            QStringLiteral("date-nil.vexcards"), QStringLiteral("labels-own.vexcards"),
-                            QStringLiteral("spelling-outer-xml.vexcards")};
+    const QStringList names{u"records-extra-types.vexcards"_qs, u"date-nil.vexcards"_qs,
+                            u"labels-own.vexcards"_qs, u"spelling-outer-xml.vexcards"_qs};
     for (const QString &name : names) {
         SCOPED_TRACE(name.toStdString());
-        ASSERT_EQ(run({QStringLiteral("resave"), documents.filePath(name), passwordFile, file}), 0);
-        ASSERT_EQ(run({QStringLiteral("inspect"), documents.filePath(name), passwordFile}), 0);
+        ASSERT_EQ(run({u"resave"_qs, documents.filePath(name), passwordFile, file}), 0);
+        ASSERT_EQ(run({u"inspect"_qs, documents.filePath(name), passwordFile}), 0);
         const QByteArray original = output;
         EXPECT_TRUE(original.startsWith(R"({"archive":"ok","refused":false,"status":0,"records":[{)"));
-        ASSERT_EQ(run({QStringLiteral("inspect"), file, passwordFile}), 0);
+        ASSERT_EQ(run({u"inspect"_qs, file, passwordFile}), 0);
         EXPECT_EQ(output, original);
     }
 }

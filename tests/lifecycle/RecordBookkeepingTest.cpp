@@ -139,7 +139,7 @@ public:
         ASSERT_EQ(made == nullptr, category == nullptr);
         if (!made)
             return;
-        account.entries[made] = {category, 0, QStringLiteral("")};
+        account.entries[made] = {category, 0, u""_qs};
         account.content.push_back(made);
         account.count(category, 1);
         account.did(Account::Command::Add, made);
@@ -210,8 +210,7 @@ public:
     }
     void type()
     {
-        static const QStringList words = {QStringLiteral("tea"), QStringLiteral("tea and rum"),
-                                          QStringLiteral("rum"), QStringLiteral("")};
+        static const QStringList words = {u"tea"_qs, u"tea and rum"_qs, u"rum"_qs, u""_qs};
         const QString note = words[qsizetype(below(std::size_t(words.size())))];
         typeNote(note);
         for (const Object &record : selected)
@@ -227,8 +226,7 @@ public:
             break;
         case 1: // Names may be taken twice.
             if (!account.categories.empty())
-                account.categories[row]->setValue(CategoryKey::cat_category,
-                                                  below(2) ? QStringLiteral("A") : QStringLiteral("b"));
+                account.categories[row]->setValue(CategoryKey::cat_category, below(2) ? u"A"_qs : u"b"_qs);
             break;
         default:
             if (account.categories.size() < 6)
@@ -242,13 +240,13 @@ public:
         switch (below(5)) {
         case 0: {
             ActionSender item;
-            item.title = below(2) ? QStringLiteral("a") : QStringLiteral("generic");
+            item.title = below(2) ? u"a"_qs : u"generic"_qs;
             document->categoryCommands().doSelectCatMenu(item);
             account.filter = item.title;
             break;
         }
         case 1:
-            account.searched = below(2) ? QStringLiteral("tea") : QStringLiteral("rum");
+            account.searched = below(2) ? u"tea"_qs : u"rum"_qs;
             document->setSearchText(account.searched);
             records().search({});
             break;

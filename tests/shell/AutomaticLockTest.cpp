@@ -39,14 +39,14 @@ protected:
     {
         auto *document = static_cast<MyDocument *>(controller.newDocument());
         document->setWindow(&window);
-        document->setPlainPassword(QStringLiteral("correct horse"));
+        document->setPlainPassword(u"correct horse"_qs);
         QString reason;
         EXPECT_TRUE(path.isNull() || document->writeToFile(path, &reason)) << qPrintable(reason);
         return document;
     }
 
-    const QString enabled = QStringLiteral("autolocBackgroundEnabled");
-    const QString interval = QStringLiteral("autolocBackgroundInterval");
+    const QString enabled = u"autolocBackgroundEnabled"_qs;
+    const QString interval = u"autolocBackgroundInterval"_qs;
     Foundation::UserDefaults &defaults = Foundation::UserDefaults::standardUserDefaults();
     ManualQueue queue;
     ManualTimers timers;
@@ -64,7 +64,7 @@ TEST_F(AutomaticLock, ComesAfterTheIntervalButNotBeforeHalfAMinute)
         int interval;
         int seconds; // 0: never
     } cases[] = {{1, 30}, {30, 30}, {31, 31}, {120, 120}, {0, 0}, {-5, 0}};
-    MyDocument *document = newDocument(savedWindow, folder.filePath(QStringLiteral("a.vexcards")));
+    MyDocument *document = newDocument(savedWindow, folder.filePath(u"a.vexcards"_qs));
     for (const auto &c : cases) {
         SCOPED_TRACE(c.interval);
         defaults.setValue(interval, c.interval);
@@ -78,7 +78,7 @@ TEST_F(AutomaticLock, ComesAfterTheIntervalButNotBeforeHalfAMinute)
 
 TEST_F(AutomaticLock, PassesOverANeverSavedDocumentAndComesOnce)
 {
-    MyDocument *saved = newDocument(savedWindow, folder.filePath(QStringLiteral("b.vexcards")));
+    MyDocument *saved = newDocument(savedWindow, folder.filePath(u"b.vexcards"_qs));
     MyDocument *unsaved = newDocument(unsavedWindow, QString());
     defaults.setValue(interval, 60);
     delegate.applicationDidResignActive();

@@ -35,18 +35,18 @@ TEST_F(SingleInstanceTest, ASecondStartHandsItsFilesOver)
     QList<QStringList> starts;
     QObject::connect(&first, &SingleInstance::startedAgain,
                      [&starts](const QStringList &paths) { starts.append(paths); });
-    EXPECT_FALSE(first.handOver({QStringLiteral("a.vexcards")}));
-    EXPECT_TRUE(handsOver({QStringLiteral("/tmp/b ü.vexcards"), QStringLiteral("c.vexcards")}));
+    EXPECT_FALSE(first.handOver({u"a.vexcards"_qs}));
+    EXPECT_TRUE(handsOver({u"/tmp/b ü.vexcards"_qs, u"c.vexcards"_qs}));
     EXPECT_TRUE(handsOver({}));
     ASSERT_EQ(starts.size(), 2);
-    EXPECT_EQ(starts[0].value(0), QStringLiteral("/tmp/b ü.vexcards"));
+    EXPECT_EQ(starts[0].value(0), u"/tmp/b ü.vexcards"_qs);
     EXPECT_TRUE(starts[0].value(1).startsWith(u'/')) << "the other has another working folder";
     EXPECT_TRUE(starts[1].isEmpty());
 }
 
 TEST_F(SingleInstanceTest, WhatACrashLeftBehindAndForeignTalkAreSurvived)
 {
-    QFile leftBehind(folder.filePath(QStringLiteral("vexarel.socket")));
+    QFile leftBehind(folder.filePath(u"vexarel.socket"_qs));
     ASSERT_TRUE(leftBehind.open(QIODevice::WriteOnly));
     leftBehind.close();
     SingleInstance first;
@@ -54,7 +54,7 @@ TEST_F(SingleInstanceTest, WhatACrashLeftBehindAndForeignTalkAreSurvived)
     int starts = 0;
     QObject::connect(&first, &SingleInstance::startedAgain, [&starts] { ++starts; });
     QLocalSocket foreign;
-    foreign.connectToServer(folder.filePath(QStringLiteral("vexarel.socket")));
+    foreign.connectToServer(folder.filePath(u"vexarel.socket"_qs));
     ASSERT_TRUE(foreign.waitForConnected());
     foreign.write("\xff\xff\xff\xfe nonsense");
     foreign.flush();

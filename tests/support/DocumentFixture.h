@@ -18,7 +18,7 @@
 class DocumentFixture : public testing::Test
 {
 protected:
-    static inline const QString password = QStringLiteral("correct horse");
+    static inline const QString password = u"correct horse"_qs;
 
     // Takes place of the previous document.
     MyDocument &newDocument()

@@ -71,8 +71,8 @@ public:
     void scrollRowToVisible(qsizetype row) override { scrolledTo = row; }
     // What is redrawn, in the order of the calls: a column's identifier, "categoryViews", "categoryTable".
     void redrawColumn(const QString &identifier) override { redrawn.append(identifier); }
-    void redrawCategoryViews() override { redrawn.append(QStringLiteral("categoryViews")); }
-    void redrawCategoryTable() override { redrawn.append(QStringLiteral("categoryTable")); }
+    void redrawCategoryViews() override { redrawn.append(u"categoryViews"_qs); }
+    void redrawCategoryTable() override { redrawn.append(u"categoryTable"_qs); }
     void scrollCategoryViewToBottom() override { ++categoryScrolls; }
     void scrollListViewToBottom() override { ++listScrolls; }
     PopUpMenu &actionPopUp() override { return popUp; }

@@ -25,6 +25,6 @@ public:
     int editModes = 0;
     int passwordsAsked = 0;
     QString searched;
-    QString categoryString = QStringLiteral("as it was");
+    QString categoryString = u"as it was"_qs;
     QList<bool> searchInfo;
 };

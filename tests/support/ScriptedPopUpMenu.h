@@ -26,8 +26,8 @@ public:
         selected = titles.contains(title) ? title : QString();
     }
 
-    QStringList titles = {QStringLiteral("Category"), QStringLiteral("Show All")};
-    QStringList actions = {QString(), QStringLiteral("showAllCategory")};
-    QString selected = QStringLiteral("Show All");
+    QStringList titles = {u"Category"_qs, u"Show All"_qs};
+    QStringList actions = {QString(), u"showAllCategory"_qs};
+    QString selected = u"Show All"_qs;
     int selections = 0;
 };

@@ -27,15 +27,15 @@ QPushButton *buttonNamed(const QWidget &dialog, const QString &title)
 
 Alert alertWith(const QStringList &buttons)
 {
-    return {QStringLiteral("message"), QStringLiteral("text"), buttons};
+    return {u"message"_qs, u"text"_qs, buttons};
 }
 
 } // namespace
 
 TEST(AlertDialog, AnswersWithThePlaceOfTheButton)
 {
-    const QStringList save = {QStringLiteral("Save"), QStringLiteral("Cancel"), QStringLiteral("Discard")};
-    const QStringList remove = {QStringLiteral("Cancel"), QStringLiteral("Delete Contact")};
+    const QStringList save = {u"Save"_qs, u"Cancel"_qs, u"Discard"_qs};
+    const QStringList remove = {u"Cancel"_qs, u"Delete Contact"_qs};
     const struct
     {
         const char *rule;
@@ -43,16 +43,16 @@ TEST(AlertDialog, AnswersWithThePlaceOfTheButton)
         QString pressed; // null for the Escape key, empty for the Return key
         int code;
     } cases[] = {
-        {"first", save, QStringLiteral("Save"), 1000},
-        {"second", save, QStringLiteral("Cancel"), 1001},
-        {"third", save, QStringLiteral("Discard"), 1002},
-        {"Return is the first", save, QStringLiteral(""), 1000},
+        {"first", save, u"Save"_qs, 1000},
+        {"second", save, u"Cancel"_qs, 1001},
+        {"third", save, u"Discard"_qs, 1002},
+        {"Return is the first", save, u""_qs, 1000},
         {"Escape is the one named so", save, QString(), 1001},
-        {"Return is the first even if that is Cancel", remove, QStringLiteral(""), 1000},
+        {"Return is the first even if that is Cancel", remove, u""_qs, 1000},
         {"Escape too", remove, QString(), 1000},
-        {"the confirming one may be second", remove, QStringLiteral("Delete Contact"), 1001},
-        {"Escape is the only one", {QStringLiteral("OK")}, QString(), 1000},
-        {"Escape without a Cancel is the last", {QStringLiteral("A"), QStringLiteral("B")}, QString(), 1001},
+        {"the confirming one may be second", remove, u"Delete Contact"_qs, 1001},
+        {"Escape is the only one", {u"OK"_qs}, QString(), 1000},
+        {"Escape without a Cancel is the last", {u"A"_qs, u"B"_qs}, QString(), 1001},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.rule);
@@ -69,8 +69,7 @@ TEST(AlertDialog, AnswersWithThePlaceOfTheButton)
 
 TEST(AlertDialog, ShowsNamesOfFilesAsTheyAre)
 {
-    const Alert alert{
-        QStringLiteral("<h1>“R&D”</h1>"), QStringLiteral("<img src=x>"), {QStringLiteral("R&D")}};
+    const Alert alert{u"<h1>“R&D”</h1>"_qs, u"<img src=x>"_qs, {u"R&D"_qs}};
     const AlertDialog dialog(alert);
     QStringList texts;
     for (const QLabel *label : dialog.findChildren<QLabel *>()) {
@@ -80,7 +79,7 @@ TEST(AlertDialog, ShowsNamesOfFilesAsTheyAre)
         }
     }
     EXPECT_EQ(texts, QStringList({alert.message, alert.informativeText}));
-    EXPECT_TRUE(buttonNamed(dialog, QStringLiteral("R&&D")));
+    EXPECT_TRUE(buttonNamed(dialog, u"R&&D"_qs));
 }
 
 TEST(SafeText, ReplacesOnlyWhatReordersOrHides)
@@ -88,15 +87,13 @@ TEST(SafeText, ReplacesOnlyWhatReordersOrHides)
     const struct
     {
         const char *rule;
-        QString text;
-        QString shown;
+        QString text, shown;
     } cases[] = {
-        {"an override", QStringLiteral("a\u202egnp.exe"), QStringLiteral("a\ufffdgnp.exe")},
-        {"isolates and marks", QStringLiteral("\u2066x\u2069\u200f\u061c"),
-         QStringLiteral("\ufffdx\ufffd\ufffd\ufffd")},
-        {"control characters", QStringLiteral("a\r\u0007\u0085b"), QStringLiteral("a\ufffd\ufffd\ufffdb")},
-        {"line breaks stay", QStringLiteral("a\n\nb"), QStringLiteral("a\n\nb")},
-        {"letters of every script stay", QStringLiteral("Zoë שלום 😀"), QStringLiteral("Zoë שלום 😀")},
+        {"an override", u"a\u202egnp.exe"_qs, u"a\ufffdgnp.exe"_qs},
+        {"isolates and marks", u"\u2066x\u2069\u200f\u061c"_qs, u"\ufffdx\ufffd\ufffd\ufffd"_qs},
+        {"control characters", u"a\r\u0007\u0085b"_qs, u"a\ufffd\ufffd\ufffdb"_qs},
+        {"line breaks stay", u"a\n\nb"_qs, u"a\n\nb"_qs},
+        {"letters of every script stay", u"Zoë שלום 😀"_qs, u"Zoë שלום 😀"_qs},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.rule);
@@ -118,7 +115,7 @@ protected:
                 shown.append(name);
                 return new QDialog(parent);
             },
-            [this, name](int result) { ended.append(QStringLiteral("%1 %2").arg(name).arg(result)); });
+            [this, name](int result) { ended.append(u"%1 %2"_qs.arg(name).arg(result)); });
     }
 
     ManualQueue mainQueue;
@@ -130,30 +127,30 @@ protected:
 
 TEST_F(SheetQueueTest, OneStandsAtATime)
 {
-    begin(QStringLiteral("a"));
-    begin(QStringLiteral("b"));
-    EXPECT_EQ(shown, QStringList({QStringLiteral("a")}));
-    queue.end(QStringLiteral("b"), 7);
+    begin(u"a"_qs);
+    begin(u"b"_qs);
+    EXPECT_EQ(shown, QStringList({u"a"_qs}));
+    queue.end(u"b"_qs, 7);
     EXPECT_TRUE(ended.isEmpty()) << "only the standing one can be ended";
-    queue.end(QStringLiteral("a"), 5);
+    queue.end(u"a"_qs, 5);
     EXPECT_FALSE(queue.hasSheet());
     EXPECT_TRUE(ended.isEmpty()) << "the end is told later";
-    begin(QStringLiteral("c"));
+    begin(u"c"_qs);
     EXPECT_EQ(shown.size(), 1) << "and nothing comes before it was told";
     mainQueue.drain();
-    EXPECT_EQ(ended, QStringList({QStringLiteral("a 5")}));
-    EXPECT_EQ(shown.last(), QStringLiteral("b"));
+    EXPECT_EQ(ended, QStringList({u"a 5"_qs}));
+    EXPECT_EQ(shown.last(), u"b"_qs);
     EXPECT_TRUE(queue.hasSheet());
 }
 
 TEST_F(SheetQueueTest, DroppedSheetsTellNothing)
 {
-    begin(QStringLiteral("a"));
-    queue.end(QStringLiteral("a"), 5);
-    begin(QStringLiteral("b"));
+    begin(u"a"_qs);
+    queue.end(u"a"_qs, 5);
+    begin(u"b"_qs);
     queue.drop();
     mainQueue.drain();
     EXPECT_TRUE(ended.isEmpty());
-    EXPECT_EQ(shown, QStringList({QStringLiteral("a")}));
+    EXPECT_EQ(shown, QStringList({u"a"_qs}));
     EXPECT_FALSE(queue.hasSheet());
 }

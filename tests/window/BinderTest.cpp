@@ -27,7 +27,7 @@ protected:
     {
         registerInterfaceTransformers();
         document.myCategoryArrayController()->addDefault({});
-        for (const QString &name : {QStringLiteral("Ada"), QStringLiteral("Eve")}) {
+        for (const QString &name : {u"Ada"_qs, u"Eve"_qs}) {
             const auto record = document.myArrayController()->newObject();
             record->setValue(RecordKey::firstName, name);
             document.myArrayController()->addObject(record);
@@ -68,27 +68,27 @@ protected:
 
 namespace
 {
-const QString FirstName = QStringLiteral("myArrayController.selection.firstName");
-const QString Note = QStringLiteral("myArrayController.selection.note");
+const QString FirstName = u"myArrayController.selection.firstName"_qs;
+const QString Note = u"myArrayController.selection.note"_qs;
 } // namespace
 
 TEST_F(BinderTest, FieldsFollowTheSelectionAndWriteBack)
 {
-    auto *field = add<QLineEdit>({{"bindValue", FirstName}, {"tag", QStringLiteral("1")}});
+    auto *field = add<QLineEdit>({{"bindValue", FirstName}, {"tag", u"1"_qs}});
     auto *twin = add<QLineEdit>({{"bindValue", FirstName}});
     bind();
-    EXPECT_EQ(field->text(), QStringLiteral("Ada"));
+    EXPECT_EQ(field->text(), u"Ada"_qs);
     select({1});
-    EXPECT_EQ(field->text(), QStringLiteral("Eve"));
+    EXPECT_EQ(field->text(), u"Eve"_qs);
     EXPECT_FALSE(document.isDocumentEdited()) << "showing is no edit";
 
-    field->setText(QStringLiteral("Éva"));
-    EXPECT_EQ(text(1, RecordKey::firstName), QStringLiteral("Éva"));
-    EXPECT_EQ(text(0, RecordKey::firstName), QStringLiteral("Ada"));
+    field->setText(u"Éva"_qs);
+    EXPECT_EQ(text(1, RecordKey::firstName), u"Éva"_qs);
+    EXPECT_EQ(text(0, RecordKey::firstName), u"Ada"_qs);
     EXPECT_EQ(changedTags, QList<int>{1});
     EXPECT_TRUE(document.isDocumentEdited());
     runEvents();
-    EXPECT_EQ(twin->text(), QStringLiteral("Éva"));
+    EXPECT_EQ(twin->text(), u"Éva"_qs);
     EXPECT_EQ(changedTags.size(), 1) << "what a control shows is not written again";
 }
 
@@ -101,9 +101,9 @@ TEST_F(BinderTest, LookingAtAValueLeavesItAsItIs)
         QString shown;
     } cases[] = {
         {"an absent one", {}, QString()},
-        {"line breaks of other systems", QStringLiteral("a\r\nb\rc"), QStringLiteral("a\nb\nc")},
-        {"a no-break space", QStringLiteral("a\u00a0b"), QStringLiteral("a\u00a0b")},
-        {"a line separator", QStringLiteral("a\u2028b"), QStringLiteral("a\u2028b")},
+        {"line breaks of other systems", u"a\r\nb\rc"_qs, u"a\nb\nc"_qs},
+        {"a no-break space", u"a\u00a0b"_qs, u"a\u00a0b"_qs},
+        {"a line separator", u"a\u2028b"_qs, u"a\u2028b"_qs},
         {"a text beyond the usual limit of a line", QString(40000, u'x'), QString(40000, u'x')},
     };
     auto *note = add<QPlainTextEdit>({{"bindValue", Note}});
@@ -114,7 +114,7 @@ TEST_F(BinderTest, LookingAtAValueLeavesItAsItIs)
         record(1)->setValue(RecordKey::note, c.value);
         select({1});
         EXPECT_EQ(note->document()->toRawText().replace(QChar::ParagraphSeparator, u'\n'),
-                  c.shown.isNull() ? QStringLiteral("") : c.shown);
+                  c.shown.isNull() ? u""_qs : c.shown);
         EXPECT_EQ(line->text(), c.value.stringValue());
         select({0});
         EXPECT_EQ(record(1)->value(RecordKey::note), c.value);
@@ -122,33 +122,32 @@ TEST_F(BinderTest, LookingAtAValueLeavesItAsItIs)
     EXPECT_TRUE(changedTags.isEmpty());
     EXPECT_FALSE(document.isDocumentEdited());
 
-    record(1)->setValue(RecordKey::note, QStringLiteral("a\u00a0b"));
+    record(1)->setValue(RecordKey::note, u"a\u00a0b"_qs);
     select({1});
     note->moveCursor(QTextCursor::End);
-    note->insertPlainText(QStringLiteral("!"));
-    EXPECT_EQ(text(1, RecordKey::note), QStringLiteral("a\u00a0b!")) << "typing elsewhere keeps it too";
+    note->insertPlainText(u"!"_qs);
+    EXPECT_EQ(text(1, RecordKey::note), u"a\u00a0b!"_qs) << "typing elsewhere keeps it too";
 }
 
 TEST_F(BinderTest, SeveralRecordsShowWhatTheyShareAndAreWrittenTogether)
 {
     auto *field = add<QLineEdit>({{"bindValue", FirstName}});
     auto *note = add<QPlainTextEdit>({{"bindValue", Note}});
-    auto *isCompany =
-        add<QCheckBox>({{"bindValue", QStringLiteral("myArrayController.selection.isCompany")}});
-    field->setPlaceholderText(QStringLiteral("hint"));
+    auto *isCompany = add<QCheckBox>({{"bindValue", u"myArrayController.selection.isCompany"_qs}});
+    field->setPlaceholderText(u"hint"_qs);
     record(1)->setValue(RecordKey::isCompany, Value(true));
     bind();
     select({0, 1});
     EXPECT_EQ(field->text(), QString());
-    EXPECT_EQ(field->placeholderText(), QStringLiteral("Multiple Values"));
+    EXPECT_EQ(field->placeholderText(), u"Multiple Values"_qs);
     EXPECT_EQ(note->placeholderText(), QString()) << "both are empty";
     EXPECT_EQ(isCompany->checkState(), Qt::PartiallyChecked);
     EXPECT_TRUE(changedTags.isEmpty());
 
-    field->setText(QStringLiteral("Kim"));
+    field->setText(u"Kim"_qs);
     isCompany->click();
     for (const std::size_t row : {0U, 1U}) {
-        EXPECT_EQ(text(row, RecordKey::firstName), QStringLiteral("Kim"));
+        EXPECT_EQ(text(row, RecordKey::firstName), u"Kim"_qs);
         EXPECT_TRUE(record(row)->value(RecordKey::isCompany).boolValue());
     }
     runEvents();
@@ -156,14 +155,14 @@ TEST_F(BinderTest, SeveralRecordsShowWhatTheyShareAndAreWrittenTogether)
     isCompany->click();
     EXPECT_EQ(isCompany->checkState(), Qt::Unchecked) << "the third state is gone with the difference";
     select({1});
-    EXPECT_EQ(field->placeholderText(), QStringLiteral("hint"));
+    EXPECT_EQ(field->placeholderText(), u"hint"_qs);
 }
 
 TEST_F(BinderTest, WithoutASelectionNothingCanBeTyped)
 {
     auto *field = add<QLineEdit>({{"bindValue", FirstName}});
-    auto *own = add<QLineEdit>({{"bindValue", FirstName}, {"bindEnabled", QStringLiteral("yesVal")}});
-    auto *hint = add<QLabel>({{"bindVisible", QStringLiteral("!myArrayController.hasSelection")}});
+    auto *own = add<QLineEdit>({{"bindValue", FirstName}, {"bindEnabled", u"yesVal"_qs}});
+    auto *hint = add<QLabel>({{"bindVisible", u"!myArrayController.hasSelection"_qs}});
     bind();
     EXPECT_TRUE(hint->isHidden());
     select({});
@@ -171,7 +170,7 @@ TEST_F(BinderTest, WithoutASelectionNothingCanBeTyped)
     EXPECT_EQ(field->text(), QString());
     EXPECT_TRUE(own->isEnabled()) << "a condition of its own decides alone";
     EXPECT_FALSE(hint->isHidden());
-    field->setText(QStringLiteral("lost"));
+    field->setText(u"lost"_qs);
     EXPECT_TRUE(changedTags.isEmpty());
     select({0});
     EXPECT_TRUE(field->isEnabled());
@@ -179,10 +178,9 @@ TEST_F(BinderTest, WithoutASelectionNothingCanBeTyped)
 
 TEST_F(BinderTest, ConditionsAreNegatedJoinedAndTransformed)
 {
-    Foundation::ValueTransformerRegistry::shared().valueTransformerForName(
-        QStringLiteral("withoutTrailingColon"));
-    auto *any = add<QLabel>({{"bindVisible", FirstName + QStringLiteral(" | ") + Note}});
-    auto *none = add<QLabel>({{"bindVisible", u'!' + FirstName + QStringLiteral("|") + Note}});
+    Foundation::ValueTransformerRegistry::shared().valueTransformerForName(u"withoutTrailingColon"_qs);
+    auto *any = add<QLabel>({{"bindVisible", FirstName + u" | "_qs + Note}});
+    auto *none = add<QLabel>({{"bindVisible", u'!' + FirstName + u"|"_qs + Note}});
     bind();
     const struct
     {
@@ -190,10 +188,10 @@ TEST_F(BinderTest, ConditionsAreNegatedJoinedAndTransformed)
         Value note;
         bool isAny;
     } cases[] = {
-        {QStringLiteral("Ada"), QStringLiteral(""), true},
-        {QStringLiteral(""), QStringLiteral("0"), true},
-        {QStringLiteral(""), QStringLiteral(""), false},
-        {QStringLiteral(""), {}, false},
+        {u"Ada"_qs, u""_qs, true},
+        {u""_qs, u"0"_qs, true},
+        {u""_qs, u""_qs, false},
+        {u""_qs, {}, false},
     };
     for (const auto &c : cases) {
         record(0)->setValue(RecordKey::firstName, c.firstName);
@@ -207,33 +205,32 @@ TEST_F(BinderTest, ConditionsAreNegatedJoinedAndTransformed)
 
 TEST_F(BinderTest, TextsAreShownAsTheyAre)
 {
-    document.myLabelDictionary()->setValue(QStringView(u"note"), QStringLiteral("<b>R&D</b>:"));
+    document.myLabelDictionary()->setValue(QStringView(u"note"), u"<b>R&D</b>:"_qs);
     auto *field = add<QLineEdit>({});
-    auto *caption = add<QLabel>({{"bindValue", QStringLiteral("myLabelDictionary.note")}});
+    auto *caption = add<QLabel>({{"bindValue", u"myLabelDictionary.note"_qs}});
     caption->setBuddy(field);
-    auto *heading = add<QLabel>({{"bindValue", QStringLiteral("myLabelDictionary.note")},
-                                 {"transformer", QStringLiteral("withoutTrailingColon")},
-                                 {"bindFormat", QStringLiteral("%1 100%")}});
+    auto *heading = add<QLabel>({{"bindValue", u"myLabelDictionary.note"_qs},
+                                 {"transformer", u"withoutTrailingColon"_qs},
+                                 {"bindFormat", u"%1 100%"_qs}});
     bind();
     EXPECT_EQ(caption->textFormat(), Qt::PlainText);
-    EXPECT_EQ(caption->text(), QStringLiteral("<b>R&&D</b>:")) << "with a buddy, & would mark a mnemonic";
-    EXPECT_EQ(heading->text(), QStringLiteral("<b>R&D</b> 100%"));
+    EXPECT_EQ(caption->text(), u"<b>R&&D</b>:"_qs) << "with a buddy, & would mark a mnemonic";
+    EXPECT_EQ(heading->text(), u"<b>R&D</b> 100%"_qs);
 }
 
 TEST_F(BinderTest, PropertiesAreWrittenWithoutMarkingTheDocument)
 {
-    auto *password =
-        add<QLineEdit>({{"bindValue", QStringLiteral("plainPasswordInserted")},
-                        {"bindShowsText", QStringLiteral("showClearPasswordInInsertPasswordSheet")}});
-    auto *show = add<QCheckBox>({{"bindValue", QStringLiteral("showClearPasswordInInsertPasswordSheet")}});
+    auto *password = add<QLineEdit>({{"bindValue", u"plainPasswordInserted"_qs},
+                                     {"bindShowsText", u"showClearPasswordInInsertPasswordSheet"_qs}});
+    auto *show = add<QCheckBox>({{"bindValue", u"showClearPasswordInInsertPasswordSheet"_qs}});
     bind();
     EXPECT_EQ(password->echoMode(), QLineEdit::Password);
-    password->setText(QStringLiteral("secret"));
+    password->setText(u"secret"_qs);
     show->click();
-    EXPECT_EQ(document.plainPasswordInserted(), QStringLiteral("secret"));
+    EXPECT_EQ(document.plainPasswordInserted(), u"secret"_qs);
     EXPECT_TRUE(document.showClearPasswordInInsertPasswordSheet());
     EXPECT_EQ(password->echoMode(), QLineEdit::Normal);
-    document.setPlainPasswordInserted(QStringLiteral(""));
+    document.setPlainPasswordInserted(u""_qs);
     EXPECT_EQ(password->text(), QString());
     EXPECT_TRUE(changedTags.isEmpty());
     EXPECT_FALSE(document.isDocumentEdited());
@@ -241,14 +238,14 @@ TEST_F(BinderTest, PropertiesAreWrittenWithoutMarkingTheDocument)
 
 TEST_F(BinderTest, PopUpShowsTheCategoriesAndSendsWhatIsChosen)
 {
-    auto *popUp = add<QComboBox>(
-        {{"bindContent", QStringLiteral("myCategoryArrayController.arrangedObjects.cat_category")},
-         {"bindSelectedObject", QStringLiteral("myArrayController.selection.categoryPtr")},
-         {"action", QStringLiteral("categoryWasSet")}});
+    auto *popUp =
+        add<QComboBox>({{"bindContent", u"myCategoryArrayController.arrangedObjects.cat_category"_qs},
+                        {"bindSelectedObject", u"myArrayController.selection.categoryPtr"_qs},
+                        {"action", u"categoryWasSet"_qs}});
     bind();
-    const auto friends = document.myCategoryArrayController()->addWithName(QStringLiteral("R&D <b>"));
+    const auto friends = document.myCategoryArrayController()->addWithName(u"R&D <b>"_qs);
     EXPECT_EQ(popUp->count(), 2);
-    EXPECT_EQ(popUp->itemText(1), QStringLiteral("R&D <b>"));
+    EXPECT_EQ(popUp->itemText(1), u"R&D <b>"_qs);
     EXPECT_EQ(popUp->currentIndex(), 0) << "the selected record's category stays the one shown";
 
     QTest::keyClick(popUp, Qt::Key_Down);
@@ -256,25 +253,25 @@ TEST_F(BinderTest, PopUpShowsTheCategoriesAndSendsWhatIsChosen)
     EXPECT_TRUE(document.isDocumentEdited());
     select({0, 1});
     EXPECT_EQ(popUp->currentIndex(), -1);
-    EXPECT_EQ(popUp->placeholderText(), QStringLiteral("Multiple Values"));
+    EXPECT_EQ(popUp->placeholderText(), u"Multiple Values"_qs);
     select({0});
-    EXPECT_EQ(popUp->currentText(), QStringLiteral("R&D <b>"));
+    EXPECT_EQ(popUp->currentText(), u"R&D <b>"_qs);
 }
 
 TEST_F(BinderTest, ActionsCarryTheSenderThatTheFileNames)
 {
     document.setIsEncrypted(true);
-    auto *field = add<QLineEdit>({{"action", QStringLiteral("submitPasswordToDecrypt")}});
-    field->setObjectName(QStringLiteral("field"));
-    auto *button = add<QPushButton>(
-        {{"action", QStringLiteral("submitPasswordToDecrypt")}, {"actionSender", QStringLiteral("field")}});
+    auto *field = add<QLineEdit>({{"action", u"submitPasswordToDecrypt"_qs}});
+    field->setObjectName(u"field"_qs);
+    auto *button =
+        add<QPushButton>({{"action", u"submitPasswordToDecrypt"_qs}, {"actionSender", u"field"_qs}});
     bind();
-    field->setText(QStringLiteral("by button"));
+    field->setText(u"by button"_qs);
     button->click();
-    EXPECT_EQ(document.plainPassword(), QStringLiteral("by button"));
-    field->setText(QStringLiteral("by key"));
+    EXPECT_EQ(document.plainPassword(), u"by button"_qs);
+    field->setText(u"by key"_qs);
     QTest::keyClick(field, Qt::Key_Return);
-    EXPECT_EQ(document.plainPassword(), QStringLiteral("by key"));
+    EXPECT_EQ(document.plainPassword(), u"by key"_qs);
 }
 
 TEST_F(BinderTest, ItemsAreEnabledByResponderValidationAndCondition)
@@ -285,10 +282,10 @@ TEST_F(BinderTest, ItemsAreEnabledByResponderValidationAndCondition)
         item->setProperty("bindEnabled", condition);
         return item;
     };
-    QAction *addRow = addItem(QStringLiteral("addRow"));
-    QAction *deleteRow = addItem(QStringLiteral("deleteRow"), QStringLiteral("myArrayController.canRemove"));
-    QAction *unknown = addItem(QStringLiteral("flyAway"));
-    QAction *editMode = addItem(QStringLiteral("switchViewEditMode"));
+    QAction *addRow = addItem(u"addRow"_qs);
+    QAction *deleteRow = addItem(u"deleteRow"_qs, u"myArrayController.canRemove"_qs);
+    QAction *unknown = addItem(u"flyAway"_qs);
+    QAction *editMode = addItem(u"switchViewEditMode"_qs);
     editMode->setCheckable(true);
     bind();
     dispatcher.validate();

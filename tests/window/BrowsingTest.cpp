@@ -21,10 +21,10 @@ protected:
     void makeTwoContacts()
     {
         makeProtectedDocument();
-        document()->myCategoryArrayController()->addWithName(QStringLiteral("R&D"));
+        document()->myCategoryArrayController()->addWithName(u"R&D"_qs);
         document()->categoryCommands().synkCategorySubMenu({});
-        addContact(QStringLiteral("Zoë"), QStringLiteral("Åström"));
-        addContact(QStringLiteral("Борис"), QStringLiteral("Кант"));
+        addContact(u"Zoë"_qs, u"Åström"_qs);
+        addContact(u"Борис"_qs, u"Кант"_qs);
         auto *category = control<QComboBox>("category");
         category->setFocus();
         press(Qt::Key_Home);
@@ -45,8 +45,8 @@ protected:
     }
 };
 
-const QString zoe = QStringLiteral("Zoë Åström");
-const QString boris = QStringLiteral("Борис Кант");
+const QString zoe = u"Zoë Åström"_qs;
+const QString boris = u"Борис Кант"_qs;
 
 TEST_F(BrowsingTest, SearchingByKeysNarrowsAtEveryLetter)
 {
@@ -54,20 +54,20 @@ TEST_F(BrowsingTest, SearchingByKeysNarrowsAtEveryLetter)
     EXPECT_FALSE(isStripShown());
     press(Qt::Key_F, Qt::ControlModifier);
     ASSERT_EQ(QApplication::focusWidget(), control<SearchField>("searchField"));
-    type(QStringLiteral("k"));
+    type(u"k"_qs);
     EXPECT_EQ(names(), QStringList());
     EXPECT_TRUE(isStripShown());
     EXPECT_EQ(told(), u"search string \"k\"");
     EXPECT_EQ(control<QLabel>("placeholderHint")->text(), u"Show all contacts or search for something else");
     press(Qt::Key_Backspace);
-    type(QStringLiteral("ка"));
+    type(u"ка"_qs);
     EXPECT_EQ(names(), QStringList{boris});
     EXPECT_TRUE(document()->myArrayController()->canRemove()) << "what is found first is selected";
     press(Qt::Key_Return);
     EXPECT_EQ(QApplication::focusWidget(), list());
 
     press(Qt::Key_F, Qt::ControlModifier);
-    type(QStringLiteral("z"));
+    type(u"z"_qs);
     EXPECT_EQ(searched(), u"z") << "the former text was selected";
     press(Qt::Key_Escape);
     EXPECT_EQ(names(), (QStringList{zoe, boris}));
@@ -90,20 +90,19 @@ TEST_F(BrowsingTest, OneCategoryIsShownByPopUpMenuAndStrip)
     EXPECT_EQ(popUp->currentText(), u"Show All") << "the title above it is no choice";
     EXPECT_EQ(names(), (QStringList{zoe, boris}));
 
-    QMenu *categories = window()->findChild<QAction *>(QStringLiteral("myCategorySuperMenuItem"))->menu();
+    QMenu *categories = window()->findChild<QAction *>(u"myCategorySuperMenuItem"_qs)->menu();
     ASSERT_TRUE(categories);
     Q_EMIT categories->aboutToShow();
     QStringList titles;
     for (QAction *item : categories->actions())
-        titles.append(item->isSeparator() ? QStringLiteral("-") : item->text());
-    EXPECT_EQ(titles, (QStringList{QStringLiteral("Show All"), QStringLiteral("-"), QStringLiteral("Generic"),
-                                   QStringLiteral("R&&D")}));
+        titles.append(item->isSeparator() ? u"-"_qs : item->text());
+    EXPECT_EQ(titles, (QStringList{u"Show All"_qs, u"-"_qs, u"Generic"_qs, u"R&&D"_qs}));
     EXPECT_TRUE(categories->actions().first()->isChecked());
     categories->actions().last()->trigger();
     EXPECT_EQ(names(), QStringList{zoe});
     EXPECT_EQ(popUp->currentText(), u"R&D");
 
-    document()->setSearchText(QStringLiteral("z"));
+    document()->setSearchText(u"z"_qs);
     EXPECT_EQ(searched(), u"z") << "the field follows the document";
     QTest::mouseClick(control<QPushButton>("showAllButton"), Qt::LeftButton);
     EXPECT_EQ(names(), (QStringList{zoe, boris}));
@@ -116,8 +115,8 @@ TEST_F(BrowsingTest, ACopyComesByButtonAndKeyAndGoesByUndo)
 {
     makeTwoContacts();
     press(Qt::Key_Home);
-    ASSERT_TRUE(toolButton(QStringLiteral("Duplicate")));
-    QTest::mouseClick(toolButton(QStringLiteral("Duplicate")), Qt::LeftButton);
+    ASSERT_TRUE(toolButton(u"Duplicate"_qs));
+    QTest::mouseClick(toolButton(u"Duplicate"_qs), Qt::LeftButton);
     EXPECT_EQ(names(), (QStringList{zoe, zoe, boris}));
     EXPECT_EQ(document()->selectedView(), MyDocument::ViewMode);
     press(Qt::Key_End);
@@ -138,7 +137,7 @@ TEST_F(BrowsingTest, TheSmallestWindowHasRoomForAllOfTheToolbar)
     const auto *toolbar = control<QToolBar>("modernToolbar");
     const auto *field = control<SearchField>("searchField");
     for (const QWidget *shown : std::initializer_list<const QWidget *>{
-             toolButton(QStringLiteral("Edit")), control<QComboBox>("myActionPopup"), field})
+             toolButton(u"Edit"_qs), control<QComboBox>("myActionPopup"), field})
         EXPECT_TRUE(shown->isVisible());
     EXPECT_LE(field->mapTo(toolbar, field->rect().topRight()).x(), toolbar->width());
     EXPECT_GE(field->width(), field->minimumWidth());

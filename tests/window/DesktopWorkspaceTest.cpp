@@ -25,7 +25,7 @@ public:
     }
     Q_INVOKABLE void take(const QUrl &url) { urls.append(url); }
 
-    const QStringList schemes = {QStringLiteral("file"), QStringLiteral("https")};
+    const QStringList schemes = {u"file"_qs, u"https"_qs};
     QList<QUrl> urls;
 };
 
@@ -35,8 +35,7 @@ TEST(DesktopWorkspace, ShowsProgramsInTheirFolderAndOpensTheRest)
     {
         const char *name;
         QByteArray content;
-        bool isExecutable;
-        bool isProgram;
+        bool isExecutable, isProgram;
     } cases[] = {
         {"letter.txt", "Dear Ada", false, false},
         {"card.pdf", "%PDF-1.4", false, false},
@@ -68,11 +67,11 @@ TEST(DesktopWorkspace, OpensAddressesAndNothingElse)
 {
     UrlCatcher desktop;
     DesktopWorkspace workspace;
-    const QUrl page(QStringLiteral("https://example.org/a?b=c"));
+    const QUrl page(u"https://example.org/a?b=c"_qs);
     EXPECT_TRUE(workspace.openUrl(page));
     EXPECT_EQ(desktop.urls, QList<QUrl>{page});
     EXPECT_FALSE(workspace.openUrl(QUrl()));
-    EXPECT_FALSE(workspace.openFile(QStringLiteral("/nowhere/at all")));
+    EXPECT_FALSE(workspace.openFile(u"/nowhere/at all"_qs));
     EXPECT_EQ(desktop.urls.size(), 1);
 }
 

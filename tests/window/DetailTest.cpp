@@ -21,8 +21,8 @@ protected:
     void SetUp() override
     {
         makeProtectedDocument();
-        addContact(QStringLiteral("Zoë"), QStringLiteral("Åström"));
-        enterField("webWork", QStringLiteral("fjord.example"));
+        addContact(u"Zoë"_qs, u"Åström"_qs);
+        enterField("webWork", u"fjord.example"_qs);
     }
     void set(const Foundation::Key &key, const QString &text)
     {
@@ -32,14 +32,14 @@ protected:
     // The pages of a PDF of the selected contact as text, by a reader that knows nothing of us.
     QStringList printedPages()
     {
-        const QString path = pathOf(QStringLiteral("card.pdf"));
+        const QString path = pathOf(u"card.pdf"_qs);
         QPrinter &printer = controller()->cardPrinter().printer();
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(path);
         printer.setPageSize(QPageSize(QPageSize::A4));
         controller()->cardPrinter().print();
         QProcess reader;
-        reader.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path, QStringLiteral("-")});
+        reader.start(u"pdftotext"_qs, {u"-layout"_qs, path, u"-"_qs});
         EXPECT_TRUE(reader.waitForFinished());
         QStringList pages = QString::fromUtf8(reader.readAllStandardOutput()).split(u'\f');
         pages.removeLast();
@@ -56,7 +56,7 @@ TEST_F(DetailTest, AFieldOpensByItsButtonAndAsALink)
     EXPECT_FALSE(control<QToolButton>("openWebPersonal")->isEnabled()) << "an empty field";
     EXPECT_FALSE(control<QToolButton>("openPhoneWork")->isVisible()) << "its flag is not set";
     QTest::mouseClick(button, Qt::LeftButton);
-    EXPECT_EQ(workspace.openedUrls, QStringList{QStringLiteral("http://fjord.example")});
+    EXPECT_EQ(workspace.openedUrls, QStringList{u"http://fjord.example"_qs});
 
     press(Qt::Key_F2);
     auto *link = control<FieldText>("webWorkText");
@@ -76,18 +76,17 @@ TEST_F(DetailTest, AFieldOpensByItsButtonAndAsALink)
 
 TEST_F(DetailTest, ACardIsPrintedAsTextAndNeverCutsALine)
 {
-    set(RecordKey::addressWork, QStringLiteral("Havnegata 12\n0150 Oslo"));
+    set(RecordKey::addressWork, u"Havnegata 12\n0150 Oslo"_qs);
     const QSize shown = control<QWidget>("whiteView")->size();
     QStringList pages = printedPages();
     ASSERT_EQ(pages.size(), 1);
-    for (const QString &text : {QStringLiteral("Zoë Åström"), QStringLiteral("fjord.example"),
-                                QStringLiteral("0150 Oslo"), QStringLiteral("Generic")})
+    for (const QString &text : {u"Zoë Åström"_qs, u"fjord.example"_qs, u"0150 Oslo"_qs, u"Generic"_qs})
         EXPECT_TRUE(pages[0].contains(text)) << text.toStdString() << "\n" << pages[0].toStdString();
     EXPECT_EQ(control<QWidget>("whiteView")->size(), shown);
 
     QStringList lines;
     for (int line = 0; line < 150; ++line)
-        lines.append(QStringLiteral("Line number %1.").arg(line));
+        lines.append(u"Line number %1."_qs.arg(line));
     set(RecordKey::note, lines.join(u'\n'));
     pages = printedPages();
     EXPECT_GE(pages.size(), 3);
@@ -96,16 +95,16 @@ TEST_F(DetailTest, ACardIsPrintedAsTextAndNeverCutsALine)
         EXPECT_EQ(all.count(line), 1) << line.toStdString();
 
     // What no printer takes is told.
-    controller()->cardPrinter().printer().setOutputFileName(QStringLiteral("/no/such/folder/card.pdf"));
+    controller()->cardPrinter().printer().setOutputFileName(u"/no/such/folder/card.pdf"_qs);
     controller()->cardPrinter().print();
-    EXPECT_EQ(nextAlert().value(0), QStringLiteral("The contact could not be printed"));
+    EXPECT_EQ(nextAlert().value(0), u"The contact could not be printed"_qs);
 }
 
 TEST_F(DetailTest, PrintingBeginsWithADialogAndNeedsAnOpenDocument)
 {
     press(Qt::Key_P, Qt::ControlModifier);
     ASSERT_TRUE(eventually([this] { return qobject_cast<QPrintDialog *>(sheet()) != nullptr; }));
-    EXPECT_EQ(controller()->cardPrinter().printer().docName(), QStringLiteral("Vexarel")) << "tells no name";
+    EXPECT_EQ(controller()->cardPrinter().printer().docName(), u"Vexarel"_qs) << "tells no name";
     sheet()->reject();
     EXPECT_TRUE(windowIsActive());
     document()->setIsEncrypted(true);

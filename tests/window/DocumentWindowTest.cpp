@@ -30,8 +30,8 @@ protected:
     {
         makeProtectedDocument();
         for (const QString &name : firstNames)
-            addContact(name, QStringLiteral("X"));
-        chooseNextPath(pathOf(QStringLiteral("Friends.vexcards")));
+            addContact(name, u"X"_qs);
+        chooseNextPath(pathOf(u"Friends.vexcards"_qs));
         press(Qt::Key_S, Qt::ControlModifier);
         ASSERT_FALSE(document()->isDocumentEdited());
     }
@@ -45,18 +45,16 @@ TEST_F(DocumentWindowTest, NewDocumentRefusesBadPasswordsUntilAGoodOne)
 {
     const struct
     {
-        QString first;
-        QString second;
+        QString first, second;
         QStringList alert;
     } refusals[] = {
         {password,
-         QStringLiteral("correct house"),
-         {QStringLiteral("Password inserted in the two fields doesn't match"),
-          QStringLiteral("You must insert exactly the same password in the two fields.")}},
-        {QStringLiteral("short"),
-         QStringLiteral("short"),
-         {QStringLiteral("Password too short"),
-          QStringLiteral("You have to use a password which is at least six character long.")}},
+         u"correct house"_qs,
+         {u"Password inserted in the two fields doesn't match"_qs,
+          u"You must insert exactly the same password in the two fields."_qs}},
+        {u"short"_qs,
+         u"short"_qs,
+         {u"Password too short"_qs, u"You have to use a password which is at least six character long."_qs}},
     };
     makeNewDocument();
     EXPECT_EQ(control<QLineEdit>("password")->echoMode(), QLineEdit::Password);
@@ -74,7 +72,7 @@ TEST_F(DocumentWindowTest, NewDocumentRefusesBadPasswordsUntilAGoodOne)
 
     enterFirstPasswords(password, password);
     const QStringList accepted = nextAlert();
-    EXPECT_EQ(accepted.value(0), QStringLiteral("Password accepted"));
+    EXPECT_EQ(accepted.value(0), u"Password accepted"_qs);
     EXPECT_TRUE(accepted.value(1).startsWith(u"This password will be used when saving this document.\n"));
     EXPECT_EQ(document()->plainPassword(), password);
     EXPECT_TRUE(window()->isWindowModified());
@@ -87,7 +85,7 @@ TEST_F(DocumentWindowTest, CancellingTheFirstPasswordClosesTheDocument)
         if (way == 0)
             press(Qt::Key_Escape);
         else
-            answer(QStringLiteral("Cancel"));
+            answer(u"Cancel"_qs);
         EXPECT_TRUE(isClosed());
     }
 }
@@ -95,14 +93,13 @@ TEST_F(DocumentWindowTest, CancellingTheFirstPasswordClosesTheDocument)
 TEST_F(DocumentWindowTest, MainJobIsDoneByKeysAlone)
 {
     makeProtectedDocument();
-    addContact(QStringLiteral("Zoë"), QStringLiteral("Åström"));
-    addContact(QStringLiteral("Борис"), QStringLiteral("Кант"));
-    addContact(QStringLiteral("😀 “R&D”"), QStringLiteral("<b>bold</b>"));
-    const QStringList all = {QStringLiteral("Zoë Åström"), QStringLiteral("Борис Кант"),
-                             QStringLiteral("😀 “R&D” <b>bold</b>")};
+    addContact(u"Zoë"_qs, u"Åström"_qs);
+    addContact(u"Борис"_qs, u"Кант"_qs);
+    addContact(u"😀 “R&D”"_qs, u"<b>bold</b>"_qs);
+    const QStringList all = {u"Zoë Åström"_qs, u"Борис Кант"_qs, u"😀 “R&D” <b>bold</b>"_qs};
     EXPECT_EQ(names(), all);
-    const QString path = pathOf(QStringLiteral("Friends.vexcards"));
-    chooseNextPath(pathOf(QStringLiteral("Friends")));
+    const QString path = pathOf(u"Friends.vexcards"_qs);
+    chooseNextPath(pathOf(u"Friends"_qs));
     press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_TRUE(QFileInfo::exists(path)) << "the suffix is added";
     press(Qt::Key_W, Qt::ControlModifier);
@@ -110,14 +107,13 @@ TEST_F(DocumentWindowTest, MainJobIsDoneByKeysAlone)
 
     openDocument(path);
     EXPECT_FALSE(control<QWidget>("openFace")) << "the locked window does not have it at all";
-    EXPECT_EQ(control<QLabel>("lockedTitle")->text(), QStringLiteral("Friends.vexcards is locked"));
-    EXPECT_EQ(window()->windowTitle(), QStringLiteral("Friends[*] — locked"));
+    EXPECT_EQ(control<QLabel>("lockedTitle")->text(), u"Friends.vexcards is locked"_qs);
+    EXPECT_EQ(window()->windowTitle(), u"Friends[*] — locked"_qs);
     EXPECT_FALSE(controller()->isToolbarVisible());
-    unlock(QStringLiteral("wrong horse"));
-    EXPECT_EQ(nextAlert(),
-              QStringList({QStringLiteral("Wrong Password"),
-                           QStringLiteral("You inserted a wrong password.\nTo access this document you must "
-                                          "insert exactly the password used to protect it")}));
+    unlock(u"wrong horse"_qs);
+    EXPECT_EQ(nextAlert(), QStringList({u"Wrong Password"_qs,
+                                        u"You inserted a wrong password.\nTo access this document you must "
+                                        "insert exactly the password used to protect it"_qs}));
     press(Qt::Key_Return);
     ASSERT_TRUE(windowIsActive());
     EXPECT_TRUE(document()->isEncrypted());
@@ -128,13 +124,13 @@ TEST_F(DocumentWindowTest, MainJobIsDoneByKeysAlone)
     EXPECT_TRUE(controller()->isToolbarVisible());
     EXPECT_EQ(control<QLineEdit>("passwordToDecryptField")->text(), QString());
     EXPECT_EQ(QApplication::focusWidget(), control<QWidget>("myTableView"));
-    EXPECT_EQ(window()->windowTitle(), QStringLiteral("Friends[*]"));
+    EXPECT_EQ(window()->windowTitle(), u"Friends[*]"_qs);
 
     press(Qt::Key_End);
     EXPECT_EQ(control<QTextEdit>("recordName")->toPlainText(), all.last()) << "names are shown as they are";
     press(Qt::Key_F2);
     EXPECT_EQ(document()->selectedView(), MyDocument::EditMode);
-    EXPECT_EQ(field("lastName"), QStringLiteral("<b>bold</b>"));
+    EXPECT_EQ(field("lastName"), u"<b>bold</b>"_qs);
     control<QWidget>("note")->setFocus();
     press(Qt::Key_F2);
     EXPECT_EQ(document()->selectedView(), MyDocument::ViewMode);
@@ -150,44 +146,42 @@ TEST_F(DocumentWindowTest, TabGoesThroughTheFormInReadingOrder)
         order.append(QApplication::focusWidget()->objectName());
         press(Qt::Key_Tab);
     }
-    EXPECT_EQ(
-        order.join(u' '),
-        QStringLiteral("firstName lastName company category isCompany phoneWork pager faxWork emailWork "
-                       "webWork addressWork phonePersonal mobile faxPersonal emailPersonal webPersonal "
-                       "addressPersonal note"));
+    EXPECT_EQ(order.join(u' '),
+              u"firstName lastName company category isCompany phoneWork pager faxWork emailWork "
+              "webWork addressWork phonePersonal mobile faxPersonal emailPersonal webPersonal "
+              "addressPersonal note"_qs);
 }
 
 TEST_F(DocumentWindowTest, UndoBelongsToTheFieldFirstAndThenToTheDocument)
 {
     makeProtectedDocument();
-    addContact(QStringLiteral("Ada"), QStringLiteral("Byron"));
-    EXPECT_EQ(names().value(0), QStringLiteral("Ada Byron"));
+    addContact(u"Ada"_qs, u"Byron"_qs);
+    EXPECT_EQ(names().value(0), u"Ada Byron"_qs);
     press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(names().value(0), QStringLiteral("Ada Last Name")) << "what was typed in the field";
+    EXPECT_EQ(names().value(0), u"Ada Last Name"_qs) << "what was typed in the field";
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(names(), QStringList()) << "then the contact";
     runEvents();
-    EXPECT_EQ(window()->findChild<QAction *>(QStringLiteral("redoItem"))->text(),
-              QStringLiteral("&Redo Add Record"));
+    EXPECT_EQ(window()->findChild<QAction *>(u"redoItem"_qs)->text(), u"&Redo Add Record"_qs);
     press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(names().value(0), QStringLiteral("Ada Last Name"));
+    EXPECT_EQ(names().value(0), u"Ada Last Name"_qs);
 }
 
 TEST_F(DocumentWindowTest, DeletingAsksAndCanBeUndone)
 {
-    makeSavedDocument({QStringLiteral("A"), QStringLiteral("B")});
+    makeSavedDocument({u"A"_qs, u"B"_qs});
     control<QWidget>("myTableView")->setFocus();
     press(Qt::Key_Delete);
-    EXPECT_EQ(nextAlert().value(0), QStringLiteral("Delete the selected contact"));
+    EXPECT_EQ(nextAlert().value(0), u"Delete the selected contact"_qs);
     press(Qt::Key_Return); // The safe button is the first of this question.
     ASSERT_TRUE(windowIsActive());
     EXPECT_EQ(names().size(), 2);
     EXPECT_FALSE(window()->isWindowModified());
     press(Qt::Key_Delete);
     nextAlert();
-    answer(QStringLiteral("Delete Contact"));
+    answer(u"Delete Contact"_qs);
     ASSERT_TRUE(windowIsActive());
-    EXPECT_TRUE(eventually([this] { return names() == QStringList(QStringLiteral("A X")); }));
+    EXPECT_TRUE(eventually([this] { return names() == QStringList(u"A X"_qs); }));
     EXPECT_TRUE(window()->isWindowModified());
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(names().size(), 2);
@@ -195,25 +189,24 @@ TEST_F(DocumentWindowTest, DeletingAsksAndCanBeUndone)
 
 TEST_F(DocumentWindowTest, SeveralSelectedContactsAreEditedTogether)
 {
-    makeSavedDocument({QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")});
+    makeSavedDocument({u"A"_qs, u"B"_qs, u"C"_qs});
     control<QWidget>("myTableView")->setFocus();
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(field("firstName"), QString());
-    EXPECT_EQ(control<QLineEdit>("firstName")->placeholderText(), QStringLiteral("Multiple Values"));
-    EXPECT_EQ(field("lastName"), QStringLiteral("X"));
+    EXPECT_EQ(control<QLineEdit>("firstName")->placeholderText(), u"Multiple Values"_qs);
+    EXPECT_EQ(field("lastName"), u"X"_qs);
     EXPECT_FALSE(document()->isDocumentEdited()) << "selecting is no edit";
-    enterField("lastName", QStringLiteral("Y"));
-    EXPECT_EQ(names().join(u' '), QStringLiteral("A Y B Y C Y"));
+    enterField("lastName", u"Y"_qs);
+    EXPECT_EQ(names().join(u' '), u"A Y B Y C Y"_qs);
     EXPECT_TRUE(window()->isWindowModified());
 }
 
 TEST_F(DocumentWindowTest, ClosingAnEditedDocumentAsks)
 {
-    const QString question =
-        QStringLiteral("Do you want to save the changes to the document “Friends.vexcards”?");
-    makeSavedDocument({QStringLiteral("A")});
+    const QString question = u"Do you want to save the changes to the document “Friends.vexcards”?"_qs;
+    makeSavedDocument({u"A"_qs});
     control<QPlainTextEdit>("note")->setFocus();
-    type(QStringLiteral("changed"));
+    type(u"changed"_qs);
     window()->close();
     ASSERT_EQ(nextAlert().value(0), question);
     press(Qt::Key_Escape);
@@ -222,26 +215,26 @@ TEST_F(DocumentWindowTest, ClosingAnEditedDocumentAsks)
 
     window()->close();
     nextAlert();
-    answer(QStringLiteral("Discard"));
+    answer(u"Discard"_qs);
     ASSERT_TRUE(isClosed());
-    openDocument(pathOf(QStringLiteral("Friends.vexcards")));
+    openDocument(pathOf(u"Friends.vexcards"_qs));
     unlock(password);
     EXPECT_EQ(control<QPlainTextEdit>("note")->toPlainText(), QString()) << "nothing was written";
 
     press(Qt::Key_F2);
-    enterField("lastName", QStringLiteral("Kept"));
+    enterField("lastName", u"Kept"_qs);
     window()->close();
     nextAlert();
     press(Qt::Key_Return);
     ASSERT_TRUE(isClosed());
-    openDocument(pathOf(QStringLiteral("Friends.vexcards")));
+    openDocument(pathOf(u"Friends.vexcards"_qs));
     unlock(password);
-    EXPECT_EQ(names().value(0), QStringLiteral("A Kept"));
+    EXPECT_EQ(names().value(0), u"A Kept"_qs);
 }
 
 TEST_F(DocumentWindowTest, LockedDocumentClosesWithoutAQuestion)
 {
-    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    openDocument(sample + u"version-30600.vexcards"_qs);
     document()->updateChangeCount(Foundation::Document::ChangeDone);
     window()->close();
     EXPECT_TRUE(isClosed());
@@ -249,11 +242,10 @@ TEST_F(DocumentWindowTest, LockedDocumentClosesWithoutAQuestion)
 
 TEST_F(DocumentWindowTest, LockedFaceOffersOnlyWhatALockedDocumentCanDo)
 {
-    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    openDocument(sample + u"version-30600.vexcards"_qs);
     runEvents();
-    const QStringList enabled = {QStringLiteral("newItem"),   QStringLiteral("openItem"),
-                                 QStringLiteral("closeItem"), QStringLiteral("quitItem"),
-                                 QStringLiteral("pasteItem"), QStringLiteral("selectAllItem")};
+    const QStringList enabled = {u"newItem"_qs,  u"openItem"_qs,  u"closeItem"_qs,
+                                 u"quitItem"_qs, u"pasteItem"_qs, u"selectAllItem"_qs};
     for (const QAction *item : window()->findChildren<QAction *>()) {
         if (textProperty(item, InterfaceProperty::Action).isEmpty())
             continue;
@@ -269,12 +261,12 @@ TEST_F(DocumentWindowTest, WindowTakesTheFrameOfTheFile)
     const QRect placed(40, 70, 700, 500);
     window()->setGeometry(placed);
     controller()->setToolbarVisible(false);
-    chooseNextPath(pathOf(QStringLiteral("Placed.vexcards")));
+    chooseNextPath(pathOf(u"Placed.vexcards"_qs));
     press(Qt::Key_S, Qt::ControlModifier);
     document()->close();
     ASSERT_TRUE(isClosed());
 
-    openDocument(pathOf(QStringLiteral("Placed.vexcards")));
+    openDocument(pathOf(u"Placed.vexcards"_qs));
     const Foundation::Size locked = controller()->minSize();
     EXPECT_EQ(window()->size(), QSize(int(locked.width), int(locked.height)));
     unlock(password);
@@ -285,7 +277,7 @@ TEST_F(DocumentWindowTest, WindowTakesTheFrameOfTheFile)
 
 TEST_F(DocumentWindowTest, WindowOfAFileWithoutAFrameGrowsByItself)
 {
-    openDocument(sample + QStringLiteral("platform-missing.vexcards"));
+    openDocument(sample + u"platform-missing.vexcards"_qs);
     const int lockedWidth = window()->width();
     unlock(password);
     ASSERT_TRUE(document()->isDecrypted());
@@ -316,13 +308,13 @@ TEST_F(DocumentWindowTest, ToolbarIsToldRightlyWhileTheWindowIsHidden)
     controller()->setToolbarVisible(true);
     EXPECT_TRUE(controller()->isToolbarVisible());
     controller()->makeKeyAndOrderFront();
-    window()->findChild<QAction *>(QStringLiteral("showToolbarItem"))->trigger();
+    window()->findChild<QAction *>(u"showToolbarItem"_qs)->trigger();
     EXPECT_FALSE(control<QWidget>("modernToolbar")->isVisible());
 }
 
 TEST_F(DocumentWindowTest, ProgressIsPaintedBeforeTheWorkBegins)
 {
-    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    openDocument(sample + u"version-30600.vexcards"_qs);
     auto *spinner = control<ProgressSpinner>("decryptProgressIndicator");
     const QImage idle = spinner->grab().toImage();
     controller()->setDecryptProgressShown(true);
@@ -337,37 +329,36 @@ TEST_F(DocumentWindowTest, ProgressIsPaintedBeforeTheWorkBegins)
 TEST_F(DocumentWindowTest, ReplacingAFileIsAskedAboutByItsWholeName)
 {
     makeProtectedDocument();
-    QFile other(pathOf(QStringLiteral("<b>.vexcards")));
+    QFile other(pathOf(u"<b>.vexcards"_qs));
     ASSERT_TRUE(other.open(QIODevice::WriteOnly) && other.write("old") == 3);
     other.close();
-    chooseNextPath(pathOf(QStringLiteral("<b>")));
+    chooseNextPath(pathOf(u"<b>"_qs));
     press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(nextAlert().value(0),
-              QStringLiteral("“<b>.vexcards” already exists. Do you want to replace it?"));
+    EXPECT_EQ(nextAlert().value(0), u"“<b>.vexcards” already exists. Do you want to replace it?"_qs);
     press(Qt::Key_Escape);
     ASSERT_TRUE(eventually([this] { return suggestedPaths.size() == 2; })) << "the panel comes back";
-    EXPECT_EQ(suggestedPaths.last(), pathOf(QStringLiteral("<b>.vexcards")));
+    EXPECT_EQ(suggestedPaths.last(), pathOf(u"<b>.vexcards"_qs));
     EXPECT_EQ(QFileInfo(other).size(), 3);
     nextAlert();
-    answer(QStringLiteral("Replace"));
+    answer(u"Replace"_qs);
     EXPECT_TRUE(eventually([&other] { return QFileInfo(other.fileName()).size() > 3; }));
-    EXPECT_EQ(window()->windowTitle(), QStringLiteral("<b>[*]"));
+    EXPECT_EQ(window()->windowTitle(), u"<b>[*]"_qs);
 }
 
 TEST_F(DocumentWindowTest, QuitGoesThroughAllDocuments)
 {
-    makeSavedDocument({QStringLiteral("A")});
-    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    makeSavedDocument({u"A"_qs});
+    openDocument(sample + u"version-30600.vexcards"_qs);
     press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_TRUE(isClosed());
 }
 
 TEST_F(DocumentWindowTest, WindowsDoNotHideOneAnother)
 {
-    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    openDocument(sample + u"version-30600.vexcards"_qs);
     const QPoint first = window()->pos();
-    openDocument(sample + QStringLiteral("records-none.vexcards"));
+    openDocument(sample + u"records-none.vexcards"_qs);
     EXPECT_NE(window()->pos(), first);
-    openDocument(sample + QStringLiteral("version-30600.vexcards"));
+    openDocument(sample + u"version-30600.vexcards"_qs);
     EXPECT_EQ(application.documentController().documents().size(), 2) << "an open file is only raised";
 }

@@ -11,8 +11,7 @@ TEST(FilePanels, SuffixIsAddedOnce)
 {
     const struct
     {
-        const char *chosen;
-        const char *path;
+        const char *chosen, *path;
     } cases[] = {
         {"/a/Friends", "/a/Friends.vexcards"},          {"/a/Friends.vexcards", "/a/Friends.vexcards"},
         {"/a/Friends.VEXCARDS", "/a/Friends.VEXCARDS"}, {"/a/Friends.v2", "/a/Friends.v2.vexcards"},
@@ -35,12 +34,12 @@ TEST(FilePanels, LeaveNoTraceOfWhatTheyShowed)
     ASSERT_TRUE(QDir().mkpath(home.path()));
 
     keepNoPanelHistory();
-    QFileDialog *save = newSavePanel(home.filePath(QStringLiteral("Untitled.vexcards")), nullptr);
+    QFileDialog *save = newSavePanel(home.filePath(u"Untitled.vexcards"_qs), nullptr);
     save->open();
     QMetaObject::invokeMethod(save, "accept");
     delete save;
     delete newOpenPanel(nullptr);
-    QSettings settings(QStringLiteral("QtProject"));
+    QSettings settings(u"QtProject"_qs);
     EXPECT_TRUE(settings.allKeys().isEmpty());
     EXPECT_TRUE(QDir(home.path()).isEmpty());
 }
@@ -48,8 +47,8 @@ TEST(FilePanels, LeaveNoTraceOfWhatTheyShowed)
 TEST(FilePanels, SavePanelSuggestsTheNameAndLeavesTheQuestionToUs)
 {
     const QTemporaryDir folder;
-    QFileDialog *panel = newSavePanel(folder.filePath(QStringLiteral("Untitled.vexcards")), nullptr);
-    EXPECT_EQ(panel->selectedFiles(), QStringList(folder.filePath(QStringLiteral("Untitled.vexcards"))));
+    QFileDialog *panel = newSavePanel(folder.filePath(u"Untitled.vexcards"_qs), nullptr);
+    EXPECT_EQ(panel->selectedFiles(), QStringList(folder.filePath(u"Untitled.vexcards"_qs)));
     EXPECT_TRUE(panel->testOption(QFileDialog::DontConfirmOverwrite));
     delete panel;
 }

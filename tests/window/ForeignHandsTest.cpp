@@ -18,7 +18,7 @@ protected:
     void SetUp() override
     {
         makeProtectedDocument();
-        addContact(QStringLiteral("Ada"), QStringLiteral("Byron"));
+        addContact(u"Ada"_qs, u"Byron"_qs);
         saveAs(path);
     }
     void saveAs(const QString &target)
@@ -37,10 +37,10 @@ protected:
     void save() { press(Qt::Key_S, Qt::ControlModifier); }
     void lockWithChanges()
     {
-        typeNote(QStringLiteral("mine"));
+        typeNote(u"mine"_qs);
         press(Qt::Key_L, Qt::ControlModifier);
         nextAlert();
-        answer(QStringLiteral("OK"));
+        answer(u"OK"_qs);
         ASSERT_TRUE(eventually([this] { return document()->isEncrypted(); }));
         ASSERT_TRUE(windowIsActive());
     }
@@ -49,7 +49,7 @@ protected:
         unlock(password);
         ASSERT_TRUE(document()->isDecrypted());
         EXPECT_EQ(note(), u"mine") << "what was changed before the lock";
-        typeNote(QStringLiteral("mine, too"));
+        typeNote(u"mine, too"_qs);
     }
     QString note() const { return control<QPlainTextEdit>("note")->toPlainText(); }
     static QByteArray contentOf(const QString &file)
@@ -63,7 +63,7 @@ protected:
         ASSERT_TRUE(opened.open(QIODevice::WriteOnly) && opened.write(bytes) == bytes.size());
     }
 
-    const QString path = pathOf(QStringLiteral("Shared.vexcards"));
+    const QString path = pathOf(u"Shared.vexcards"_qs);
 };
 
 TEST_F(ForeignHandsTest, AFileReplacedUnderALockIsAskedAboutAndNeverOverwrittenInSilence)
@@ -84,7 +84,7 @@ TEST_F(ForeignHandsTest, AFileReplacedUnderALockIsAskedAboutAndNeverOverwrittenI
     EXPECT_TRUE(window()->isWindowModified());
     save();
     nextAlert();
-    answer(QStringLiteral("Save Anyway"));
+    answer(u"Save Anyway"_qs);
     ASSERT_TRUE(windowIsActive());
     EXPECT_FALSE(window()->isWindowModified());
     EXPECT_FALSE(document()->isRecoverable());
@@ -97,33 +97,32 @@ TEST_F(ForeignHandsTest, AFileRemovedUnderALockIsMadeAgainOnlyWhenWanted)
     unlockAndChange();
     save();
     EXPECT_EQ(nextAlert().value(0), u"The file of the document “Shared.vexcards” is no longer there.");
-    answer(QStringLiteral("Cancel"));
+    answer(u"Cancel"_qs);
     ASSERT_TRUE(windowIsActive());
     EXPECT_FALSE(QFile::exists(path));
     window()->close();
     EXPECT_EQ(nextAlert().value(0), u"Do you want to save the changes to the document “Shared.vexcards”?");
     press(Qt::Key_Return);
     EXPECT_EQ(nextAlert().value(0), u"The file of the document “Shared.vexcards” is no longer there.");
-    answer(QStringLiteral("Save Anyway"));
+    answer(u"Save Anyway"_qs);
     EXPECT_TRUE(eventually([this] { return document() == nullptr; }));
     EXPECT_TRUE(QFile::exists(path));
 }
 
 TEST_F(ForeignHandsTest, TwoProcessesOnOneFileHearOfEachOther)
 {
-    replaceFile(pathOf(QStringLiteral("password")), password.toUtf8());
+    replaceFile(pathOf(u"password"_qs), password.toUtf8());
     QProcess second;
-    second.start(QStringLiteral(VEXAREL_PROBE),
-                 {QStringLiteral("save"), path, pathOf(QStringLiteral("password"))});
+    second.start(QStringLiteral(VEXAREL_PROBE), {u"save"_qs, path, pathOf(u"password"_qs)});
     ASSERT_TRUE(second.waitForFinished() && second.exitCode() == 0);
     const QByteArray theirs = contentOf(path);
-    typeNote(QStringLiteral("mine"));
+    typeNote(u"mine"_qs);
     save();
     EXPECT_TRUE(nextAlert().value(0).endsWith(u"has been changed by another program."));
-    answer(QStringLiteral("Cancel"));
+    answer(u"Cancel"_qs);
     ASSERT_TRUE(windowIsActive());
     EXPECT_EQ(contentOf(path), theirs);
-    const QString elsewhere = pathOf(QStringLiteral("Mine.vexcards"));
+    const QString elsewhere = pathOf(u"Mine.vexcards"_qs);
     saveAs(elsewhere);
     EXPECT_FALSE(window()->isWindowModified()) << "both versions are there";
     EXPECT_EQ(contentOf(path), theirs);
@@ -131,16 +130,16 @@ TEST_F(ForeignHandsTest, TwoProcessesOnOneFileHearOfEachOther)
 
 TEST_F(ForeignHandsTest, SavingOverAnotherOpenDocumentMakesThatOneAsk)
 {
-    const QString second = pathOf(QStringLiteral("Second.vexcards"));
+    const QString second = pathOf(u"Second.vexcards"_qs);
     MyDocument *first = document();
     makeProtectedDocument();
-    addContact(QStringLiteral("Boris"), QStringLiteral("Kant"));
+    addContact(u"Boris"_qs, u"Kant"_qs);
     saveAs(second);
-    typeNote(QStringLiteral("over it"));
+    typeNote(u"over it"_qs);
     chooseNextPath(path);
     press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(nextAlert().value(0), u"“Shared.vexcards” already exists. Do you want to replace it?");
-    answer(QStringLiteral("Replace"));
+    answer(u"Replace"_qs);
     ASSERT_TRUE(eventually([&] { return document()->fileURL() == path; }));
     first->recordCommands().addRow({});
     QString reason;
@@ -152,11 +151,11 @@ TEST_F(ForeignHandsTest, SavingOverAnotherOpenDocumentMakesThatOneAsk)
 
 TEST_F(ForeignHandsTest, WhatMustNotBeWrittenSaysSoAndLinksStayLinks)
 {
-    typeNote(QStringLiteral("changed"));
+    typeNote(u"changed"_qs);
     ASSERT_EQ(chmod(qPrintable(path), 0444), 0);
     save();
-    EXPECT_EQ(nextAlert(), (QStringList{QStringLiteral("The document “Shared.vexcards” could not be saved."),
-                                        QStringLiteral("The file is read-only.")}));
+    EXPECT_EQ(nextAlert(), (QStringList{u"The document “Shared.vexcards” could not be saved."_qs,
+                                        u"The file is read-only."_qs}));
     press(Qt::Key_Return);
     ASSERT_TRUE(windowIsActive());
     EXPECT_TRUE(window()->isWindowModified());
@@ -165,21 +164,21 @@ TEST_F(ForeignHandsTest, WhatMustNotBeWrittenSaysSoAndLinksStayLinks)
     EXPECT_FALSE(window()->isWindowModified()) << "changed rights are no changed content";
     EXPECT_EQ(QFile::permissions(path) & QFile::ReadGroup, QFile::ReadGroup);
 
-    const QString link = pathOf(QStringLiteral("Link.vexcards"));
+    const QString link = pathOf(u"Link.vexcards"_qs);
     ASSERT_TRUE(QFile::link(path, link));
     document()->close();
     ASSERT_TRUE(eventually([this] { return document() == nullptr; }));
     openDocument(link);
     unlock(password);
-    typeNote(QStringLiteral("through the link"));
+    typeNote(u"through the link"_qs);
     save();
     EXPECT_FALSE(window()->isWindowModified());
     EXPECT_TRUE(QFileInfo(link).isSymLink());
     EXPECT_EQ(contentOf(path), contentOf(link));
     EXPECT_FALSE(QFileInfo(path).isSymLink());
 
-    const QString missing = pathOf(QStringLiteral("none/Document.vexcards"));
-    typeNote(QStringLiteral("nowhere"));
+    const QString missing = pathOf(u"none/Document.vexcards"_qs);
+    typeNote(u"nowhere"_qs);
     chooseNextPath(missing);
     press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(nextAlert().value(1), u"The folder does not exist.");

@@ -82,15 +82,14 @@ QList<InterfaceFile> interfaceFiles()
 {
     QList<InterfaceFile> files;
     const QDir folder(QStringLiteral(VEXAREL_SOURCE_DIR "/resources"));
-    for (const QString &name : folder.entryList({QStringLiteral("*.ui")}))
+    for (const QString &name : folder.entryList({u"*.ui"_qs}))
         files.append(readInterfaceFile(folder.filePath(name)));
     return files;
 }
 
-const QStringList keyPathProperties = {QStringLiteral("bindValue"),     QStringLiteral("bindVisible"),
-                                       QStringLiteral("bindEnabled"),   QStringLiteral("bindContent"),
-                                       QStringLiteral("bindShowsText"), QStringLiteral("bindSelectedObject"),
-                                       QStringLiteral("bindLink"),      QStringLiteral("bindToolTip")};
+const QStringList keyPathProperties = {u"bindValue"_qs,   u"bindVisible"_qs,   u"bindEnabled"_qs,
+                                       u"bindContent"_qs, u"bindShowsText"_qs, u"bindSelectedObject"_qs,
+                                       u"bindLink"_qs,    u"bindToolTip"_qs};
 
 } // namespace
 
@@ -103,7 +102,7 @@ protected:
         EXPECT_GE(files.size(), 2);
         for (const InterfaceFile &file : files) {
             for (const Element &element : file.elements) {
-                SCOPED_TRACE(QStringLiteral("%1: %2").arg(file.name, element.name).toStdString());
+                SCOPED_TRACE(u"%1: %2"_qs.arg(file.name, element.name).toStdString());
                 check(file, element);
             }
         }
@@ -134,7 +133,7 @@ TEST_F(InterfaceFilesTest, ActionsHaveAResponder)
                                    QList<QObject *>{&application};
     int checked = 0;
     forEachElement([&](const InterfaceFile &, const Element &element) {
-        const QString action = element.properties.value(QStringLiteral("action"));
+        const QString action = element.properties.value(u"action"_qs);
         checked += action.isEmpty() ? 0 : 1;
         EXPECT_TRUE(action.isEmpty() || Foundation::responderForAction(chain, action))
             << action.toStdString();
@@ -147,21 +146,21 @@ TEST_F(InterfaceFilesTest, ActionsHaveAResponder)
 
 TEST_F(InterfaceFilesTest, NamesLeadSomewhere)
 {
-    const QStringList known = keyPathProperties + QStringList{QStringLiteral("transformer"),
-                                                              QStringLiteral("visibleTransformer"),
-                                                              QStringLiteral("enabledTransformer"),
-                                                              QStringLiteral("bindFormat"),
-                                                              QStringLiteral("action"),
-                                                              QStringLiteral("actionSender"),
-                                                              QStringLiteral("tag"),
-                                                              QStringLiteral("symbol"),
-                                                              QStringLiteral("fontScale"),
-                                                              QStringLiteral("looksLikeLink"),
-                                                              QStringLiteral("buddy")};
+    const QStringList known = keyPathProperties + QStringList{u"transformer"_qs,
+                                                              u"visibleTransformer"_qs,
+                                                              u"enabledTransformer"_qs,
+                                                              u"bindFormat"_qs,
+                                                              u"action"_qs,
+                                                              u"actionSender"_qs,
+                                                              u"tag"_qs,
+                                                              u"symbol"_qs,
+                                                              u"fontScale"_qs,
+                                                              u"looksLikeLink"_qs,
+                                                              u"buddy"_qs};
     auto &transformers = Foundation::ValueTransformerRegistry::shared();
     forEachElement([&](const InterfaceFile &file, const Element &element) {
         for (auto it = element.properties.begin(); it != element.properties.end(); ++it) {
-            SCOPED_TRACE(QStringLiteral("%1 = %2").arg(it.key(), it.value()).toStdString());
+            SCOPED_TRACE(u"%1 = %2"_qs.arg(it.key(), it.value()).toStdString());
             EXPECT_TRUE(known.contains(it.key())) << "nobody reads this property";
             const bool isTransformer = it.key().endsWith(u"ransformer");
             EXPECT_TRUE(!isTransformer || transformers.valueTransformerForName(it.value()));
@@ -171,7 +170,7 @@ TEST_F(InterfaceFilesTest, NamesLeadSomewhere)
         }
         // A translated key path would lead elsewhere in another language.
         for (const QString &name : element.translated)
-            EXPECT_EQ(name, QStringLiteral("bindFormat"));
+            EXPECT_EQ(name, u"bindFormat"_qs);
     });
 }
 
@@ -180,8 +179,8 @@ TEST_F(InterfaceFilesTest, TagsAreThoseThatAreAskedFor)
     QStringList redrawsName;
     QMap<int, int> openers;
     forEachElement([&](const InterfaceFile &, const Element &element) {
-        const int tag = element.properties.value(QStringLiteral("tag")).toInt();
-        const QString action = element.properties.value(QStringLiteral("action"));
+        const int tag = element.properties.value(u"tag"_qs).toInt();
+        const QString action = element.properties.value(u"action"_qs);
         if (action == u"openField") {
             // A link of the card or a button of the form stands by the field that it opens, and shows by its
             // flag.
@@ -191,10 +190,10 @@ TEST_F(InterfaceFilesTest, TagsAreThoseThatAreAskedFor)
             const bool isLink = element.className == u"FieldText";
             const char *const path = isLink ? "bindValue" : "bindEnabled";
             EXPECT_EQ(element.properties.value(QLatin1String(path)),
-                      QStringLiteral("myArrayController.selection.") + field->name());
+                      u"myArrayController.selection."_qs + field->name());
             const char *const condition = isLink ? "bindLink" : "bindVisible";
             EXPECT_EQ(element.properties.value(QLatin1String(condition)),
-                      QStringLiteral("myLabelDictionary.open%1").arg(tag, 2, 10, QLatin1Char('0')));
+                      u"myLabelDictionary.open%1"_qs.arg(tag, 2, 10, QLatin1Char('0')));
         } else if (element.className == u"QLineEdit" && tag != 0) {
             EXPECT_EQ(tag, 1);
             redrawsName.append(element.name);
@@ -206,8 +205,7 @@ TEST_F(InterfaceFilesTest, TagsAreThoseThatAreAskedFor)
         }
     });
     redrawsName.sort();
-    EXPECT_EQ(redrawsName, QStringList({QStringLiteral("company"), QStringLiteral("firstName"),
-                                        QStringLiteral("lastName")}));
+    EXPECT_EQ(redrawsName, QStringList({u"company"_qs, u"firstName"_qs, u"lastName"_qs}));
     for (int tag = FieldCommands::FirstFieldTag; tag <= FieldCommands::LastFieldTag; ++tag)
         EXPECT_EQ(openers.value(tag), tag <= 3 ? 1 : 2) << "the head of the card has no links: " << tag;
 }
@@ -217,7 +215,7 @@ TEST_F(InterfaceFilesTest, EveryTextOfAContactIsShownAndCanBeEdited)
     QSet<QString> edited;
     QSet<QString> read;
     forEachElement([&](const InterfaceFile &, const Element &element) {
-        const QString path = element.properties.value(QStringLiteral("bindValue"));
+        const QString path = element.properties.value(u"bindValue"_qs);
         if (!path.startsWith(u"myArrayController.selection."))
             return;
         (element.className == u"FieldText" ? read : edited).insert(path.section(u'.', -1));
@@ -236,8 +234,7 @@ TEST(KeyPathResolution, FindsWhatIsThereAndNothingElse)
 {
     const struct
     {
-        const char *rule;
-        const char *path;
+        const char *rule, *path;
         bool resolves;
     } cases[] = {
         {"a property", "isEncrypted", true},

@@ -14,7 +14,7 @@
 namespace
 {
 
-const QString secret = QStringLiteral("Quxwombat");
+const QString secret = u"Quxwombat"_qs;
 
 class LockedWindowTest : public WindowTest
 {
@@ -22,23 +22,20 @@ protected:
     void SetUp() override
     {
         makeProtectedDocument();
-        addContact(secret, QStringLiteral("Åström"));
+        addContact(secret, u"Åström"_qs);
         document()->myCategoryArrayController()->setValueForSelection(CategoryKey::cat_category, secret);
         document()->myLabelDictionary()->setValue(RecordKey::pager, secret);
-        chooseNextPath(pathOf(QStringLiteral("Locked.vexcards")));
+        chooseNextPath(pathOf(u"Locked.vexcards"_qs));
         press(Qt::Key_S, Qt::ControlModifier);
         ASSERT_FALSE(document()->isDocumentEdited());
         document()->categoryCommands().synkCategorySubMenu({});
-        Q_EMIT window()
-            ->findChild<QAction *>(QStringLiteral("myCategorySuperMenuItem"))
-            ->menu()
-            ->aboutToShow();
+        Q_EMIT window()->findChild<QAction *>(u"myCategorySuperMenuItem"_qs)->menu()->aboutToShow();
     }
     void lock()
     {
         press(Qt::Key_L, Qt::ControlModifier);
-        EXPECT_EQ(nextAlert().value(0), QStringLiteral("Lock Document back to the crypted state?"));
-        answer(QStringLiteral("OK"));
+        EXPECT_EQ(nextAlert().value(0), u"Lock Document back to the crypted state?"_qs);
+        answer(u"OK"_qs);
         EXPECT_TRUE(eventually([this] { return document()->isEncrypted(); }));
         EXPECT_TRUE(windowIsActive());
     }
@@ -74,16 +71,16 @@ TEST_F(LockedWindowTest, HasNothingOfTheContentAndOpensAsItWas)
     EXPECT_LT(window()->frameGeometry().height(), open.height());
     EXPECT_EQ(window()->frameGeometry().y(), open.y()) << "the upper edge stays";
     EXPECT_EQ(QApplication::focusWidget(), control<QLineEdit>("passwordToDecryptField"));
-    EXPECT_FALSE(window()->findChild<QAction *>(QStringLiteral("myCategorySuperMenuItem"))->isEnabled());
+    EXPECT_FALSE(window()->findChild<QAction *>(u"myCategorySuperMenuItem"_qs)->isEnabled());
 
-    unlock(QStringLiteral("wrong horse"));
-    EXPECT_EQ(nextAlert().value(0), QStringLiteral("Wrong Password"));
+    unlock(u"wrong horse"_qs);
+    EXPECT_EQ(nextAlert().value(0), u"Wrong Password"_qs);
     press(Qt::Key_Return);
     ASSERT_TRUE(windowIsActive());
     press(Qt::Key_A, Qt::ControlModifier);
     unlock(password);
     ASSERT_TRUE(document()->isDecrypted());
-    EXPECT_EQ(names(), QStringList{secret + QStringLiteral(" Åström")});
+    EXPECT_EQ(names(), QStringList{secret + u" Åström"_qs});
     EXPECT_TRUE(control<QToolBar>("modernToolbar")->isVisible());
     EXPECT_EQ(control<QLineEdit>("searchField")->text(), secret) << "the search survives";
     EXPECT_TRUE(control<QWidget>("grayStatusView")->isVisible());
@@ -94,7 +91,7 @@ TEST_F(LockedWindowTest, HasNothingOfTheContentAndOpensAsItWas)
 TEST_F(LockedWindowTest, LocksByItselfUnderASheetWithItsColourPanel)
 {
     press(Qt::Key_K, Qt::ControlModifier);
-    ASSERT_TRUE(sheetComes(QStringLiteral("myCategorySheet")));
+    ASSERT_TRUE(sheetComes(u"myCategorySheet"_qs));
     control<QWidget>("backColorWell")->setFocus();
     press(Qt::Key_Space);
     ASSERT_TRUE(DesktopColorPanel::shared().dialog());
@@ -109,9 +106,9 @@ TEST_F(LockedWindowTest, LocksByItselfUnderASheetWithItsColourPanel)
 
 TEST_F(LockedWindowTest, ThePasswordIsChangedByKeysAlone)
 {
-    const QString changed = QStringLiteral("battery staple");
+    const QString changed = u"battery staple"_qs;
     const auto enter = [this](const QStringList &texts) {
-        ASSERT_TRUE(sheetComes(QStringLiteral("changePasswordSheet")));
+        ASSERT_TRUE(sheetComes(u"changePasswordSheet"_qs));
         EXPECT_EQ(control<QLineEdit>("previousPassword")->echoMode(), QLineEdit::Password);
         for (const QString &text : texts) {
             press(Qt::Key_A, Qt::ControlModifier);
@@ -119,17 +116,16 @@ TEST_F(LockedWindowTest, ThePasswordIsChangedByKeysAlone)
             press(Qt::Key_Tab);
         }
     };
-    window()->findChild<QAction *>(QStringLiteral("passwordItem"))->trigger();
-    enter({QStringLiteral("wrong"), changed, changed});
+    window()->findChild<QAction *>(u"passwordItem"_qs)->trigger();
+    enter({u"wrong"_qs, changed, changed});
     press(Qt::Key_Space); // shows the passwords
     EXPECT_EQ(control<QLineEdit>("password")->echoMode(), QLineEdit::Normal);
     press(Qt::Key_Return);
-    EXPECT_TRUE(
-        nextAlert().value(0).startsWith(QStringLiteral("Password inserted in the 'Old Master Password'")));
-    answer(QStringLiteral("Retry"));
+    EXPECT_TRUE(nextAlert().value(0).startsWith(u"Password inserted in the 'Old Master Password'"_qs));
+    answer(u"Retry"_qs);
     enter({password, changed, changed});
     press(Qt::Key_Return);
-    EXPECT_EQ(nextAlert().value(0), QStringLiteral("Password changed successfuly"));
+    EXPECT_EQ(nextAlert().value(0), u"Password changed successfuly"_qs);
     press(Qt::Key_Return);
     ASSERT_TRUE(windowIsActive());
     EXPECT_TRUE(document()->isDocumentEdited());
@@ -139,20 +135,20 @@ TEST_F(LockedWindowTest, ThePasswordIsChangedByKeysAlone)
     unlock(changed);
     EXPECT_TRUE(document()->isDecrypted());
 
-    window()->findChild<QAction *>(QStringLiteral("passwordItem"))->trigger();
-    ASSERT_TRUE(sheetComes(QStringLiteral("changePasswordSheet")));
+    window()->findChild<QAction *>(u"passwordItem"_qs)->trigger();
+    ASSERT_TRUE(sheetComes(u"changePasswordSheet"_qs));
     press(Qt::Key_Escape);
     EXPECT_TRUE(windowIsActive());
     EXPECT_EQ(document()->plainPassword(), changed);
     document()->showInsertPasswordSheet(controller(), nullptr);
-    ASSERT_TRUE(sheetComes(QStringLiteral("insertPasswordSheet")));
-    answer(QStringLiteral("Cancel"));
+    ASSERT_TRUE(sheetComes(u"insertPasswordSheet"_qs));
+    answer(u"Cancel"_qs);
     EXPECT_TRUE(windowIsActive());
 }
 
 TEST_F(LockedWindowTest, TheWholeLifeOfADocumentGoesByKeysAlone)
 {
-    const QString changed = QStringLiteral("battery staple");
+    const QString changed = u"battery staple"_qs;
     const auto typeEach = [this](const QStringList &texts) {
         for (const QString &text : texts) {
             press(Qt::Key_A, Qt::ControlModifier);
@@ -163,18 +159,18 @@ TEST_F(LockedWindowTest, TheWholeLifeOfADocumentGoesByKeysAlone)
     press(Qt::Key_N, Qt::ControlModifier);
     typeEach({password, password});
     press(Qt::Key_Return);
-    ASSERT_EQ(nextAlert().value(0), QStringLiteral("Password accepted"));
+    ASSERT_EQ(nextAlert().value(0), u"Password accepted"_qs);
     press(Qt::Key_Return);
     ASSERT_TRUE(windowIsActive());
     for (const char *name : {"Ada", "Boris", "Cleo"})
-        addContact(QString::fromLatin1(name), QStringLiteral("X"));
+        addContact(QString::fromLatin1(name), u"X"_qs);
 
     press(Qt::Key_K, Qt::ControlModifier);
-    ASSERT_TRUE(sheetComes(QStringLiteral("myCategorySheet")));
+    ASSERT_TRUE(sheetComes(u"myCategorySheet"_qs));
     press(Qt::Key_A, Qt::AltModifier);
     ASSERT_TRUE(eventually([this] { return control<QLineEdit>("categoryName")->hasSelectedText(); }))
         << "the new category waits for its name";
-    type(QStringLiteral("Family"));
+    type(u"Family"_qs);
     EXPECT_EQ(field("categoryName"), u"Family");
     press(Qt::Key_Return);
     ASSERT_TRUE(windowIsActive());
@@ -186,10 +182,10 @@ TEST_F(LockedWindowTest, TheWholeLifeOfADocumentGoesByKeysAlone)
               u"Family");
 
     press(Qt::Key_F, Qt::ControlModifier);
-    type(QStringLiteral("bor"));
-    EXPECT_EQ(names(), QStringList{QStringLiteral("Boris X")});
+    type(u"bor"_qs);
+    EXPECT_EQ(names(), QStringList{u"Boris X"_qs});
     press(Qt::Key_Escape);
-    chooseNextPath(pathOf(QStringLiteral("Keys.vexcards")));
+    chooseNextPath(pathOf(u"Keys.vexcards"_qs));
     press(Qt::Key_S, Qt::ControlModifier);
     ASSERT_FALSE(document()->isDocumentEdited());
 
@@ -200,11 +196,11 @@ TEST_F(LockedWindowTest, TheWholeLifeOfADocumentGoesByKeysAlone)
     ASSERT_TRUE(windowIsActive());
     unlock(password);
     ASSERT_TRUE(document()->isDecrypted());
-    auto *menu = window()->findChild<QMenu *>(QStringLiteral("fileMenu"));
+    auto *menu = window()->findChild<QMenu *>(u"fileMenu"_qs);
     press(Qt::Key_F, Qt::AltModifier);
     ASSERT_TRUE(menu->isVisible());
     QTest::keyClick(menu, Qt::Key_M);
-    ASSERT_TRUE(sheetComes(QStringLiteral("changePasswordSheet")));
+    ASSERT_TRUE(sheetComes(u"changePasswordSheet"_qs));
     typeEach({password, changed, changed});
     press(Qt::Key_Return);
     nextAlert();

@@ -21,29 +21,28 @@ struct AlertCase
     QString leadsTo; // What the first button brings up; null: the window alone.
 };
 
-const QString present = QStringLiteral("correct horse");
-const QString good = QStringLiteral("battery staple");
-const QString five = QStringLiteral("abcde");
-const QString other = QStringLiteral("abcdef ");
-const QStringList ok = {QStringLiteral("OK")};
-const QStringList retry = {QStringLiteral("Retry")};
-const QStringList retryOrCancel = {QStringLiteral("Retry"), QStringLiteral("Cancel")};
-const QStringList okOrCancel = {QStringLiteral("OK"), QStringLiteral("Cancel")};
-const QString mandatorySheet = QStringLiteral("mandatoryPasswordSheet");
-const QString changeSheet = QStringLiteral("changePasswordSheet");
-const QString insertSheet = QStringLiteral("insertPasswordSheet");
-const QString noChanges = QStringLiteral("No changes were applied");
-const QString accepted = QStringLiteral("Password accepted");
+const QString present = u"correct horse"_qs;
+const QString good = u"battery staple"_qs;
+const QString five = u"abcde"_qs;
+const QString other = u"abcdef "_qs;
+const QStringList ok = {u"OK"_qs};
+const QStringList retry = {u"Retry"_qs};
+const QStringList retryOrCancel = {u"Retry"_qs, u"Cancel"_qs};
+const QStringList okOrCancel = {u"OK"_qs, u"Cancel"_qs};
+const QString mandatorySheet = u"mandatoryPasswordSheet"_qs;
+const QString changeSheet = u"changePasswordSheet"_qs;
+const QString insertSheet = u"insertPasswordSheet"_qs;
+const QString noChanges = u"No changes were applied"_qs;
+const QString accepted = u"Password accepted"_qs;
 const QString mustMatch =
-    QStringLiteral("Password inserted in the 'Old Master Password' field must be equal to the password "
-                   "previously used to protect this document.");
-const QString notEqual = QStringLiteral("Passwords inserted in the two fields doesn't match");
-const QString notEqualText =
-    QStringLiteral("You must insert exactly the same password in the two 'New Password' fields. "
-                   "No changes were applied");
+    u"Password inserted in the 'Old Master Password' field must be equal to the password "
+    "previously used to protect this document."_qs;
+const QString notEqual = u"Passwords inserted in the two fields doesn't match"_qs;
+const QString notEqualText = u"You must insert exactly the same password in the two 'New Password' fields. "
+                             "No changes were applied"_qs;
 const QString tooShort =
-    QStringLiteral("Password Too Short. You have to use a password which is at least six character long.");
-const QString lockQuestion = QStringLiteral("Lock Document back to the crypted state?");
+    u"Password Too Short. You have to use a password which is at least six character long."_qs;
+const QString lockQuestion = u"Lock Document back to the crypted state?"_qs;
 
 QString acceptedText(const QString &which, const QString &makers)
 {
@@ -52,44 +51,44 @@ QString acceptedText(const QString &which, const QString &makers)
            QStringLiteral(
                " will be used when saving this document.\nData will be stored on disk encrypted using a "
                "secure algorithm.\n\nNext time, to open this document, ") +
-           which.toLower() + QStringLiteral(" will be required.\nStore your ") +
-           (isNew ? QStringLiteral("new password") : QStringLiteral("password")) +
-           QStringLiteral(" in a safe place.\nThere is no way, even for ") + makers +
-           QStringLiteral(", to open the document and decrypt the data without the right password.");
+           which.toLower() + u" will be required.\nStore your "_qs +
+           (isNew ? u"new password"_qs : u"password"_qs) +
+           u" in a safe place.\nThere is no way, even for "_qs + makers +
+           u", to open the document and decrypt the data without the right password."_qs;
 }
 
 const AlertCase alertCases[] = {
     {"the two differ, which comes before the length",
      Way::FirstPassword,
-     {five, QStringLiteral("abcd")},
-     QStringLiteral("Password inserted in the two fields doesn't match"),
-     QStringLiteral("You must insert exactly the same password in the two fields."),
+     {five, u"abcd"_qs},
+     u"Password inserted in the two fields doesn't match"_qs,
+     u"You must insert exactly the same password in the two fields."_qs,
      retry,
      mandatorySheet},
     {"too short",
      Way::FirstPassword,
      {five, five},
-     QStringLiteral("Password too short"),
-     QStringLiteral("You have to use a password which is at least six character long."),
+     u"Password too short"_qs,
+     u"You have to use a password which is at least six character long."_qs,
      retry,
      mandatorySheet},
     {"taken",
      Way::FirstPassword,
      {good, good},
      accepted,
-     acceptedText(QStringLiteral("This password"), QStringLiteral("the developers of this application")),
+     acceptedText(u"This password"_qs, u"the developers of this application"_qs),
      ok,
      {}},
     {"the old one is wrong, which comes first",
      Way::ChangedPassword,
-     {QStringLiteral("wrong"), five, QStringLiteral("abcd")},
+     {u"wrong"_qs, five, u"abcd"_qs},
      mustMatch,
      noChanges,
      retryOrCancel,
      changeSheet},
     {"a blank makes a difference",
      Way::ChangedPassword,
-     {present, QStringLiteral("abcdef"), other},
+     {present, u"abcdef"_qs, other},
      notEqual,
      notEqualText,
      retryOrCancel,
@@ -104,8 +103,8 @@ const AlertCase alertCases[] = {
     {"changed",
      Way::ChangedPassword,
      {present, good, good},
-     QStringLiteral("Password changed successfuly"),
-     acceptedText(QStringLiteral("This new password"), QStringLiteral("the Brightmoor Labs")),
+     u"Password changed successfuly"_qs,
+     acceptedText(u"This new password"_qs, u"the Brightmoor Labs"_qs),
      ok,
      {}},
     {"its retry leads to the sheet of changes",
@@ -120,30 +119,30 @@ const AlertCase alertCases[] = {
      Way::InsertedPassword,
      {good, good},
      accepted,
-     acceptedText(QStringLiteral("This password"), QStringLiteral("Brightmoor Labs")),
+     acceptedText(u"This password"_qs, u"Brightmoor Labs"_qs),
      ok,
      {}},
     {"wrong at unlocking",
      Way::Unlocking,
-     {QStringLiteral("wrong horse")},
-     QStringLiteral("Wrong Password"),
-     QStringLiteral("You inserted a wrong password.\nTo access this document you must insert exactly the "
-                    "password used to protect it"),
+     {u"wrong horse"_qs},
+     u"Wrong Password"_qs,
+     u"You inserted a wrong password.\nTo access this document you must insert exactly the "
+     "password used to protect it"_qs,
      ok,
      {}},
     {"locked without changes",
      Way::Locking,
      {},
      lockQuestion,
-     QStringLiteral("To browse the document data again you will need to re-insert the master password"),
+     u"To browse the document data again you will need to re-insert the master password"_qs,
      okOrCancel,
      {}},
     {"locked with changes",
      Way::LockingEdited,
      {},
      lockQuestion,
-     QStringLiteral("Before locking the document you need to save it on disk.\n"
-                    "To browse the document data again you will need to re-insert the master password"),
+     u"Before locking the document you need to save it on disk.\n"
+     "To browse the document data again you will need to re-insert the master password"_qs,
      okOrCancel,
      {}},
 };
@@ -169,7 +168,7 @@ protected:
             fill(mandatorySheet, c.typed);
             break;
         case Way::ChangedPassword:
-            window()->findChild<QAction *>(QStringLiteral("passwordItem"))->trigger();
+            window()->findChild<QAction *>(u"passwordItem"_qs)->trigger();
             fill(changeSheet, c.typed);
             break;
         case Way::InsertedPassword:
@@ -181,7 +180,7 @@ protected:
             unlock(c.typed.value(0));
             break;
         case Way::LockingEdited:
-            addContact(QStringLiteral("Ada"), QStringLiteral("Byron"));
+            addContact(u"Ada"_qs, u"Byron"_qs);
             press(Qt::Key_L, Qt::ControlModifier);
             break;
         case Way::Locking:
@@ -205,7 +204,7 @@ TEST_F(PasswordAlertsTest, EachComesInItsExactWordsAndLeadsOn)
         SCOPED_TRACE(c.rule);
         if (c.way != Way::FirstPassword) {
             makeProtectedDocument();
-            chooseNextPath(pathOf(QStringLiteral("Alerts %1.vexcards").arg(&c - alertCases)));
+            chooseNextPath(pathOf(u"Alerts %1.vexcards"_qs.arg(&c - alertCases)));
             press(Qt::Key_S, Qt::ControlModifier);
             ASSERT_FALSE(document()->isDocumentEdited());
         }

@@ -60,7 +60,7 @@ protected:
     ~PillTest() override
     {
         Services::shared().setTextMeasurer(nullptr);
-        UserDefaults::standardUserDefaults().setValue(QStringLiteral("tableFontSize"), {});
+        UserDefaults::standardUserDefaults().setValue(u"tableFontSize"_qs, {});
     }
 
     DesktopTextMeasurer measurer;
@@ -99,7 +99,7 @@ TEST_F(PillTest, ShapesKeepTheirMeasuresAtAnyScale)
 TEST_F(PillTest, TextStaysInItsRoomAndEndsInDots)
 {
     for (const Draw draw : {&VLLabelDrawerExt::drawString, &VLLabelDrawer::drawString}) {
-        const QImage filled = drawing(draw, QStringLiteral("WWWWWWWWWWWWWWWWWWWWWWWW"), 80, 20, 2);
+        const QImage filled = drawing(draw, u"WWWWWWWWWWWWWWWWWWWWWWWW"_qs, 80, 20, 2);
         const QRectF room = VLLabelDrawerExt::textRoom(80, 20);
         EXPECT_EQ(room, QRectF(7, -1, 66, 20));
         bool hasText = false;
@@ -115,14 +115,14 @@ TEST_F(PillTest, TextStaysInItsRoomAndEndsInDots)
     }
     // A whole name needs no more than the room it asks for.
     const TextAttributes attributes{QString(), 13, white};
-    const QString name = QStringLiteral("Family & friends");
+    const QString name = u"Family & friends"_qs;
     const qint32 width = VLLabelDrawer::widthForString(name, attributes, 20);
     EXPECT_LE(measurer.widthOfText(name, attributes), VLLabelDrawerExt::textRoom(width, 20).width());
 }
 
 TEST_F(PillTest, TheSettingOfTheFontReachesTheTablesAlone)
 {
-    const auto record = newContactRecord(newCategoryRecord(QStringLiteral("Work"), 1), 0);
+    const auto record = newContactRecord(newCategoryRecord(u"Work"_qs, 1), 0);
     const auto content = Array::create();
     content->values.push_back(record);
     ArrayController records;
@@ -138,14 +138,14 @@ TEST_F(PillTest, TheSettingOfTheFontReachesTheTablesAlone)
         return image;
     };
     UserDefaults &defaults = UserDefaults::standardUserDefaults();
-    defaults.setValue(QStringLiteral("tableFontSize"), 9.0);
+    defaults.setValue(u"tableFontSize"_qs, 9.0);
     const QImage smallCell = cell();
     const QImage before = view.grab().toImage();
-    defaults.setValue(QStringLiteral("tableFontSize"), 14.0);
+    defaults.setValue(u"tableFontSize"_qs, 14.0);
     EXPECT_NE(cell(), smallCell);
     EXPECT_EQ(view.grab().toImage(), before);
     // A family that is not there changes nothing but the drawing, and a cell without room draws nothing.
-    const TextAttributes missing{QStringLiteral("No Such Family"), 12, white};
+    const TextAttributes missing{u"No Such Family"_qs, 12, white};
     EXPECT_EQ(fontOfAttributes(missing).family(), QGuiApplication::font().family());
     QImage empty(10, 10, QImage::Format_ARGB32_Premultiplied);
     empty.fill(Qt::transparent);
@@ -158,21 +158,21 @@ TEST_F(PillTest, TheSettingOfTheFontReachesTheTablesAlone)
 TEST_F(PillTest, OnlyACategoryOfTheRecordsOwnIsCopied)
 {
     const auto content = Array::create();
-    content->values.push_back(newContactRecord(newCategoryRecord(QStringLiteral("Work"), 1), 0));
-    content->values.push_back(newContactRecord(newCategoryRecord(QStringLiteral("Work"), 1), 0));
-    content->values[1].dictionary()->setValue(RecordKey::category, QStringLiteral("Old friends"));
+    content->values.push_back(newContactRecord(newCategoryRecord(u"Work"_qs, 1), 0));
+    content->values.push_back(newContactRecord(newCategoryRecord(u"Work"_qs, 1), 0));
+    content->values[1].dictionary()->setValue(RecordKey::category, u"Old friends"_qs);
     ArrayController records;
     records.setContent(content);
     CategoryView view;
     view.setMyArrayController(&records);
     QClipboard *clipboard = QGuiApplication::clipboard();
-    clipboard->setText(QStringLiteral("kept"));
+    clipboard->setText(u"kept"_qs);
     records.setSelectionIndex(0);
     view.CopyInClipboard({});
-    EXPECT_EQ(clipboard->text(), QStringLiteral("kept"));
+    EXPECT_EQ(clipboard->text(), u"kept"_qs);
     records.setSelectionIndex(1);
     view.CopyInClipboard({});
-    EXPECT_EQ(clipboard->text(), QStringLiteral("Old friends"));
+    EXPECT_EQ(clipboard->text(), u"Old friends"_qs);
     view.refresh();
-    EXPECT_EQ(view.accessibleName(), QStringLiteral("Category Work"));
+    EXPECT_EQ(view.accessibleName(), u"Category Work"_qs);
 }

@@ -50,8 +50,8 @@ protected:
     QMenu *openMenu() const
     {
         press(Qt::Key_F, Qt::AltModifier);
-        QTest::keyClick(window()->findChild<QMenu *>(QStringLiteral("fileMenu")), Qt::Key_R);
-        auto *menu = window()->findChild<QMenu *>(QStringLiteral("recentMenu"));
+        QTest::keyClick(window()->findChild<QMenu *>(u"fileMenu"_qs), Qt::Key_R);
+        auto *menu = window()->findChild<QMenu *>(u"recentMenu"_qs);
         EXPECT_TRUE(eventually([menu] { return menu->isVisible(); }));
         return menu;
     }
@@ -80,16 +80,15 @@ protected:
 TEST_F(RecentDocumentsTest, OffersTheLatestFirstAndOpensThem)
 {
     put(list, foreignList);
-    const QString first = saveNew(QStringLiteral("R&D.vexcards"));
+    const QString first = saveNew(u"R&D.vexcards"_qs);
     document()->close();
-    QDir(folder.path()).mkdir(QStringLiteral("below"));
-    saveNew(QStringLiteral("below/Friends.vexcards"));
-    const QString last = saveNew(QStringLiteral("Friends.vexcards"));
+    QDir(folder.path()).mkdir(u"below"_qs);
+    saveNew(u"below/Friends.vexcards"_qs);
+    const QString last = saveNew(u"Friends.vexcards"_qs);
     QMenu *menu = openMenu();
-    EXPECT_EQ(titles(menu),
-              QStringList({QStringLiteral("Friends.vexcards — ") + shown(folder.path()),
-                           QStringLiteral("Friends.vexcards — ") + shown(pathOf(QStringLiteral("below"))),
-                           QStringLiteral("R&D.vexcards"), QString(), QStringLiteral("Clear Menu")}));
+    EXPECT_EQ(titles(menu), QStringList({u"Friends.vexcards — "_qs + shown(folder.path()),
+                                         u"Friends.vexcards — "_qs + shown(pathOf(u"below"_qs)),
+                                         u"R&D.vexcards"_qs, QString(), u"Clear Menu"_qs}));
     QTest::keyClick(menu, Qt::Key_Down);
     QTest::keyClick(menu, Qt::Key_Down);
     QTest::keyClick(menu, Qt::Key_Return);
@@ -100,7 +99,7 @@ TEST_F(RecentDocumentsTest, OffersTheLatestFirstAndOpensThem)
 
     ASSERT_TRUE(QFile::remove(first));
     menu = openMenu();
-    EXPECT_FALSE(titles(menu).contains(QStringLiteral("R&D.vexcards")));
+    EXPECT_FALSE(titles(menu).contains(u"R&D.vexcards"_qs));
     QTest::keyClick(menu, Qt::Key_C);
     EXPECT_TRUE(eventually([] { return !QApplication::activePopupWidget(); }));
     EXPECT_EQ(titles(openMenu()).value(0), u"No Recent Documents");
@@ -114,19 +113,19 @@ TEST_F(RecentDocumentsTest, AListThatCannotBeReadIsLeftAlone)
 {
     put(list, "<xbel>no list");
     RecentDocuments documents;
-    documents.add(QStringLiteral("/tmp/a.vexcards"));
+    documents.add(u"/tmp/a.vexcards"_qs);
     documents.clear();
     EXPECT_EQ(documents.paths(), QStringList());
     EXPECT_EQ(content(list), "<xbel>no list");
 
-    RecentDocuments many(pathOf(QStringLiteral("own/list.xbel")));
+    RecentDocuments many(pathOf(u"own/list.xbel"_qs));
     for (int i = 0; i < 12; ++i) {
-        const QString path = pathOf(QStringLiteral("%1 ü%.vexcards").arg(i));
+        const QString path = pathOf(u"%1 ü%.vexcards"_qs.arg(i));
         put(path, "x");
         many.add(path);
     }
     EXPECT_EQ(many.paths().size(), 10);
-    EXPECT_EQ(many.paths().value(0), pathOf(QStringLiteral("11 ü%.vexcards")));
+    EXPECT_EQ(many.paths().value(0), pathOf(u"11 ü%.vexcards"_qs));
 }
 
 } // namespace

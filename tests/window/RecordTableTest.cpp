@@ -32,10 +32,10 @@ Ref<Dictionary> newPerson(const Value &firstName, const Value &lastName, const V
 }
 
 const Value none;
-const Value blank = QStringLiteral("");
-const Value ada = QStringLiteral("Ada");
-const Value byron = QStringLiteral("Byron");
-const Value acme = QStringLiteral("<i>Acme</i>");
+const Value blank = u""_qs;
+const Value ada = u"Ada"_qs;
+const Value byron = u"Byron"_qs;
+const Value acme = u"<i>Acme</i>"_qs;
 
 } // namespace
 
@@ -47,20 +47,19 @@ TEST(RecordName, FollowsTheSwitchAndLeavesNoLooseBlank)
         Ref<Dictionary> record;
         QString name;
     } cases[] = {
-        {"both names", newPerson(ada, byron, acme), QStringLiteral("Ada Byron")},
-        {"no first name, no leading blank", newPerson(none, byron), QStringLiteral("Byron")},
-        {"an empty first name as well", newPerson(blank, byron), QStringLiteral("Byron")},
-        {"no last name", newPerson(ada, none), QStringLiteral("Ada")},
-        {"an empty last name is appended all the same", newPerson(ada, blank), QStringLiteral("Ada ")},
+        {"both names", newPerson(ada, byron, acme), u"Ada Byron"_qs},
+        {"no first name, no leading blank", newPerson(none, byron), u"Byron"_qs},
+        {"an empty first name as well", newPerson(blank, byron), u"Byron"_qs},
+        {"no last name", newPerson(ada, none), u"Ada"_qs},
+        {"an empty last name is appended all the same", newPerson(ada, blank), u"Ada "_qs},
         {"no name at all", newPerson(none, none), QString()},
-        {"a company", newPerson(ada, byron, acme, true), QStringLiteral("<i>Acme</i>")},
-        {"a company with an empty name shows that", newPerson(ada, byron, blank, true), QStringLiteral("")},
-        {"a company without the key falls back", newPerson(ada, byron, none, true),
-         QStringLiteral("Ada Byron")},
+        {"a company", newPerson(ada, byron, acme, true), u"<i>Acme</i>"_qs},
+        {"a company with an empty name shows that", newPerson(ada, byron, blank, true), u""_qs},
+        {"a company without the key falls back", newPerson(ada, byron, none, true), u"Ada Byron"_qs},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.rule);
-        EXPECT_EQ(displayedNameOfRecord(*c.record), c.name.isNull() ? QStringLiteral("") : c.name);
+        EXPECT_EQ(displayedNameOfRecord(*c.record), c.name.isNull() ? u""_qs : c.name);
     }
 }
 
@@ -139,14 +138,13 @@ TEST_F(RecordTableTest, FollowsTheListWithoutLosingTheSelection)
     EXPECT_EQ(table.model()->rowCount(), 4);
     EXPECT_EQ(selectedRows(), QList<int>{2});
     EXPECT_EQ(table.currentIndex().row(), 2) << "the arrow keys go on from there";
-    records.arrangedObjects()[2]->setValue(RecordKey::firstName, QStringLiteral("new"));
-    EXPECT_EQ(table.model()->index(2, RecordTableModel::NameColumn).data().toString(),
-              QStringLiteral("new <i>Acme</i>"));
+    records.arrangedObjects()[2]->setValue(RecordKey::firstName, u"new"_qs);
+    EXPECT_EQ(table.model()->index(2, RecordTableModel::NameColumn).data().toString(), u"new <i>Acme</i>"_qs);
 }
 
 TEST_F(RecordTableTest, CategoryIsPaintedInItsColours)
 {
-    const auto category = newCategoryRecord(QStringLiteral("      "), 1);
+    const auto category = newCategoryRecord(u"      "_qs, 1);
     category->value(CategoryKey::cat_backColor).dictionary()->setValue(QStringView(u"g"), Value(0.25));
     const QRgb back = qRgb(191, 64, 191);
     records.arrangedObjects()[1]->setValue(RecordKey::categoryPtr, category);
@@ -156,17 +154,17 @@ TEST_F(RecordTableTest, CategoryIsPaintedInItsColours)
     records.setSelectionIndex(1);
     EXPECT_EQ(colorInCategoryCell(1), back) << "the selection does not cover it";
     const auto *model = static_cast<const RecordTableModel *>(table.model());
-    EXPECT_EQ(model->columnWithIdentifier(QStringLiteral("category")), 0);
-    EXPECT_EQ(model->columnWithIdentifier(QStringLiteral("name")), 1);
-    EXPECT_EQ(model->columnWithIdentifier(QStringLiteral("other")), -1);
+    EXPECT_EQ(model->columnWithIdentifier(u"category"_qs), 0);
+    EXPECT_EQ(model->columnWithIdentifier(u"name"_qs), 1);
+    EXPECT_EQ(model->columnWithIdentifier(u"other"_qs), -1);
 }
 
 TEST_F(RecordTableTest, AHeadPutsTheListInItsOrderAndTurnsItRound)
 {
-    const auto work = newCategoryRecord(QStringLiteral("Work"), 1);
-    const auto family = newCategoryRecord(QStringLiteral("Family"), 2);
+    const auto work = newCategoryRecord(u"Work"_qs, 1);
+    const auto family = newCategoryRecord(u"Family"_qs, 2);
     const auto content = Array::create();
-    for (const QString &name : {QStringLiteral("c"), QStringLiteral("A"), QStringLiteral("b")}) {
+    for (const QString &name : {u"c"_qs, u"A"_qs, u"b"_qs}) {
         const auto person = newPerson(name, none);
         person->setValue(RecordKey::categoryPtr, name == u"A" ? family : work);
         content->values.push_back(person);
@@ -175,25 +173,25 @@ TEST_F(RecordTableTest, AHeadPutsTheListInItsOrderAndTurnsItRound)
     records.setSelectionIndex(1);
     const QStringList inDocument = names();
     clickHead(RecordTableModel::NameColumn);
-    EXPECT_EQ(names(), (QStringList{QStringLiteral("A"), QStringLiteral("b"), QStringLiteral("c")}));
+    EXPECT_EQ(names(), (QStringList{u"A"_qs, u"b"_qs, u"c"_qs}));
     EXPECT_EQ(selectedRows(), QList<int>{0}) << "the contact stays selected, and nothing else is";
     clickHead(RecordTableModel::NameColumn);
-    EXPECT_EQ(names(), (QStringList{QStringLiteral("c"), QStringLiteral("b"), QStringLiteral("A")}));
+    EXPECT_EQ(names(), (QStringList{u"c"_qs, u"b"_qs, u"A"_qs}));
     clickHead(RecordTableModel::CategoryColumn);
-    EXPECT_EQ(names(), (QStringList{QStringLiteral("A"), QStringLiteral("b"), QStringLiteral("c")}));
+    EXPECT_EQ(names(), (QStringList{u"A"_qs, u"b"_qs, u"c"_qs}));
     clickHead(RecordTableModel::CategoryColumn);
-    EXPECT_EQ(names(), (QStringList{QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("A")}));
+    EXPECT_EQ(names(), (QStringList{u"b"_qs, u"c"_qs, u"A"_qs}));
 }
 
 TEST_F(RecordTableTest, LettersGoToTheNextNameAndReturnEdits)
 {
     const auto content = Array::create();
-    for (const QString &name : {QStringLiteral("Ada"), QStringLiteral("Zoë"), QStringLiteral("Zita")})
+    for (const QString &name : {u"Ada"_qs, u"Zoë"_qs, u"Zita"_qs})
         content->values.push_back(newPerson(name, none));
     records.setContent(content);
     table.selectionModel()->setCurrentIndex(table.model()->index(0, RecordTableModel::CategoryColumn),
                                             QItemSelectionModel::NoUpdate);
-    QTest::keyClicks(&table, QStringLiteral("zi"));
+    QTest::keyClicks(&table, u"zi"_qs);
     EXPECT_EQ(selectedRows(), QList<int>{2});
     QSignalSpy edits(&table, &RecordTable::editRequested);
     QTest::keyClick(&table, Qt::Key_Return);
@@ -209,8 +207,8 @@ TEST_F(RecordTableTest, RowsThatAreNotThereAreIgnored)
     table.scrollRowToVisible(-1);
     table.scrollRowToVisible(5);
     records.setContent(Array::create());
-    table.redrawColumn(QStringLiteral("name"));
-    table.redrawColumn(QStringLiteral("nothing"));
+    table.redrawColumn(u"name"_qs);
+    table.redrawColumn(u"nothing"_qs);
     table.scrollRowToVisible(0);
     EXPECT_EQ(table.model()->rowCount(), 0);
     EXPECT_TRUE(records.selectionIndexes().empty());

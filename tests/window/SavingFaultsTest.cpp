@@ -22,12 +22,12 @@ protected:
     void SetUp() override
     {
         makeProtectedDocument();
-        addContact(QStringLiteral("Ada"), QStringLiteral("Byron"));
+        addContact(u"Ada"_qs, u"Byron"_qs);
         chooseNextPath(path);
         press(Qt::Key_S, Qt::ControlModifier);
         ASSERT_FALSE(document()->isDocumentEdited());
         Foundation::FileSystem::setSystem(&files);
-        save(QStringLiteral("1"));
+        save(u"1"_qs);
         ASSERT_EQ(noteInTheFile(), u"1");
         calls = files.calls.size();
     }
@@ -50,7 +50,7 @@ protected:
         if (readDocument(file.bytes, state) != ReadOutcome::Loaded)
             return {};
         state.plainPassword = password;
-        DecryptPipeline pipeline(state, [] { return newCategoryRecord(QStringLiteral("Generic"), 1); });
+        DecryptPipeline pipeline(state, [] { return newCategoryRecord(u"Generic"_qs, 1); });
         if (pipeline.decript() != DecryptSuccess || state.myArray->count() != 1)
             return {};
         return state.myArray->values[0].dictionary()->value(RecordKey::note).stringValue();
@@ -61,7 +61,7 @@ protected:
         return wanted > 0 ? wanted : int(otherwise);
     }
 
-    const QString path = pathOf(QStringLiteral("Faulty.vexcards"));
+    const QString path = pathOf(u"Faulty.vexcards"_qs);
     FaultyFileSystem files;
     qsizetype calls = 0;
 };
@@ -76,7 +76,7 @@ TEST_F(SavingFaultsTest, WhateverFailsTheUserIsToldAndNothingIsLost)
         const bool forGood = (run / calls) % 2 == 1;
         SCOPED_TRACE(std::to_string(failing) + ": " + strerror(error) + (forGood ? " for good" : ""));
         const QString before = noteInTheFile();
-        const QString written = QStringLiteral("note %1").arg(run);
+        const QString written = u"note %1"_qs.arg(run);
         files.before = [&](const QByteArray &, qsizetype number) {
             return number == failing || (forGood && number > failing) ? error : 0;
         };
@@ -111,7 +111,7 @@ TEST_F(SavingFaultsTest, AKilledApplicationLeavesTheOldOrTheNewFile)
         const qsizetype moment = run % (2 * calls);
         SCOPED_TRACE(moment);
         const QString before = noteInTheFile();
-        const QString written = QStringLiteral("note %1").arg(run);
+        const QString written = u"note %1"_qs.arg(run);
         const int ending = inChild([&] {
             const auto die = [moment](qsizetype reached) { return reached == moment ? raise(SIGKILL) : 0; };
             files.before = [&](const QByteArray &, qsizetype number) { return die(2 * number); };
@@ -125,9 +125,9 @@ TEST_F(SavingFaultsTest, AKilledApplicationLeavesTheOldOrTheNewFile)
             continue;
         // For this process another one wrote the file.
         ++replaced;
-        save(QStringLiteral("mine"));
+        save(u"mine"_qs);
         EXPECT_TRUE(nextAlert().value(0).endsWith(u"has been changed by another program."));
-        answer(QStringLiteral("Save Anyway"));
+        answer(u"Save Anyway"_qs);
         ASSERT_TRUE(windowIsActive());
         EXPECT_EQ(noteInTheFile(), u"mine");
     }

@@ -33,15 +33,15 @@ protected:
     }
 
     QStringList asked;
-    const QString path = pathOf(QStringLiteral("Session.vexcards"));
+    const QString path = pathOf(u"Session.vexcards"_qs);
 };
 
 TEST_F(SessionEndTest, ChangesOfADocumentWithAFileAreSavedWithoutAQuestion)
 {
     makeProtectedDocument();
-    addContact(QStringLiteral("Ada"), QStringLiteral("Byron"));
+    addContact(u"Ada"_qs, u"Byron"_qs);
     save();
-    enterField("lastName", QStringLiteral("Lovelace"));
+    enterField("lastName", u"Lovelace"_qs);
     const QByteArray before = content();
     EXPECT_TRUE(mayEnd(1001));
     EXPECT_EQ(asked, QStringList());
@@ -52,9 +52,9 @@ TEST_F(SessionEndTest, ChangesOfADocumentWithAFileAreSavedWithoutAQuestion)
 TEST_F(SessionEndTest, ALockedDocumentIsNeitherSavedNorAskedAbout)
 {
     makeProtectedDocument();
-    addContact(QStringLiteral("Ada"), QStringLiteral("Byron"));
+    addContact(u"Ada"_qs, u"Byron"_qs);
     save();
-    enterField("lastName", QStringLiteral("Lovelace"));
+    enterField("lastName", u"Lovelace"_qs);
     document()->doLockDocument();
     const QByteArray before = content();
     EXPECT_TRUE(document()->isDocumentEdited());
@@ -66,9 +66,9 @@ TEST_F(SessionEndTest, ALockedDocumentIsNeitherSavedNorAskedAbout)
 TEST_F(SessionEndTest, AsksAboutADocumentWithoutANameAndAboutOneThatIsBeingAskedAbout)
 {
     makeProtectedDocument();
-    addContact(QStringLiteral("Ada"), QStringLiteral("Byron"));
+    addContact(u"Ada"_qs, u"Byron"_qs);
     EXPECT_FALSE(mayEnd(1001));
-    EXPECT_EQ(asked, QStringList{QStringLiteral("The document “Untitled” has changes that are not saved.")});
+    EXPECT_EQ(asked, QStringList{u"The document “Untitled” has changes that are not saved."_qs});
     EXPECT_TRUE(document()->isRecoverable()) << "they are safe all the same";
     EXPECT_TRUE(mayEnd(1000));
     EXPECT_EQ(asked.size(), 1);
@@ -76,7 +76,7 @@ TEST_F(SessionEndTest, AsksAboutADocumentWithoutANameAndAboutOneThatIsBeingAsked
     EXPECT_EQ(asked, QStringList());
 
     save();
-    enterField("lastName", QStringLiteral("Lovelace"));
+    enterField("lastName", u"Lovelace"_qs);
     const QByteArray before = content();
     window()->close();
     nextAlert();

@@ -25,7 +25,7 @@ protected:
     void SetUp() override
     {
         makeProtectedDocument();
-        addContact(QStringLiteral("Zoë"), QStringLiteral("Åström"));
+        addContact(u"Zoë"_qs, u"Åström"_qs);
     }
     Foundation::Ref<Foundation::Dictionary> category(std::size_t row) const
     {
@@ -38,7 +38,7 @@ protected:
     void openCategories() const
     {
         press(Qt::Key_K, Qt::ControlModifier);
-        ASSERT_TRUE(sheetComes(QStringLiteral("myCategorySheet")));
+        ASSERT_TRUE(sheetComes(u"myCategorySheet"_qs));
     }
     void addCategory() const
     {
@@ -48,8 +48,8 @@ protected:
     // The sheet must be called by its item: it has no key.
     void openCaptions() const
     {
-        window()->findChild<QAction *>(QStringLiteral("editLabelsItem"))->trigger();
-        ASSERT_TRUE(sheetComes(QStringLiteral("myLabelSheet")));
+        window()->findChild<QAction *>(u"editLabelsItem"_qs)->trigger();
+        ASSERT_TRUE(sheetComes(u"myLabelSheet"_qs));
     }
     void choose(QAbstractButton *well, const QColor &color) const
     {
@@ -75,7 +75,7 @@ TEST_F(SheetsTest, ACategoryIsMadeNamedAndColouredByKeys)
     EXPECT_TRUE(control<QPushButton>("removeCategory")->isEnabled());
 
     document()->updateChangeCount(Foundation::Document::ChangeCleared);
-    enterField("categoryName", QStringLiteral("R&D"));
+    enterField("categoryName", u"R&D"_qs);
     EXPECT_EQ(category(1)->value(CategoryKey::cat_category).stringValue(), u"R&D");
     EXPECT_TRUE(document()->isDocumentEdited());
     EXPECT_EQ(table->model()->index(1, 0).data(Qt::AccessibleTextRole).toString(), u"R&D");
@@ -92,7 +92,7 @@ TEST_F(SheetsTest, ACategoryIsMadeNamedAndColouredByKeys)
     EXPECT_NEAR(colorOf(1, CategoryKey::cat_textColor).blue, 0, 1e-4);
     EXPECT_NEAR(colorOf(1, CategoryKey::cat_backColor).red, 0.8, 1e-4);
 
-    answer(QStringLiteral("Done"));
+    answer(u"Done"_qs);
     EXPECT_TRUE(windowIsActive());
     EXPECT_FALSE(DesktopColorPanel::shared().dialog()) << "the panel goes with the sheet";
     const auto *popUp = control<QComboBox>("myActionPopup");
@@ -137,7 +137,7 @@ TEST_F(SheetsTest, ACategoryGoesOnlyWhenNoContactBearsIt)
     QTest::mouseClick(control<QPushButton>("removeCategory"), Qt::LeftButton);
     EXPECT_EQ(table->model()->rowCount(), 1);
     EXPECT_EQ(field("categoryName"), u"Generic");
-    answer(QStringLiteral("Done"));
+    answer(u"Done"_qs);
     EXPECT_TRUE(windowIsActive());
 }
 
@@ -145,24 +145,24 @@ TEST_F(SheetsTest, CaptionsReachTheFormAtEveryLetterAndFlagsShowTheirButton)
 {
     document()->updateChangeCount(Foundation::Document::ChangeCleared);
     openCaptions();
-    enterField("pagerCaption", QStringLiteral("Boat & car:"));
+    enterField("pagerCaption", u"Boat & car:"_qs);
     control<QLineEdit>("phoneWorkCaption")->clear();
-    const auto *label = window()->findChild<QLabel *>(QStringLiteral("pagerLabel"));
+    const auto *label = window()->findChild<QLabel *>(u"pagerLabel"_qs);
     EXPECT_EQ(label->text(), u"Boat && car:") << "with a buddy, the sign stands doubled for itself";
-    const auto *button = window()->findChild<QToolButton *>(QStringLiteral("openPager"));
+    const auto *button = window()->findChild<QToolButton *>(u"openPager"_qs);
     EXPECT_TRUE(button->isHidden());
     control<QCheckBox>("open06")->click();
     EXPECT_FALSE(button->isHidden());
     EXPECT_EQ(button->accessibleName(), u"Open Boat & car");
     EXPECT_FALSE(document()->isDocumentEdited());
-    answer(QStringLiteral("Done"));
+    answer(u"Done"_qs);
     EXPECT_TRUE(windowIsActive());
     EXPECT_TRUE(document()->isDocumentEdited());
 
-    chooseNextPath(pathOf(QStringLiteral("captions.vexcards")));
+    chooseNextPath(pathOf(u"captions.vexcards"_qs));
     press(Qt::Key_S, Qt::ControlModifier);
     ASSERT_TRUE(eventually([this] { return !document()->isDocumentEdited(); }));
-    openDocument(pathOf(QStringLiteral("captions.vexcards")));
+    openDocument(pathOf(u"captions.vexcards"_qs));
     unlock(password);
     const auto &labels = *document()->myLabelDictionary();
     EXPECT_EQ(labels.value(RecordKey::pager).stringValue(), u"Boat & car:");

@@ -10,7 +10,7 @@ namespace
 // printers that refuse.
 void failOnWarning(QtMsgType type, const QMessageLogContext &, const QString &message)
 {
-    const bool isExpected = message.startsWith(QStringLiteral("This plugin does not support")) ||
+    const bool isExpected = message.startsWith(u"This plugin does not support"_qs) ||
                             message == u"QPainter::begin(): Returned false";
     if (type != QtDebugMsg && !isExpected)
         ADD_FAILURE() << message.toStdString();

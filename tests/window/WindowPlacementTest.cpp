@@ -52,8 +52,7 @@ TEST(WindowPlacement, WindowsStayInReach)
     const struct
     {
         const char *rule;
-        QRect wanted;
-        QRect shown;
+        QRect wanted, shown;
     } cases[] = {
         {"a good one is left alone", {100, 50, 900, 600}, {100, 50, 900, 600}},
         {"also on another screen", {1700, 10, 900, 600}, {1700, 10, 900, 600}},

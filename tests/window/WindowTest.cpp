@@ -9,7 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 
-const QString WindowTest::password = QStringLiteral("correct horse");
+const QString WindowTest::password = u"correct horse"_qs;
 
 bool WindowTest::eventually(const std::function<bool()> &condition)
 {
@@ -107,7 +107,7 @@ void WindowTest::makeProtectedDocument()
 {
     makeNewDocument();
     enterFirstPasswords(password, password);
-    ASSERT_EQ(nextAlert().value(0), QStringLiteral("Password accepted"));
+    ASSERT_EQ(nextAlert().value(0), u"Password accepted"_qs);
     press(Qt::Key_Return);
     ASSERT_TRUE(windowIsActive());
 }
