@@ -57,10 +57,10 @@ TEST(ArrayController, AddedObjectsAreSelectedAndRemovedOnesLeaveTheirPlaceSelect
     EXPECT_FALSE(controller.canRemove());
     controller.fill({"a", "b", "c"});
     EXPECT_EQ(controller.shown(), u"[a] b c");
-    const auto d = Controller::named(QStringLiteral("d"));
+    const auto d = Controller::named(u"d"_qs);
     controller.addObject(d);
     EXPECT_EQ(controller.shown(), u"a b c [d]");
-    controller.insertObject(Controller::named(QStringLiteral("x")), 1);
+    controller.insertObject(Controller::named(u"x"_qs), 1);
     EXPECT_EQ(controller.shown(), u"a [x] b c d");
     controller.removeSelectedObjects();
     EXPECT_EQ(controller.shown(), u"a [b] c d");
@@ -80,14 +80,14 @@ TEST(ArrayController, SelectionStaysWithItsObjectsOverRearrangements)
     Controller controller;
     controller.fill({"Emile", "eva 10", "Eva 9", "zoe"});
     controller.setSelectionIndex(1);
-    controller.setSortDescriptors({{QStringLiteral("name"), false}});
+    controller.setSortDescriptors({{u"name"_qs, false}});
     EXPECT_EQ(controller.shown(), u"zoe [eva 10] Eva 9 Emile");
-    controller.setSortDescriptors({{QStringLiteral("name"), true}});
+    controller.setSortDescriptors({{u"name"_qs, true}});
     controller.arrangedObjects()[2]->setValue(u"hidden", Value(true));
     controller.rearrangeObjects();
     // The object selected is hidden now: the selection is not left empty.
     EXPECT_TRUE(controller.canRemove());
-    controller.addObject(Controller::named(QStringLiteral("ghost"), true));
+    controller.addObject(Controller::named(u"ghost"_qs, true));
     EXPECT_EQ(controller.content()->count(), 5);
     EXPECT_EQ(controller.arrangedObjects().size(), 3U);
 }
@@ -118,7 +118,7 @@ TEST(ArrayController, ValuesOfSeveralSelectedObjectsAreOneOrMixed)
     EXPECT_TRUE(isMixed);
     QList<qsizetype> told;
     QObject::connect(&controller, &ArrayController::objectChanged, [&](qsizetype row) { told << row; });
-    controller.setValueForSelection(Key(u"name"), QStringLiteral("q"));
+    controller.setValueForSelection(Key(u"name"), u"q"_qs);
     EXPECT_EQ(controller.shown(), u"[q] [q] b");
     EXPECT_EQ(told, (QList<qsizetype>{0, 1}));
 }

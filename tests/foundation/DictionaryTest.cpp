@@ -104,14 +104,6 @@ TEST(Dictionary, TakesTheNullNameForTheEmptyOne)
     EXPECT_FALSE(dictionary->entries().front().key.name().isNull());
 }
 
-TEST(Dictionary, HoldsAMillionKeys)
-{
-    const int count = 1'000'000;
-    const auto dictionary = numberedDictionary(count);
-    EXPECT_EQ(dictionary->count(), count);
-    EXPECT_EQ(dictionary->copy()->value(numbered(count - 1)), Value(count - 1));
-}
-
 // What is removed or replaced may be the last owner of the dictionary itself.
 TEST(Dictionary, SurvivesLosingItsLastOwner)
 {

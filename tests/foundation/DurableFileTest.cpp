@@ -5,10 +5,8 @@
 
 #include <QRegularExpression>
 
-#include <csignal>
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
 #include <sys/xattr.h>
 
 using namespace Foundation;
@@ -61,7 +59,7 @@ bool isTolerated(const QByteArray &call, int error)
 TEST_F(DurableFile, AnyFailureIsToldAndLeavesAWholeFile)
 {
     const QList<QByteArray> calls = callsOfASave();
-    for (const int error : {ENOSPC, EIO, EACCES, EDQUOT}) {
+    for (const int error : {ENOSPC, EIO, EACCES, EDQUOT, EFBIG}) {
         for (qsizetype n = 0; n < 2 * calls.size(); ++n) {
             const bool forGood = n >= calls.size();
             const qsizetype first = n % calls.size();
@@ -112,36 +110,6 @@ TEST_F(DurableFile, InterruptionsAndSmallPortionsAreOvercome)
         const FileWriteResult result = save(files); // Comes back at all.
         EXPECT_EQ(content(Name), result.identity ? New : Old);
     }
-}
-
-TEST_F(DurableFile, AKilledSaveLeavesAWholeFile)
-{
-    bool wasKilled = true;
-    int leftovers = 0;
-    for (qsizetype n = 0; wasKilled; ++n) {
-        SCOPED_TRACE(n);
-        putOldFile();
-        const int ending = inChild([&] {
-            FaultyFileSystem files;
-            const auto die = [n](qsizetype moment) { return moment == n ? raise(SIGKILL) : 0; };
-            files.before = [&](const QByteArray &, qsizetype number) { return die(2 * number); };
-            files.after = [&](const QByteArray &, qsizetype number) { die(2 * number + 1); };
-            files.largestTransfer = 2000;
-            EXPECT_TRUE(save(files).succeeded());
-        });
-        wasKilled = WIFSIGNALED(ending);
-        EXPECT_TRUE(wasKilled || ending == 0);
-        const QByteArray left = content(Name);
-        EXPECT_TRUE(left == Old || left == New);
-        for (const QString &leftover : temporaryFiles()) {
-            static const QRegularExpression pattern(u"^\\.vexarel-[0-9a-f]{16}$"_qs);
-            EXPECT_TRUE(leftover.contains(pattern)) << qPrintable(leftover);
-            QFile::remove(path(leftover));
-            ++leftovers;
-        }
-    }
-    EXPECT_GT(leftovers, 0);
-    EXPECT_EQ(content(Name), New);
 }
 
 // What a power cut could leave of a save, from what the disk was made to confirm.
@@ -202,8 +170,7 @@ TEST_F(DurableFile, TellsWhatStandsInTheWay)
     const struct
     {
         const char *rule;
-        QString name;
-        QString error;
+        QString name, error;
     } cases[] = {
         {"a folder", u"folder"_qs, folder},
         {"a name that ends as a folder's", u"folder/"_qs, folder},
@@ -235,8 +202,7 @@ TEST_F(DurableFile, TellsOfMissingPermissions)
     const struct
     {
         const char *rule;
-        mode_t folderMode;
-        mode_t fileMode;
+        mode_t folderMode, fileMode;
         QString error;
     } cases[] = {
         {"a folder to look into only", 0555, 0600, u"The folder is not writable."_qs},
@@ -283,8 +249,7 @@ TEST_F(DurableFile, FollowsLinksAndTakesAnyName)
     const struct
     {
         const char *rule;
-        QString name;
-        QString real;
+        QString name, real;
     } cases[] = {
         {"an existing file", u"plain"_qs, u"plain"_qs},
         {"a new file", u"fresh"_qs, u"fresh"_qs},
@@ -332,8 +297,7 @@ TEST_F(DurableFile, NobodyGainsRightsWhenTheGroupIsLost)
         GTEST_SKIP() << "only the administrator can make a file of somebody else";
     const struct
     {
-        mode_t before;
-        mode_t after;
+        mode_t before, after;
     } cases[] = {
         {0600, 0600}, {0640, 0600}, {0604, 0600}, {0664, 0644}, {0666, 0666}, {0627, 0622},
     };
@@ -464,20 +428,6 @@ TEST_F(DurableFile, AFullDiskKeepsTheOldFileUntilThereIsRoomAgain)
     if (WIFEXITED(ending) && WEXITSTATUS(ending) == NoMount)
         GTEST_SKIP() << "mounting is not allowed here";
     EXPECT_EQ(ending, 0);
-}
-
-TEST_F(DurableFile, TheLimitOfTheProcessIsTold)
-{
-    putOldFile();
-    const int ending = inChild([&] {
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit fourKiB = {4096, 4096};
-        ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &fourKiB), 0);
-        EXPECT_EQ(save().error, u"The file is too large for this disk."_qs);
-    });
-    EXPECT_EQ(ending, 0);
-    EXPECT_EQ(content(Name), Old);
-    EXPECT_EQ(temporaryFiles(), QStringList());
 }
 
 } // namespace

@@ -54,7 +54,7 @@ protected:
 
     QStringList temporaryFiles() const
     {
-        return QDir(m_folder.path()).entryList({QStringLiteral(".vexarel-*")}, QDir::Files | QDir::Hidden);
+        return QDir(m_folder.path()).entryList({u".vexarel-*"_qs}, QDir::Files | QDir::Hidden);
     }
 
     static bool isAdministrator() { return geteuid() == 0; }

@@ -18,8 +18,8 @@ TEST(MacRoman, EveryByteIsTheCharacterThatOtherProgramsRead)
         all.append(char(byte));
     QProcess python;
     python.start(
-        QStringLiteral("/usr/bin/python3"),
-        {QStringLiteral("-c"),
+        u"/usr/bin/python3"_qs,
+        {u"-c"_qs,
          QStringLiteral(
              "import sys; sys.stdout.buffer.write(bytes(range(256)).decode('mac_roman').encode())")});
     ASSERT_TRUE(python.waitForFinished());
@@ -31,8 +31,7 @@ TEST(MacRoman, EveryByteIsTheCharacterThatOtherProgramsRead)
 
 TEST(MacRoman, WhatItLacksHasNoBytes)
 {
-    for (const QString &text :
-         {QStringLiteral("ş"), QStringLiteral("😀"), QStringLiteral("aб"), QStringLiteral("e\u0301")})
+    for (const QString &text : {u"ş"_qs, u"😀"_qs, u"aб"_qs, u"e\u0301"_qs})
         EXPECT_EQ(macRomanBytes(text), std::nullopt);
     EXPECT_EQ(macRomanBytes(QString()), QByteArray(""));
     EXPECT_FALSE(macRomanBytes(QString())->isNull());
