@@ -1,10 +1,8 @@
-#include "helpers/SynchroScrollView.h"
 #include "helpers/VLHSplitViewDelegate.h"
 #include "helpers/VLVSplitViewDelegate.h"
 
 #include <gtest/gtest.h>
 
-using Foundation::Point;
 using Foundation::Rect;
 
 namespace
@@ -159,71 +157,6 @@ TEST(SplitViewDelegate, CollapsesAndRestoresByThePlaceOfTheDivider)
     EXPECT_EQ(wide.divider, 901);
     EXPECT_TRUE(sideBySide.expandToMinRightView(wide));
     EXPECT_EQ(wide.divider, 899);
-}
-
-class ScriptedScrollView : public Foundation::ScrollView
-{
-public:
-    Rect documentFrame() const override { return {0, 5, 100, 900}; }
-    Rect documentVisibleRect() const override { return bounds; }
-    Rect contentBounds() const override { return bounds; }
-    bool isFlipped() const override { return flipped; }
-    void scrollToPoint(const Point &point) override
-    {
-        bounds.x = point.x;
-        bounds.y = point.y;
-        ++scrolls;
-    }
-    void reflectScrolledClipView() override { ++reflected; }
-    void setPostsBoundsChangedNotifications(bool posts) override { posting = posts; }
-    void addBoundsObserver(const void *, std::function<void()> changed) override
-    {
-        ++observers;
-        observed = std::move(changed);
-    }
-    void removeBoundsObserver(const void *) override { --observers; }
-    void userScrollsTo(double x, double y)
-    {
-        scrollToPoint({x, y});
-        observed();
-    }
-
-    Rect bounds{0, 0, 100, 200};
-    bool flipped = true;
-    bool posting = false;
-    int observers = 0;
-    int scrolls = 0;
-    int reflected = 0;
-    std::function<void()> observed;
-};
-
-TEST(SynchroScrollView, FollowsTheVerticalPositionOfOneOther)
-{
-    ScriptedScrollView own, other, upward;
-    own.bounds.x = 30;
-    upward.flipped = false;
-    {
-        SynchroScrollView rule(own);
-        rule.setSynchronizedScrollView(&other);
-        rule.setSynchronizedScrollView(&other);
-        EXPECT_EQ(other.observers, 1);
-        EXPECT_TRUE(other.posting);
-        other.userScrollsTo(7, 40);
-        EXPECT_EQ(own.bounds, (Rect{30, 40, 100, 200}));
-        EXPECT_EQ(own.reflected, 1);
-        other.userScrollsTo(30, 40); // Where it is already.
-        EXPECT_EQ(own.scrolls, 1);
-        rule.setSynchronizedScrollView(&upward);
-        EXPECT_EQ(other.observers, 0);
-        EXPECT_TRUE(rule.reverseScroll());
-        upward.userScrollsTo(0, 40);
-        EXPECT_EQ(own.bounds.y, -40);
-    }
-    EXPECT_EQ(upward.observers, 0);
-    scrollToBottom(own);
-    EXPECT_EQ(own.bounds, (Rect{0, 5 + 900 - 200, 100, 200}));
-    scrollToBottom(upward);
-    EXPECT_EQ(upward.bounds.y, 0);
 }
 
 } // namespace

@@ -68,17 +68,13 @@ TEST(NewerDataAlerts, OfferTheLastVersion)
         {VLAppSupportUtility::sayFilecreatedWithANewerVersion,
          u"The document you requested to open was created with a more recent version of this application"_qs,
          u"To open this file you need a release of this application equal or successive to the one used to "
-         u"create "
-         u"this file.\n\nProbably you are using an outdated release.\nYou can download for free the last "
-         u"version of "
-         u"this application from our site"_qs},
+         u"create this file.\n\nProbably you are using an outdated release.\nYou can download for free the "
+         u"last version of this application from our site"_qs},
         {VLAppSupportUtility::dataIn_ApplicationSupportFolder_CreatedWithANewerVersion,
          u"Data file the software tryed to open from the Application Support folder was created with a more "
-         u"recent "
-         u"version of this application"_qs,
+         u"recent version of this application"_qs,
          u"You need a release of this application equal or successive to the one used to create this data "
-         u"file.\n\n"
-         u"Please use a more recent version of this application"_qs},
+         u"file.\n\nPlease use a more recent version of this application"_qs},
     };
     for (const auto &c : cases) {
         RecordingWorkspace workspace;

@@ -1,6 +1,5 @@
 #include "helpers/VLDateTagElaborated.h"
 
-#include "helpers/HelperTransformers.h"
 #include "support/Printers.h"
 #include "support/TestServices.h"
 
@@ -30,14 +29,4 @@ TEST(DateTags, MakeAnEmptyTextOfNothing)
 {
     for (const Foundation::Value &value : {Foundation::Value(), Foundation::Value(7)})
         EXPECT_EQ(VLDateTagElaborated().transformedValue(value), Foundation::Value(u""_qs));
-}
-
-TEST(DateTags, AreReachedByTheNameOfTheClass)
-{
-    registerHelperTransformers();
-    auto &registry = Foundation::ValueTransformerRegistry::shared();
-    const auto transformer = registry.valueTransformerForName(u"VLDateTagElaborated"_qs);
-    ASSERT_TRUE(transformer);
-    EXPECT_EQ(transformer->transformedValue(u"<YY"_qs).stringValue(), u"<YY"_qs);
-    EXPECT_FALSE(transformer->allowsReverseTransformation());
 }
