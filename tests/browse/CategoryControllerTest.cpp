@@ -59,21 +59,6 @@ TEST(CategoryController, NamesAreTriedUpTo31999WhateverTheirOrder)
     EXPECT_EQ(nameOf(rows.newObject()), u"Untitled 31999");
 }
 
-TEST(CategoryController, ANewCategoryHasExactlyItsSixKeys)
-{
-    VLColoredCategoryArrayController categories;
-    const auto category = categories.newObject();
-    EXPECT_EQ(category->count(), 6);
-    const auto back = category->value(CategoryKey::cat_backColor).dictionary();
-    const auto text = category->value(CategoryKey::cat_textColor).dictionary();
-    ASSERT_TRUE(back && text);
-    EXPECT_EQ(back->value(u"r"), Value(0.75));
-    EXPECT_EQ(back->value(u"a"), Value(qint32(1)));
-    EXPECT_EQ(text->value(u"g"), Value(qint32(1)));
-    EXPECT_EQ(category->value(CategoryKey::records).type(), Value::Type::Array);
-    EXPECT_EQ(categories.content()->count(), 0);
-}
-
 TEST(CategoryController, CountsMoveOnlyForCategoriesOfTheList)
 {
     VLColoredCategoryArrayController categories;
