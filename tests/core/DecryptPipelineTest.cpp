@@ -166,6 +166,7 @@ TEST(DecryptPipeline, AnAbsentOrBrokenCheckPairNeverMatches)
 TEST(DecryptPipeline, ResetsTheFlagsOfTheReleasesThatLeftThemOut)
 {
     TestDocument saved = TestDocument::filled();
+    saved.state.myLabelDictionary->setValue(u"company", u"Firm:"_qs);
     saved.state.myLabelDictionary->setValue(u"open01", Value(true));
     saved.state.myLabelDictionary->setValue(u"open14", Value());
     const QByteArray file = saved.save();
@@ -182,6 +183,7 @@ TEST(DecryptPipeline, ResetsTheFlagsOfTheReleasesThatLeftThemOut)
         const auto &labels = document.state.myLabelDictionary;
         EXPECT_EQ(labels->value(u"open01"), Value(!c.resets));
         EXPECT_EQ(labels->contains(Key(u"open14")), c.resets);
+        EXPECT_TRUE(hasOwnLabel(document)) << "captions are left alone";
 
         // A lock makes current buffers, whatever the file was.
         labels->setValue(u"open01", Value(true));

@@ -54,22 +54,4 @@ TEST(DocumentJson, TellsTheKindsOfValuesApart)
         EXPECT_EQ(jsonOfValue(c.value).toStdString(), c.json);
 }
 
-TEST(DocumentJson, NamesCategoriesByTheirPlace)
-{
-    DocumentState document;
-    const auto category = Dictionary::create();
-    document.myCategoryArray->values = {Value(Dictionary::create()), Value(category)};
-    for (const Value &pointer : {Value(category), Value(), Value(Dictionary::create())}) {
-        auto record = Dictionary::create();
-        record->setValue(RecordKey::note, u"n"_qs);
-        record->setValue(RecordKey::categoryPtr, pointer);
-        document.myArray->values.emplace_back(record);
-    }
-    document.myLabelDictionary = Dictionary::create();
-    EXPECT_EQ(
-        jsonOfDocument(document).toStdString(),
-        R"({"records":[{"category":1,"fields":{"note":"n"}},{"category":null,"fields":{"note":"n"}},)"
-        R"({"category":null,"fields":{"note":"n"}}],"categories":[{},{}],"labels":{},"creationDate":null})");
-}
-
 } // namespace

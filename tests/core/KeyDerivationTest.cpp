@@ -21,26 +21,6 @@ QByteArray libraryKey(const QByteArray &secret, const QByteArray &salt, int roun
     return key;
 }
 
-class Dice
-{
-public:
-    int from(int lowest, int highest)
-    {
-        return std::uniform_int_distribution<int>(lowest, highest)(m_engine);
-    }
-
-    QByteArray bytes(qsizetype count)
-    {
-        QByteArray drawn(count, '\0');
-        for (char &byte : drawn)
-            byte = char(from(0, 255));
-        return drawn;
-    }
-
-private:
-    std::mt19937 m_engine{20070809};
-};
-
 TEST(KeyDerivation, GivesThePublishedKeys)
 {
     QFile vectors(QStringLiteral(VEXAREL_TEST_DATA "/pbkdf2-vectors.txt"));
@@ -61,28 +41,29 @@ TEST(KeyDerivation, GivesThePublishedKeys)
     EXPECT_EQ(checked, 5);
 }
 
+// A secret longer than the hash's 64-byte block is hashed first; zeros at its end tell hashing from padding.
 TEST(KeyDerivation, AgreesWithTheLibrarysOwnDerivation)
 {
-    Dice dice;
+    std::mt19937 random(20070809);
+    const auto from = [&random](int lowest, int highest) {
+        return std::uniform_int_distribution<int>(lowest, highest)(random);
+    };
+    const auto bytes = [&from](int count) {
+        QByteArray drawn(count, '\0');
+        for (char &byte : drawn)
+            byte = char(from(0, 255));
+        return drawn;
+    };
     for (int i = 0; i < 500; ++i) {
-        const QByteArray secret = dice.bytes(dice.from(0, 150));
-        const QByteArray salt = dice.bytes(dice.from(0, 100));
-        const int rounds = dice.from(1, 50);
-        const int length = dice.from(1, 100);
+        QByteArray secret = bytes(from(0, 150));
+        if (i % 4 == 0)
+            secret.fill('\0');
+        const QByteArray salt = bytes(from(0, 100));
+        const int rounds = from(1, 50);
+        const int length = from(1, 100);
         ASSERT_EQ(pbkdf2HmacSha1(secret, salt, rounds, length), libraryKey(secret, salt, rounds, length))
             << "secret " << secret.toHex().constData() << " salt " << salt.toHex().constData() << " rounds "
             << rounds;
-    }
-}
-
-TEST(KeyDerivation, TakesSecretsAroundTheSizeOfABlock)
-{
-    // A secret longer than the hash's 64-byte block is hashed first; zeros at its end tell hashing from
-    // padding.
-    for (const int size : {0, 1, 19, 20, 21, 63, 64, 65, 127, 128, 1000}) {
-        SCOPED_TRACE(size);
-        const QByteArray secret(size, '\0');
-        EXPECT_EQ(pbkdf2HmacSha1(secret, QByteArray("salt"), 3, 32), libraryKey(secret, "salt", 3, 32));
     }
     EXPECT_EQ(pbkdf2HmacSha1(QByteArray(), QByteArray(), 3, 32), libraryKey("", "", 3, 32));
     EXPECT_TRUE(pbkdf2HmacSha1("secret", "salt", 3, 0).isEmpty());

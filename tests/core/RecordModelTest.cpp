@@ -62,18 +62,6 @@ TEST(RecordModel, DefaultCaptionsAndFlags)
         R"("open15":false})");
 }
 
-TEST(RecordModel, ResettingFlagsLeavesCaptionsAlone)
-{
-    const auto labels = defaultLabelDictionary();
-    labels->setValue(u"note", u"Remarks"_qs);
-    labels->setValue(u"open01", Value(true));
-    labels->setValue(u"open07", Value());
-    resetOpenFlags(*labels);
-    EXPECT_EQ(labels->value(u"note").stringValue(), u"Remarks"_qs);
-    EXPECT_EQ(labels->value(u"open01"), Value(false));
-    EXPECT_EQ(labels->value(u"open07"), Value(true));
-}
-
 TEST(RecordModel, FieldTablesHaveTheOrderOfExports)
 {
     const QString fields = QStringLiteral(
