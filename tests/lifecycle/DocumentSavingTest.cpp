@@ -8,11 +8,6 @@ namespace
 class DocumentSaving : public DocumentFixture
 {
 protected:
-    static QByteArray contentOf(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
     // An open document with one record, saved.
     void savedDocument(const QString &path)
     {
@@ -42,71 +37,16 @@ TEST_F(DocumentSaving, AsksForANameOnceAndSavesThereAgain)
     EXPECT_EQ(document->displayName(), u"c.vexcards");
 }
 
-TEST_F(DocumentSaving, AFileThatAnotherProgramTouchedIsOnlyReplacedAfterAQuestion)
+TEST_F(DocumentSaving, ALockedDocumentClosesAtOnceAndNeverAnswers)
 {
-    const QString path = pathOf("e.vexcards");
-    savedDocument(path);
-    typeNote(u"mine"_qs);
-    QFile other(path);
-    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
-    other.write("theirs");
-    other.close();
-    document->saveDocument({});
-    EXPECT_EQ(window->alert().message,
-              u"The file of the document “e.vexcards” has been changed by another program.");
-    window->answer(1001);
-    EXPECT_EQ(contentOf(path), "theirs");
-    EXPECT_TRUE(document->isDocumentEdited());
-    document->saveDocument({});
-    window->answer(1000);
-    EXPECT_FALSE(document->isDocumentEdited());
-    typeNote(u"again"_qs);
-    document->saveDocument({});
-    EXPECT_FALSE(window->hasAlert()) << "the file is ours again";
-
-    QFile::remove(path);
-    typeNote(u"more"_qs);
-    document->saveDocument({});
-    EXPECT_EQ(window->alert().message, u"The file of the document “e.vexcards” is no longer there.");
-    window->answer(1000);
-    EXPECT_TRUE(QFile::exists(path));
-}
-
-TEST_F(DocumentSaving, ClosingAsksOnlyAboutUnsavedWorkInAnOpenDocument)
-{
-    const QString path = pathOf("f.vexcards");
-    savedDocument(path);
-    const auto close = [this] {
-        std::optional<bool> answer;
-        document->canCloseDocument([&answer](bool shouldClose) { answer = shouldClose; });
-        return answer;
-    };
-    EXPECT_EQ(close(), true);
-    const struct
-    {
-        int button;
-        bool closes, edited;
-    } answers[] = {{1001, false, true}, {1002, true, true}, {1000, true, false}};
-    for (const auto &c : answers) {
-        SCOPED_TRACE(c.button);
-        typeNote(u"note %1"_qs.arg(c.button));
-        std::optional<bool> answer;
-        document->canCloseDocument([&answer](bool shouldClose) { answer = shouldClose; });
-        EXPECT_EQ(window->alert().message, u"Do you want to save the changes to the document “f.vexcards”?");
-        EXPECT_EQ(window->alert().buttons, (QStringList{u"Save"_qs, u"Cancel"_qs, u"Discard"_qs}));
-        EXPECT_FALSE(answer.has_value());
-        window->answer(c.button);
-        EXPECT_EQ(answer, c.closes);
-        EXPECT_EQ(document->isDocumentEdited(), c.edited);
-    }
-
-    ASSERT_TRUE(open(path));
+    savedDocument(pathOf("f.vexcards"));
+    ASSERT_TRUE(open(pathOf("f.vexcards")));
     document->updateChangeCount(0);
     MyDocument *locked = document.release(); // closing deletes it
     bool called = false;
     locked->canCloseDocument([&called](bool) { called = true; });
     EXPECT_TRUE(window->closed);
-    EXPECT_FALSE(called) << "a locked document never answers";
+    EXPECT_FALSE(window->hasAlert() || called);
     endEvent();
 }
 

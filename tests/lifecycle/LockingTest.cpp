@@ -1,8 +1,6 @@
 #include "lifecycle/VLRevertDocController.h"
 #include "support/DocumentFixture.h"
 
-#include <QFile>
-
 using Foundation::Alert;
 using Foundation::Rect;
 
@@ -12,16 +10,6 @@ namespace
 class Locking : public DocumentFixture
 {
 protected:
-    void saveTo(const QString &path)
-    {
-        QString reason;
-        ASSERT_TRUE(document->writeToFile(path, &reason)) << qPrintable(reason);
-    }
-    static QByteArray contentOf(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
     void savedDocument()
     {
         newProtectedDocument();
@@ -84,47 +72,6 @@ TEST_F(Locking, ShrinksTheWindowBelowItsUpperEdgeAndKeepsTheFrameForTheFile)
     document->doLockDocument();
     submit(password);
     EXPECT_EQ(window->frameNow, read);
-}
-
-TEST_F(Locking, ALockedDocumentIsNeverWritten)
-{
-    savedDocument();
-    document->doLockDocument();
-    const QByteArray file = contentOf(pathOf("locked.vexcards"));
-    EXPECT_TRUE(document->autosavingFileType().isNull());
-    QString reason;
-    EXPECT_FALSE(document->writeToFile(pathOf("other.vexcards"), &reason));
-    EXPECT_FALSE(reason.isEmpty());
-    document->saveDocument({});
-    window->answer(1000);
-    EXPECT_EQ(contentOf(pathOf("locked.vexcards")), file);
-    EXPECT_FALSE(QFile::exists(pathOf("other.vexcards")));
-    // A wrong text that becomes the password changes nothing of that.
-    submit(u"wrong horse"_qs);
-    window->answer(1000);
-    EXPECT_FALSE(document->writeToFile(pathOf("locked.vexcards"), &reason));
-    EXPECT_EQ(contentOf(pathOf("locked.vexcards")), file);
-    submit(password);
-    saveTo(pathOf("locked.vexcards"));
-    ASSERT_TRUE(open(pathOf("locked.vexcards")));
-    submit(password);
-    EXPECT_EQ(note(), u"saved");
-}
-
-TEST_F(Locking, AChangedPasswordOpensWhatIsInMemoryAndTheFileKeepsTheOld)
-{
-    savedDocument();
-    const QString changed = u"battery staple"_qs;
-    document->setPlainPassword(changed);
-    document->doLockDocument();
-    submit(password);
-    EXPECT_TRUE(document->isEncrypted());
-    window->answer(1000);
-    submit(changed);
-    EXPECT_EQ(note(), u"saved");
-    ASSERT_TRUE(open(pathOf("locked.vexcards")));
-    submit(password);
-    EXPECT_TRUE(document->isDecrypted());
 }
 
 TEST_F(Locking, ByItselfOnlyWithAPasswordAndAFileAndUnderAnySheet)

@@ -10,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -49,11 +50,15 @@ protected:
         field.stringValue = text;
         document->submitPasswordToDecrypt(field);
     }
-    void pressSheetButton(int tag)
+    void saveTo(const QString &path)
     {
-        Foundation::ActionSender button;
-        button.tag = tag;
-        document->confirmMandatoryPasswordSheet(button);
+        QString reason;
+        ASSERT_TRUE(document->writeToFile(path, &reason)) << qPrintable(reason);
+    }
+    static QByteArray contentOf(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     void typeNote(const QString &text)
     {

@@ -90,7 +90,7 @@ TEST_F(BrowsingTest, OneCategoryIsShownByPopUpMenuAndStrip)
     EXPECT_EQ(popUp->currentText(), u"Show All") << "the title above it is no choice";
     EXPECT_EQ(names(), (QStringList{zoe, boris}));
 
-    QMenu *categories = window()->findChild<QAction *>(u"myCategorySuperMenuItem"_qs)->menu();
+    QMenu *categories = item("myCategorySuperMenuItem")->menu();
     ASSERT_TRUE(categories);
     Q_EMIT categories->aboutToShow();
     QStringList titles;

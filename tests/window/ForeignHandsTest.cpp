@@ -52,16 +52,6 @@ protected:
         typeNote(u"mine, too"_qs);
     }
     QString note() const { return control<QPlainTextEdit>("note")->toPlainText(); }
-    static QByteArray contentOf(const QString &file)
-    {
-        QFile opened(file);
-        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray();
-    }
-    static void replaceFile(const QString &file, const QByteArray &bytes)
-    {
-        QFile opened(file);
-        ASSERT_TRUE(opened.open(QIODevice::WriteOnly) && opened.write(bytes) == bytes.size());
-    }
 
     const QString path = pathOf(u"Shared.vexcards"_qs);
 };
@@ -69,7 +59,7 @@ protected:
 TEST_F(ForeignHandsTest, AFileReplacedUnderALockIsAskedAboutAndNeverOverwrittenInSilence)
 {
     lockWithChanges();
-    replaceFile(path, "theirs");
+    putFile(path, "theirs");
     unlockAndChange();
     QString reason;
     EXPECT_TRUE(document()->autosave(&reason));
@@ -88,6 +78,9 @@ TEST_F(ForeignHandsTest, AFileReplacedUnderALockIsAskedAboutAndNeverOverwrittenI
     ASSERT_TRUE(windowIsActive());
     EXPECT_FALSE(window()->isWindowModified());
     EXPECT_FALSE(document()->isRecoverable());
+    typeNote(u"again"_qs);
+    save();
+    EXPECT_FALSE(window()->isWindowModified()) << "the file is ours again";
 }
 
 TEST_F(ForeignHandsTest, AFileRemovedUnderALockIsMadeAgainOnlyWhenWanted)
@@ -105,13 +98,13 @@ TEST_F(ForeignHandsTest, AFileRemovedUnderALockIsMadeAgainOnlyWhenWanted)
     press(Qt::Key_Return);
     EXPECT_EQ(nextAlert().value(0), u"The file of the document “Shared.vexcards” is no longer there.");
     answer(u"Save Anyway"_qs);
-    EXPECT_TRUE(eventually([this] { return document() == nullptr; }));
+    EXPECT_TRUE(isClosed());
     EXPECT_TRUE(QFile::exists(path));
 }
 
 TEST_F(ForeignHandsTest, TwoProcessesOnOneFileHearOfEachOther)
 {
-    replaceFile(pathOf(u"password"_qs), password.toUtf8());
+    putFile(pathOf(u"password"_qs), password.toUtf8());
     QProcess second;
     second.start(QStringLiteral(VEXAREL_PROBE), {u"save"_qs, path, pathOf(u"password"_qs)});
     ASSERT_TRUE(second.waitForFinished() && second.exitCode() == 0);
@@ -167,7 +160,7 @@ TEST_F(ForeignHandsTest, WhatMustNotBeWrittenSaysSoAndLinksStayLinks)
     const QString link = pathOf(u"Link.vexcards"_qs);
     ASSERT_TRUE(QFile::link(path, link));
     document()->close();
-    ASSERT_TRUE(eventually([this] { return document() == nullptr; }));
+    ASSERT_TRUE(isClosed());
     openDocument(link);
     unlock(password);
     typeNote(u"through the link"_qs);

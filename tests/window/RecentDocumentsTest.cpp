@@ -26,25 +26,11 @@ class RecentDocumentsTest : public WindowTest
 protected:
     void SetUp() override { QFile::remove(list); }
 
-    static QByteArray content(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    static void put(const QString &path, const QByteArray &bytes)
-    {
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
     QString saveNew(const QString &name)
     {
         makeProtectedDocument();
-        const QString path = pathOf(name);
-        chooseNextPath(path);
-        press(Qt::Key_S, Qt::ControlModifier);
-        EXPECT_FALSE(document()->isDocumentEdited());
-        return path;
+        saveTo(name);
+        return pathOf(name);
     }
     // What the menu offers, opened by its keys.
     QMenu *openMenu() const
@@ -79,7 +65,7 @@ protected:
 
 TEST_F(RecentDocumentsTest, OffersTheLatestFirstAndOpensThem)
 {
-    put(list, foreignList);
+    putFile(list, foreignList);
     const QString first = saveNew(u"R&D.vexcards"_qs);
     document()->close();
     QDir(folder.path()).mkdir(u"below"_qs);
@@ -104,24 +90,24 @@ TEST_F(RecentDocumentsTest, OffersTheLatestFirstAndOpensThem)
     EXPECT_TRUE(eventually([] { return !QApplication::activePopupWidget(); }));
     EXPECT_EQ(titles(openMenu()).value(0), u"No Recent Documents");
     closeMenus();
-    const QByteArray left = content(list);
+    const QByteArray left = contentOf(list);
     EXPECT_FALSE(left.contains("vexcards"));
     EXPECT_TRUE(left.contains("letter.odt") && left.contains("writer %u")) << "what others noted stays";
 }
 
 TEST_F(RecentDocumentsTest, AListThatCannotBeReadIsLeftAlone)
 {
-    put(list, "<xbel>no list");
+    putFile(list, "<xbel>no list");
     RecentDocuments documents;
     documents.add(u"/tmp/a.vexcards"_qs);
     documents.clear();
     EXPECT_EQ(documents.paths(), QStringList());
-    EXPECT_EQ(content(list), "<xbel>no list");
+    EXPECT_EQ(contentOf(list), "<xbel>no list");
 
     RecentDocuments many(pathOf(u"own/list.xbel"_qs));
     for (int i = 0; i < 12; ++i) {
         const QString path = pathOf(u"%1 ü%.vexcards"_qs.arg(i));
-        put(path, "x");
+        putFile(path, "x");
         many.add(path);
     }
     EXPECT_EQ(many.paths().size(), 10);

@@ -20,47 +20,34 @@ protected:
             asked.append(alert.message);
         return may;
     }
-    void save()
+    // A contact whose name has changed since it was saved.
+    void makeEditedDocument()
     {
-        chooseNextPath(path);
-        press(Qt::Key_S, Qt::ControlModifier);
-        ASSERT_FALSE(document()->isDocumentEdited());
-    }
-    QByteArray content() const
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        makeProtectedDocument();
+        addContact(u"Ada"_qs, u"Byron"_qs);
+        saveTo(u"Session.vexcards"_qs);
+        enterField("lastName", u"Lovelace"_qs);
     }
 
     QStringList asked;
     const QString path = pathOf(u"Session.vexcards"_qs);
 };
 
-TEST_F(SessionEndTest, ChangesOfADocumentWithAFileAreSavedWithoutAQuestion)
+TEST_F(SessionEndTest, ChangesOfADocumentWithAFileAreSavedWithoutAQuestionUnlessItIsLocked)
 {
-    makeProtectedDocument();
-    addContact(u"Ada"_qs, u"Byron"_qs);
-    save();
-    enterField("lastName", u"Lovelace"_qs);
-    const QByteArray before = content();
-    EXPECT_TRUE(mayEnd(1001));
-    EXPECT_EQ(asked, QStringList());
-    EXPECT_NE(content(), before);
-    EXPECT_FALSE(document()->isDocumentEdited());
-}
-
-TEST_F(SessionEndTest, ALockedDocumentIsNeitherSavedNorAskedAbout)
-{
-    makeProtectedDocument();
-    addContact(u"Ada"_qs, u"Byron"_qs);
-    save();
-    enterField("lastName", u"Lovelace"_qs);
-    document()->doLockDocument();
-    const QByteArray before = content();
-    EXPECT_TRUE(document()->isDocumentEdited());
-    EXPECT_TRUE(mayEnd(1001));
-    EXPECT_EQ(asked, QStringList());
-    EXPECT_EQ(content(), before);
+    for (const bool isLocked : {false, true}) {
+        makeEditedDocument();
+        if (isLocked)
+            document()->doLockDocument();
+        const QByteArray before = contentOf(path);
+        EXPECT_TRUE(document()->isDocumentEdited());
+        EXPECT_TRUE(mayEnd(1001));
+        EXPECT_EQ(asked, QStringList());
+        EXPECT_EQ(contentOf(path) == before, isLocked);
+        EXPECT_EQ(document()->isDocumentEdited(), isLocked);
+        document()->close();
+        QFile::remove(path);
+    }
 }
 
 TEST_F(SessionEndTest, AsksAboutADocumentWithoutANameAndAboutOneThatIsBeingAskedAbout)
@@ -75,14 +62,13 @@ TEST_F(SessionEndTest, AsksAboutADocumentWithoutANameAndAboutOneThatIsBeingAsked
     EXPECT_TRUE(mayEnd(1001, false)) << "nobody to answer";
     EXPECT_EQ(asked, QStringList());
 
-    save();
-    enterField("lastName", u"Lovelace"_qs);
-    const QByteArray before = content();
+    makeEditedDocument();
+    const QByteArray before = contentOf(path);
     window()->close();
     nextAlert();
     EXPECT_FALSE(mayEnd(1001));
     EXPECT_EQ(asked.size(), 1);
-    EXPECT_EQ(content(), before) << "the answer may still be to discard";
+    EXPECT_EQ(contentOf(path), before) << "the answer may still be to discard";
 }
 
 } // namespace

@@ -48,7 +48,7 @@ protected:
     // The sheet must be called by its item: it has no key.
     void openCaptions() const
     {
-        window()->findChild<QAction *>(u"editLabelsItem"_qs)->trigger();
+        item("editLabelsItem")->trigger();
         ASSERT_TRUE(sheetComes(u"myLabelSheet"_qs));
     }
     void choose(QAbstractButton *well, const QColor &color) const

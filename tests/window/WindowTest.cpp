@@ -4,6 +4,7 @@
 #include "window/RecordTableModel.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -95,11 +96,7 @@ void WindowTest::makeNewDocument()
 void WindowTest::enterFirstPasswords(const QString &first, const QString &second) const
 {
     ASSERT_TRUE(sheetComes(VLCryptoDoc::MandatoryPasswordSheet));
-    for (const QString &text : {first, second}) {
-        press(Qt::Key_A, Qt::ControlModifier);
-        type(text);
-        press(Qt::Key_Tab);
-    }
+    fillIn({first, second});
     press(Qt::Key_Return);
 }
 
@@ -137,6 +134,35 @@ void WindowTest::chooseNextPath(const QString &path)
         suggestedPaths.append(suggested);
         chosen(path);
     });
+}
+
+void WindowTest::saveTo(const QString &name)
+{
+    chooseNextPath(pathOf(name));
+    press(Qt::Key_S, Qt::ControlModifier);
+    ASSERT_FALSE(document()->isDocumentEdited());
+}
+
+void WindowTest::fillIn(const QStringList &texts) const
+{
+    for (const QString &text : texts) {
+        press(Qt::Key_A, Qt::ControlModifier);
+        type(text);
+        press(Qt::Key_Tab);
+    }
+}
+
+QByteArray WindowTest::contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void WindowTest::putFile(const QString &path, const QByteArray &bytes)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
 }
 
 void WindowTest::openDocument(const QString &path)

@@ -55,6 +55,18 @@ protected:
     void addContact(const QString &firstName, const QString &lastName) const;
     // The next save goes to that path without a panel.
     void chooseNextPath(const QString &path);
+    // By the key, into that file of the folder; a document with a file keeps it.
+    void saveTo(const QString &name);
+    // Of a menu of the window.
+    QAction *item(const char *name) const { return window()->findChild<QAction *>(QLatin1String(name)); }
+    // Types each text over what stands in a field, from the field with the focus on.
+    void fillIn(const QStringList &texts) const;
+    bool isClosed() const
+    {
+        return eventually([this] { return document() == nullptr; });
+    }
+    static QByteArray contentOf(const QString &path);
+    static void putFile(const QString &path, const QByteArray &bytes);
     void openDocument(const QString &path);
     void unlock(const QString &text);
     // Both the text of a field of the form.
