@@ -19,12 +19,7 @@ protected:
     Autosaving()
     {
         qputenv("XDG_STATE_HOME", folder.filePath(u"state"_qs).toLocal8Bit());
-        QObject::connect(&controller, &DocumentController::documentAdded,
-                         [this](Foundation::Document *added) {
-                             windows.push_back(std::make_unique<ScriptedDocumentWindow>());
-                             added->setWindow(windows.back().get());
-                             added->windowControllerDidLoadNib();
-                         });
+        showDocumentsOf(controller);
     }
     ~Autosaving() override
     {
@@ -32,9 +27,25 @@ protected:
             open->setWindow(nullptr);
         qunsetenv("XDG_STATE_HOME");
     }
-    MyDocument *newOne()
+    void showDocumentsOf(DocumentController &shown)
     {
-        auto *added = static_cast<MyDocument *>(controller.newDocument());
+        QObject::connect(&shown, &DocumentController::documentAdded, [this](Foundation::Document *added) {
+            windows.push_back(std::make_unique<ScriptedDocumentWindow>());
+            added->setWindow(windows.back().get());
+            added->windowControllerDidLoadNib();
+        });
+    }
+    MyDocument *newOne() { return newOne(controller); }
+    MyDocument *newOne(const QString &path)
+    {
+        MyDocument *saved = newOne();
+        QString reason;
+        EXPECT_TRUE(saved->writeToFile(path, &reason)) << qPrintable(reason);
+        return saved;
+    }
+    MyDocument *newOne(DocumentController &owner)
+    {
+        auto *added = static_cast<MyDocument *>(owner.newDocument());
         added->setPlainPassword(password);
         added->recordCommands().addRow({});
         return added;
@@ -65,9 +76,7 @@ protected:
 TEST_F(Autosaving, SavesInPlaceAfterAQuietTimeAndInTheMidstOfLongTyping)
 {
     const QString path = pathOf("a.vexcards");
-    MyDocument *edited = newOne();
-    QString reason;
-    ASSERT_TRUE(edited->writeToFile(path, &reason));
+    MyDocument *edited = newOne(path);
     type(edited, u"one"_qs);
     timers.advance(Autosaver::QuietSeconds - 1);
     EXPECT_TRUE(edited->isDocumentEdited());
@@ -94,9 +103,7 @@ TEST_F(Autosaving, NothingIsWrittenWithoutAPasswordWhileLockedOrWhileTheUserIsAs
     unprotected->close();
 
     const QString path = pathOf("b.vexcards");
-    MyDocument *edited = newOne();
-    QString reason;
-    ASSERT_TRUE(edited->writeToFile(path, &reason));
+    MyDocument *edited = newOne(path);
     type(edited, u"kept in memory"_qs);
     edited->canCloseDocument([](bool) {});
     timers.advance(100);
@@ -112,21 +119,19 @@ TEST_F(Autosaving, NothingIsWrittenWithoutAPasswordWhileLockedOrWhileTheUserIsAs
 TEST_F(Autosaving, AFileThatSomebodyTouchedIsLeftAloneAndTheChangesAreSafe)
 {
     const QString path = pathOf("c.vexcards");
-    MyDocument *edited = newOne();
-    QString reason;
-    ASSERT_TRUE(edited->writeToFile(path, &reason));
+    MyDocument *edited = newOne(path);
     QFile other(path);
     ASSERT_TRUE(other.open(QIODevice::WriteOnly));
     other.write("theirs");
     other.close();
     type(edited, u"mine"_qs);
     timers.advance(Autosaver::QuietSeconds);
-    ASSERT_TRUE(other.open(QIODevice::ReadOnly));
-    EXPECT_EQ(other.readAll(), "theirs");
+    EXPECT_EQ(contentOf(path), "theirs");
     EXPECT_TRUE(edited->isDocumentEdited());
     EXPECT_FALSE(windows.back()->hasAlert());
     ASSERT_EQ(recoveryFiles().size(), 1);
     EXPECT_EQ(noteIn(RecoveryFile::folder() + u'/' + recoveryFiles().front()), u"mine");
+    QString reason;
     ASSERT_TRUE(edited->writeToFile(path, &reason));
     EXPECT_TRUE(recoveryFiles().isEmpty());
 }
@@ -158,14 +163,10 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
 {
     const auto maker = [] { return std::make_unique<MyDocument>(); };
     {
-        ScriptedDocumentWindow first;
         DocumentController dying(maker);
         Autosaver itsAutosaver(dying);
-        auto *unnamed = static_cast<MyDocument *>(dying.newDocument());
-        unnamed->setWindow(&first);
-        unnamed->windowControllerDidLoadNib();
-        unnamed->setPlainPassword(password);
-        unnamed->recordCommands().addRow({});
+        showDocumentsOf(dying);
+        MyDocument *unnamed = newOne(dying);
         type(unnamed, u"never saved"_qs);
         timers.advance(Autosaver::QuietSeconds);
         EXPECT_TRUE(unnamed->isDocumentEdited()) << "no file of the user's has it";
@@ -176,12 +177,8 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
         EXPECT_EQ(QFileInfo(RecoveryFile::folder()).permissions() & others, QFile::Permissions());
         EXPECT_EQ(controller.recoverDocuments(), 0) << "its document is open";
     } // The process ends without closing it.
-    ScriptedDocumentWindow shown;
     DocumentController next(maker);
-    QObject::connect(&next, &DocumentController::documentAdded, [&shown](Foundation::Document *added) {
-        added->setWindow(&shown);
-        added->windowControllerDidLoadNib();
-    });
+    showDocumentsOf(next);
     ASSERT_EQ(next.recoverDocuments(), 1);
     auto *recovered = static_cast<MyDocument *>(next.documents().front());
     EXPECT_TRUE(recovered->isEncrypted());
@@ -192,7 +189,7 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
     EXPECT_TRUE(recovered->isDocumentEdited());
     EXPECT_EQ(recovered->myArrayController()->valueForSelection(u"note").stringValue(), u"never saved");
     EXPECT_EQ(recoveryFiles().size(), 1) << "until it has a name or was given up";
-    shown.savePath = pathOf("d.vexcards");
+    windows.back()->savePath = pathOf("d.vexcards");
     recovered->saveDocument({});
     EXPECT_TRUE(recoveryFiles().isEmpty());
     EXPECT_TRUE(QFile::exists(pathOf("d.vexcards")));

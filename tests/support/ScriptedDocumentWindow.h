@@ -74,14 +74,14 @@ public:
     void redrawCategoryViews() override { redrawn.append(u"categoryViews"_qs); }
     void redrawCategoryTable() override { redrawn.append(u"categoryTable"_qs); }
     void scrollCategoryViewToBottom() override { ++categoryScrolls; }
-    void scrollListViewToBottom() override { ++listScrolls; }
+    void scrollListViewToBottom() override {}
     PopUpMenu &actionPopUp() override { return popUp; }
-    void attachCategoryMenu() override { ++menusAttached; }
-    void setSearchInfoShown(bool shown) override { searchInfoShown.append(shown); }
+    void attachCategoryMenu() override {}
+    void setSearchInfoShown(bool) override {}
     VLVSplitViewDelegate &mySplitViewDelegate() override { return splitViewDelegate; }
     Foundation::Color controlTextColor() const override { return {0.25, 0.5, 0.75}; }
-    void printWhiteView() override { ++prints; }
-    void runPageLayout() override { ++pageLayouts; }
+    void printWhiteView() override {}
+    void runPageLayout() override {}
 
     Foundation::Rect frameNow{100.25, 200.5, 900, 600};
     QString savePath; // what the user chooses; null: gives up
@@ -93,13 +93,8 @@ public:
     QList<bool> progress;
     QStringList redrawn;
     int categoryScrolls = 0;
-    int listScrolls = 0;
-    int menusAttached = 0;
     ScriptedPopUpMenu popUp;
-    QList<bool> searchInfoShown;
     VLVSplitViewDelegate splitViewDelegate;
-    int prints = 0;
-    int pageLayouts = 0;
 
 private:
     QString m_sheet;
