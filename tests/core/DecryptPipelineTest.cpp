@@ -10,10 +10,7 @@
 namespace
 {
 
-using Foundation::Array;
-using Foundation::Dictionary;
-using Foundation::Key;
-using Foundation::Value;
+using namespace Foundation;
 
 const QString WrongPassword = u"correct horsf"_qs;
 
@@ -68,10 +65,10 @@ TEST(DecryptPipeline, AWrongPasswordLeavesAllButTheEngineAsItWas)
 QByteArray archiveOfWrongType(const Key &buffer)
 {
     if (buffer == FileKey::dataArrayData || buffer == FileKey::catArrayData)
-        return Foundation::archivedData(Array::create({Value(Dictionary::create()), Value(1)}));
+        return archivedData(Array::create({Value(Dictionary::create()), Value(1)}));
     if (buffer == FileKey::labelDict)
-        return Foundation::archivedData(Array::create());
-    return Foundation::archivedData(u"2001-01-01"_qs);
+        return archivedData(Array::create());
+    return archivedData(u"2001-01-01"_qs);
 }
 
 TEST(DecryptPipeline, DamageBehindARightPasswordFailsHalfWay)
@@ -91,7 +88,7 @@ TEST(DecryptPipeline, DamageBehindARightPasswordFailsHalfWay)
     for (const auto &c : cases) {
         SCOPED_TRACE(qPrintable(c.damaged.name()));
         const QByteArray cut = rootOf(file)->value(c.damaged).dataValue().chopped(1);
-        const QByteArray archiveOfNothing = Foundation::archivedData(Value());
+        const QByteArray archiveOfNothing = archivedData(Value());
         const QByteArray damages[] = {
             withKey(file, c.damaged, cut),
             withPlainBuffer(file, c.damaged, "no archive"),
@@ -99,9 +96,8 @@ TEST(DecryptPipeline, DamageBehindARightPasswordFailsHalfWay)
             withPlainBuffer(file, c.damaged, archiveOfWrongType(c.damaged)),
             // A creation date may be lost, nothing else may.
             withPlainBuffer(file, c.damaged,
-                            c.damaged == FileKey::documentCreationDateData
-                                ? Foundation::archivedData(Value(1.5))
-                                : archiveOfNothing),
+                            c.damaged == FileKey::documentCreationDateData ? archivedData(Value(1.5))
+                                                                           : archiveOfNothing),
         };
         for (std::size_t kind = 0; kind < std::size(damages); ++kind) {
             SCOPED_TRACE(kind);

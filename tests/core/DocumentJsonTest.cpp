@@ -7,9 +7,7 @@
 namespace
 {
 
-using Foundation::Array;
-using Foundation::Dictionary;
-using Foundation::Value;
+using namespace Foundation;
 
 constexpr double Infinite = std::numeric_limits<double>::infinity();
 

@@ -9,11 +9,7 @@
 
 #include <QFile>
 
-using Foundation::Array;
-using Foundation::Dictionary;
-using Foundation::Key;
-using Foundation::Ref;
-using Foundation::Value;
+using namespace Foundation;
 
 TestDocument TestDocument::filled()
 {
@@ -117,7 +113,7 @@ std::string TestDocument::json() const
 
 Ref<Dictionary> rootOf(const QByteArray &file)
 {
-    const auto root = Foundation::unarchivedRoot(file);
+    const auto root = unarchivedRoot(file);
     return root ? root->dictionary() : nullptr;
 }
 
@@ -125,7 +121,7 @@ QByteArray withKey(const QByteArray &file, const Key &key, const Value &value)
 {
     const Ref<Dictionary> root = rootOf(file);
     root->setValue(key, value);
-    return Foundation::archivedData(root);
+    return archivedData(root);
 }
 
 QByteArray withPlainBuffer(const QByteArray &file, const Key &key, const QByteArray &plain)

@@ -103,23 +103,6 @@ TEST(SplitViewDelegate, ClampsOnlyAwakeAndPrefersTheMinimum)
     EXPECT_FALSE(rule.canCollapseSubview(1));
 }
 
-TEST(SplitViewDelegate, HoldsTheDividerBetweenTheLimitsOfBothPanes)
-{
-    VLVSplitViewDelegate rule;
-    rule.awakeFromNib();
-    rule.setMinHSizeLeft(210);
-    rule.setMaxHSizeLeft(660);
-    rule.setMinHSizeRight(450);
-    rule.setMaxHSizeRight(9999);
-    const ScriptedSplitView narrow(true, 900, 300, 590);
-    const ScriptedSplitView wide(true, 2000, 300, 1690);
-    EXPECT_EQ(rule.constrainMinCoordinate(narrow, 5, 0), 210);
-    EXPECT_EQ(rule.constrainMinCoordinate(narrow, 5, 1), 450);
-    EXPECT_EQ(rule.constrainMaxCoordinate(narrow, 5, 0), 900 - 450 - Divider);
-    EXPECT_EQ(rule.constrainMaxCoordinate(wide, 5, 0), 660);
-    EXPECT_EQ(rule.constrainMaxCoordinate(wide, 5, 1), 2000 - 210 - Divider);
-}
-
 TEST(SplitViewDelegate, CollapsesAndRestoresByThePlaceOfTheDivider)
 {
     VLHSplitViewDelegate rule;

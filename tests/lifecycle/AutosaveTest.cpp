@@ -5,9 +5,7 @@
 #include <QFile>
 #include <QFileInfo>
 
-using Foundation::Autosaver;
-using Foundation::DocumentController;
-using Foundation::RecoveryFile;
+using namespace Foundation;
 
 namespace
 {
@@ -23,13 +21,13 @@ protected:
     }
     ~Autosaving() override
     {
-        for (Foundation::Document *open : controller.documents())
+        for (Document *open : controller.documents())
             open->setWindow(nullptr);
         qunsetenv("XDG_STATE_HOME");
     }
     void showDocumentsOf(DocumentController &shown)
     {
-        QObject::connect(&shown, &DocumentController::documentAdded, [this](Foundation::Document *added) {
+        QObject::connect(&shown, &DocumentController::documentAdded, [this](Document *added) {
             windows.push_back(std::make_unique<ScriptedDocumentWindow>());
             added->setWindow(windows.back().get());
             added->windowControllerDidLoadNib();
@@ -183,7 +181,7 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
     auto *recovered = static_cast<MyDocument *>(next.documents().front());
     EXPECT_TRUE(recovered->isEncrypted());
     EXPECT_TRUE(recovered->fileURL().isNull());
-    Foundation::ActionSender field;
+    ActionSender field;
     field.stringValue = password;
     recovered->submitPasswordToDecrypt(field);
     EXPECT_TRUE(recovered->isDocumentEdited());
@@ -214,9 +212,9 @@ TEST_F(Autosaving, WhatIsDiscardedOrClosedLockedIsGone)
 
 TEST(SystemTimers, MayBeDroppedByWhatTheyCallAndAreSilentThen)
 {
-    auto &timers = Foundation::Services::shared().timers();
+    auto &timers = Services::shared().timers();
     int fired = 0;
-    Foundation::Timers::Timer dropping;
+    Timers::Timer dropping;
     dropping = timers.schedule(0, [&] {
         ++fired;
         dropping = nullptr;

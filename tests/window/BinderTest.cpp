@@ -13,11 +13,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QVBoxLayout>
 
-using Foundation::Dictionary;
-using Foundation::Ref;
-using Foundation::Value;
+using namespace Foundation;
 
 // Controls as an interface file would make them, over a document of two records.
 class BinderTest : public testing::Test
@@ -33,7 +30,7 @@ protected:
             document.myArrayController()->addObject(record);
         }
         select({0});
-        document.updateChangeCount(Foundation::Document::ChangeCleared);
+        document.updateChangeCount(Document::ChangeCleared);
     }
 
     template <class Control>
@@ -50,16 +47,13 @@ protected:
         document.myArrayController()->setSelectionIndexes(std::move(rows));
     }
     Ref<Dictionary> record(std::size_t row) { return document.myArrayController()->arrangedObjects()[row]; }
-    QString text(std::size_t row, const Foundation::Key &key)
-    {
-        return record(row)->value(key).stringValue();
-    }
+    QString text(std::size_t row, const Key &key) { return record(row)->value(key).stringValue(); }
     static void runEvents() { QCoreApplication::processEvents(); }
 
     MyDocument document;
     ActionDispatcher dispatcher{&document, [this](const QString &) { return document.responders(); }};
     QList<int> changedTags;
-    Binder binder{&document, dispatcher, [this](const Foundation::ArrayController *, int tag) {
+    Binder binder{&document, dispatcher, [this](const ArrayController *, int tag) {
                       changedTags.append(tag);
                       document.controlTextDidChange(tag);
                   }};
@@ -178,7 +172,7 @@ TEST_F(BinderTest, WithoutASelectionNothingCanBeTyped)
 
 TEST_F(BinderTest, ConditionsAreNegatedJoinedAndTransformed)
 {
-    Foundation::ValueTransformerRegistry::shared().valueTransformerForName(u"withoutTrailingColon"_qs);
+    ValueTransformerRegistry::shared().valueTransformerForName(u"withoutTrailingColon"_qs);
     auto *any = add<QLabel>({{"bindVisible", FirstName + u" | "_qs + Note}});
     auto *none = add<QLabel>({{"bindVisible", u'!' + FirstName + u"|"_qs + Note}});
     bind();
@@ -256,22 +250,6 @@ TEST_F(BinderTest, PopUpShowsTheCategoriesAndSendsWhatIsChosen)
     EXPECT_EQ(popUp->placeholderText(), u"Multiple Values"_qs);
     select({0});
     EXPECT_EQ(popUp->currentText(), u"R&D <b>"_qs);
-}
-
-TEST_F(BinderTest, ActionsCarryTheSenderThatTheFileNames)
-{
-    document.setIsEncrypted(true);
-    auto *field = add<QLineEdit>({{"action", u"submitPasswordToDecrypt"_qs}});
-    field->setObjectName(u"field"_qs);
-    auto *button =
-        add<QPushButton>({{"action", u"submitPasswordToDecrypt"_qs}, {"actionSender", u"field"_qs}});
-    bind();
-    field->setText(u"by button"_qs);
-    button->click();
-    EXPECT_EQ(document.plainPassword(), u"by button"_qs);
-    field->setText(u"by key"_qs);
-    QTest::keyClick(field, Qt::Key_Return);
-    EXPECT_EQ(document.plainPassword(), u"by key"_qs);
 }
 
 TEST_F(BinderTest, ItemsAreEnabledByResponderValidationAndCondition)

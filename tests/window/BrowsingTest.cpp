@@ -1,15 +1,6 @@
-#include "support/Printers.h"
 #include "window/SearchField.h"
 #include "window/StatusStrip.h"
 #include "window/WindowTest.h"
-
-#include <QComboBox>
-#include <QLabel>
-#include <QMenu>
-#include <QPushButton>
-#include <QTest>
-#include <QToolBar>
-#include <QToolButton>
 
 namespace
 {

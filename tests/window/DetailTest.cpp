@@ -1,16 +1,11 @@
-#include "core/RecordModel.h"
-#include "support/Printers.h"
 #include "support/TestServices.h"
 #include "window/FieldText.h"
 #include "window/WindowTest.h"
 
 #include <QContextMenuEvent>
-#include <QMenu>
 #include <QPrintDialog>
 #include <QProcess>
 #include <QTableView>
-#include <QTest>
-#include <QToolButton>
 
 namespace
 {

@@ -1,17 +1,7 @@
-#include "core/RecordModel.h"
-#include "support/Printers.h"
 #include "window/InterfaceProperties.h"
 #include "window/ProgressSpinner.h"
 #include "window/RecordTable.h"
 #include "window/WindowTest.h"
-
-#include <QCheckBox>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QSignalSpy>
-#include <QTest>
-#include <QToolBar>
-#include <QToolButton>
 
 using Foundation::Rect;
 

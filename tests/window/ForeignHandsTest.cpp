@@ -1,8 +1,6 @@
 #include "foundation/RecoveryFile.h"
-#include "support/Printers.h"
 #include "window/WindowTest.h"
 
-#include <QPlainTextEdit>
 #include <QProcess>
 
 #include <sys/stat.h>

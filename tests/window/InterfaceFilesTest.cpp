@@ -1,4 +1,3 @@
-#include "core/RecordModel.h"
 #include "window/Binding.h"
 #include "window/InterfaceProperties.h"
 #include "window/SymbolIcon.h"

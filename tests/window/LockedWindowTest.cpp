@@ -1,15 +1,7 @@
-#include "core/RecordModel.h"
-#include "support/Printers.h"
 #include "window/DesktopColorPanel.h"
 #include "window/WindowTest.h"
 
 #include <QAccessible>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QMenu>
-#include <QTest>
-#include <QToolBar>
 
 namespace
 {

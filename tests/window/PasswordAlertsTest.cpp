@@ -1,7 +1,4 @@
-#include "support/Printers.h"
 #include "window/WindowTest.h"
-
-#include <QPushButton>
 
 // Every alert about passwords and locking, brought about and answered in the running application.
 

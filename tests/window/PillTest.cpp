@@ -11,12 +11,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 
-using Foundation::Array;
-using Foundation::ArrayController;
-using Foundation::Color;
-using Foundation::Services;
-using Foundation::TextAttributes;
-using Foundation::UserDefaults;
+using namespace Foundation;
 
 namespace
 {

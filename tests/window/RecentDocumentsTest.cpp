@@ -1,11 +1,8 @@
 #include "window/RecentDocuments.h"
 
-#include "support/Printers.h"
 #include "window/WindowTest.h"
 
 #include <QDir>
-#include <QMenu>
-#include <QTest>
 
 namespace
 {

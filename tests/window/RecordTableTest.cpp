@@ -11,11 +11,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-using Foundation::Array;
-using Foundation::ArrayController;
-using Foundation::Dictionary;
-using Foundation::Ref;
-using Foundation::Value;
+using namespace Foundation;
 
 namespace
 {

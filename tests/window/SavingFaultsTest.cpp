@@ -3,10 +3,7 @@
 #include "foundation/DurableFile.h"
 #include "support/ChildProcess.h"
 #include "support/FaultyFileSystem.h"
-#include "support/Printers.h"
 #include "window/WindowTest.h"
-
-#include <QPlainTextEdit>
 
 #include <csignal>
 

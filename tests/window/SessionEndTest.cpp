@@ -1,8 +1,5 @@
-#include "support/Printers.h"
 #include "support/TestServices.h"
 #include "window/WindowTest.h"
-
-#include <QPlainTextEdit>
 
 namespace
 {

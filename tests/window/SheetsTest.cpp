@@ -1,18 +1,9 @@
-#include "core/RecordModel.h"
 #include "foundation/ColorPanel.h"
 #include "helpers/VLColorUtilOSX.h"
-#include "support/Printers.h"
 #include "window/CategoryTable.h"
 #include "window/ColorWell.h"
 #include "window/DesktopColorPanel.h"
 #include "window/WindowTest.h"
-
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
-#include <QToolButton>
 
 using Foundation::Color;
 

@@ -3,12 +3,8 @@
 #include "window/RecordTable.h"
 #include "window/RecordTableModel.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QInputMethodEvent>
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
 
 const QString WindowTest::password = u"correct horse"_qs;
 

@@ -1,12 +1,25 @@
 #pragma once
 
+#include "core/RecordModel.h"
+#include "support/Printers.h"
 #include "window/Application.h"
 
 #include <gtest/gtest.h>
 
+// What nearly every one of these tests looks at.
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QToolBar>
+#include <QToolButton>
 
 // A running application that a test uses as a person would: by keys and buttons, looking at what the windows
 // show.
