@@ -149,12 +149,11 @@ TEST(VLCommonCrypto, CutsTheSecretToTheUnitsOfThePassword)
         {"so is each of many", QString(3, QChar(0xDE00)), u"???"_qs, true},
         {"none is the same as empty", QString(), u""_qs, true},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
+    for (const auto &c : cases)
         EXPECT_EQ(VLCommonCrypto::AESKeyForPassword(c.one, Salt) ==
                       VLCommonCrypto::AESKeyForPassword(c.other, Salt),
-                  c.sameKey);
-    }
+                  c.sameKey)
+            << c.rule;
 }
 
 TEST(VLCommonCrypto, DerivesTheKeyAnewInEveryCall)

@@ -105,22 +105,4 @@ TEST(ArrayController, SortsNumbersAroundOneThatIsNone)
     EXPECT_EQ(arranged[2]->value(u"name"), Value(2.0));
 }
 
-TEST(ArrayController, ValuesOfSeveralSelectedObjectsAreOneOrMixed)
-{
-    Controller controller;
-    controller.fill({"a", "b", "b"});
-    bool isMixed = false;
-    controller.setSelectionIndexes({1, 2});
-    EXPECT_EQ(controller.valueForSelection(u"name", &isMixed).stringValue(), u"b");
-    EXPECT_FALSE(isMixed);
-    controller.setSelectionIndexes({0, 1});
-    EXPECT_TRUE(controller.valueForSelection(u"name", &isMixed).isNull());
-    EXPECT_TRUE(isMixed);
-    QList<qsizetype> told;
-    QObject::connect(&controller, &ArrayController::objectChanged, [&](qsizetype row) { told << row; });
-    controller.setValueForSelection(Key(u"name"), u"q"_qs);
-    EXPECT_EQ(controller.shown(), u"[q] [q] b");
-    EXPECT_EQ(told, (QList<qsizetype>{0, 1}));
-}
-
 } // namespace

@@ -26,10 +26,8 @@ TEST(ReleaseString, ReadsTheDigitsInGroups)
         {"three digits are none", 999, u""_qs},
         {"a sign counts as a character", -10203, u"-1.2.3"_qs},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        EXPECT_EQ(VLAppSupportUtility::calcReleaseString(c.release), c.text);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(VLAppSupportUtility::calcReleaseString(c.release), c.text) << c.rule;
 }
 
 TEST(SupportActions, OpenTheMakersPages)

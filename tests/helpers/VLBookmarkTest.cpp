@@ -1,11 +1,9 @@
 #include "helpers/VLBookmark.h"
 
 #include "helpers/PersistentFileId.h"
+#include "support/Files.h"
 #include "support/Printers.h"
 
-#include <gtest/gtest.h>
-
-#include <QDir>
 #include <QTemporaryDir>
 
 namespace
@@ -21,8 +19,7 @@ struct Bookmarks : testing::Test
     QUrl at(const QString &name) const { return QUrl::fromLocalFile(folder.filePath(name)); }
     QUrl make(const QString &name) const
     {
-        QDir(folder.path()).mkpath(QFileInfo(name).path());
-        EXPECT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+        putFile(folder.filePath(name), {});
         return at(name);
     }
     void rename(const QString &from, const QString &to) const

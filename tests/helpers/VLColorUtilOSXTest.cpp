@@ -35,10 +35,8 @@ TEST(ColourDictionary, IsReadInSinglePrecision)
         {"no dictionary", nullptr, {0, 0, 0, 0}},
         {"numbers outside", dictionaryOf(-3.0, 1e308, 1.5, std::nan("")), {0, 1, 1, 0}},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        EXPECT_EQ(VLColorUtilOSX::NSColorFromDict(c.dict), c.color);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(VLColorUtilOSX::NSColorFromDict(c.dict), c.color) << c.rule;
 }
 
 TEST(ColourDictionary, IsWrittenInDoublePrecision)

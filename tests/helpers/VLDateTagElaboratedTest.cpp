@@ -19,10 +19,8 @@ TEST(DateTags, AreReplacedByThePresentMoment)
         {"no tag", u"yy <y> < yy> <yy"_qs, u"yy <y> < yy> <yy"_qs},
         {"brackets around a tag", u"<<yy>>"_qs, u"<23>"_qs},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        EXPECT_EQ(VLDateTagElaborated().transformedValue(c.text).stringValue(), c.replaced);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(VLDateTagElaborated().transformedValue(c.text).stringValue(), c.replaced) << c.rule;
 }
 
 TEST(DateTags, MakeAnEmptyTextOfNothing)

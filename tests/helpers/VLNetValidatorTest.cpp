@@ -44,10 +44,8 @@ TEST(NetValidator, JudgesByItsPatterns)
         {"four numbers", Numeric, u" 127.10.00.999 "_qs, true},
         {"a digit of another script", Numeric, u"12.12.12.1\u0661"_qs, false},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        EXPECT_EQ(c.isValid(c.text), c.valid);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(c.isValid(c.text), c.valid) << c.rule;
 }
 
 TEST(NetValidator, EqualsThePublishedPatterns)

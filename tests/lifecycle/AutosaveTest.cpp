@@ -1,10 +1,6 @@
 #include "foundation/Autosaver.h"
 #include "support/DocumentFixture.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
 using namespace Foundation;
 
 namespace
@@ -118,10 +114,7 @@ TEST_F(Autosaving, AFileThatSomebodyTouchedIsLeftAloneAndTheChangesAreSafe)
 {
     const QString path = pathOf("c.vexcards");
     MyDocument *edited = newOne(path);
-    QFile other(path);
-    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
-    other.write("theirs");
-    other.close();
+    putFile(path, "theirs");
     type(edited, u"mine"_qs);
     timers.advance(Autosaver::QuietSeconds);
     EXPECT_EQ(contentOf(path), "theirs");
@@ -138,8 +131,8 @@ TEST_F(Autosaving, AFailureIsToldOnceUntilItGoesRight)
 {
     MyDocument *edited = newOne();
     // A file where the folder should be.
-    QFile obstacle(folder.filePath(u"state"_qs));
-    ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+    const QString obstacle = folder.filePath(u"state"_qs);
+    putFile(obstacle, {});
     for (int round = 0; round < 2; ++round) {
         type(edited, u"round %1"_qs.arg(round));
         timers.advance(Autosaver::QuietSeconds);
@@ -151,7 +144,7 @@ TEST_F(Autosaving, AFailureIsToldOnceUntilItGoesRight)
         }
     }
     EXPECT_TRUE(edited->isDocumentEdited());
-    obstacle.remove();
+    QFile::remove(obstacle);
     type(edited, u"room again"_qs);
     timers.advance(Autosaver::QuietSeconds);
     EXPECT_EQ(recoveryFiles().size(), 1);

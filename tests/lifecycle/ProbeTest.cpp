@@ -1,8 +1,6 @@
+#include "support/Files.h"
 #include "support/Printers.h"
 
-#include <gtest/gtest.h>
-
-#include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -13,13 +11,7 @@ namespace
 class Probe : public testing::Test
 {
 protected:
-    Probe() { write(passwordFile, "correct horse"); }
-    static void write(const QString &path, const QByteArray &bytes)
-    {
-        QFile written(path);
-        ASSERT_TRUE(written.open(QIODevice::WriteOnly));
-        written.write(bytes);
-    }
+    Probe() { putFile(passwordFile, "correct horse"); }
     int run(const QStringList &words)
     {
         QProcess process;
@@ -28,11 +20,6 @@ protected:
         EXPECT_TRUE(process.waitForFinished(60000));
         output = process.readAllStandardOutput().trimmed();
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
-    }
-    QByteArray contentOf(const QString &path)
-    {
-        QFile read(path);
-        return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray();
     }
 
     const QString documents = QStringLiteral(VEXAREL_TEST_DATA "/documents/");
@@ -76,7 +63,7 @@ TEST_F(Probe, SavesANewDocumentAndChangesAnOldOne)
     qputenv("SAVETEST_HOOK", "echo >> " + QFile::encodeName(file));
     EXPECT_EQ(run(save), 1);
     qunsetenv("SAVETEST_HOOK");
-    write(passwordFile, "wrong");
+    putFile(passwordFile, "wrong");
     const QByteArray before = contentOf(file);
     EXPECT_EQ(run(save), 1);
     EXPECT_EQ(contentOf(file), before);

@@ -1,9 +1,8 @@
 #include "shell/SingleInstance.h"
 
-#include <gtest/gtest.h>
+#include "support/Files.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QLocalSocket>
 #include <QTemporaryDir>
 
@@ -46,9 +45,7 @@ TEST_F(SingleInstanceTest, ASecondStartHandsItsFilesOver)
 
 TEST_F(SingleInstanceTest, WhatACrashLeftBehindAndForeignTalkAreSurvived)
 {
-    QFile leftBehind(folder.filePath(u"vexarel.socket"_qs));
-    ASSERT_TRUE(leftBehind.open(QIODevice::WriteOnly));
-    leftBehind.close();
+    putFile(folder.filePath(u"vexarel.socket"_qs), {});
     SingleInstance first;
     EXPECT_FALSE(first.handOver({}));
     int starts = 0;

@@ -2,6 +2,7 @@
 
 #include "foundation/DocumentController.h"
 #include "lifecycle/MyDocument.h"
+#include "support/Files.h"
 #include "support/Printers.h"
 #include "support/ScriptedDocumentWindow.h"
 #include "support/TestServices.h"
@@ -10,7 +11,6 @@
 
 #include <QCoreApplication>
 #include <QEvent>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -54,11 +54,6 @@ protected:
     {
         QString reason;
         ASSERT_TRUE(document->writeToFile(path, &reason)) << qPrintable(reason);
-    }
-    static QByteArray contentOf(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
     void typeNote(const QString &text)
     {

@@ -1,9 +1,8 @@
 #include "window/DesktopWorkspace.h"
 
-#include <gtest/gtest.h>
+#include "support/Files.h"
 
 #include <QDesktopServices>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QUrl>
 
@@ -53,11 +52,9 @@ TEST(DesktopWorkspace, ShowsProgramsInTheirFolderAndOpensTheRest)
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
         const QString path = folder.filePath(QString::fromLatin1(c.name));
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(c.content) >= 0);
-        file.close();
+        putFile(path, c.content);
         if (c.isExecutable)
-            file.setPermissions(file.permissions() | QFile::ExeOwner | QFile::ExeUser);
+            QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner | QFile::ExeUser);
         EXPECT_TRUE(workspace.openUrl(QUrl::fromLocalFile(path)));
         EXPECT_EQ(desktop.urls.last(), QUrl::fromLocalFile(c.isProgram ? folder.path() : path));
     }

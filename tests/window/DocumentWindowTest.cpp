@@ -60,8 +60,7 @@ TEST_F(DocumentWindowTest, MainJobIsDoneByKeysAlone)
     EXPECT_FALSE(controller()->isToolbarVisible());
     unlock(u"wrong horse"_qs);
     EXPECT_EQ(nextAlert().value(0), u"Wrong Password");
-    press(Qt::Key_Return);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(Qt::Key_Return);
     EXPECT_TRUE(document()->isEncrypted());
     unlock(password); // The wrong one is selected and gets replaced.
     ASSERT_TRUE(document()->isDecrypted());
@@ -119,14 +118,12 @@ TEST_F(DocumentWindowTest, DeletingAsksAndCanBeUndone)
     control<QWidget>("myTableView")->setFocus();
     press(Qt::Key_Delete);
     EXPECT_EQ(nextAlert().value(0), u"Delete the selected contact"_qs);
-    press(Qt::Key_Return); // The safe button is the first of this question.
-    ASSERT_TRUE(windowIsActive());
+    dismiss(Qt::Key_Return); // The safe button is the first of this question.
     EXPECT_EQ(names().size(), 2);
     EXPECT_FALSE(window()->isWindowModified());
     press(Qt::Key_Delete);
     nextAlert();
-    answer(u"Delete Contact"_qs);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(u"Delete Contact"_qs);
     EXPECT_TRUE(eventually([this] { return names() == QStringList(u"A X"_qs); }));
     EXPECT_TRUE(window()->isWindowModified());
     press(Qt::Key_Z, Qt::ControlModifier);
@@ -140,8 +137,7 @@ TEST_F(DocumentWindowTest, ClosingAnEditedDocumentAsks)
     type(u"changed"_qs);
     window()->close();
     ASSERT_EQ(nextAlert().value(0), u"Do you want to save the changes to the document “Friends.vexcards”?");
-    press(Qt::Key_Escape);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(Qt::Key_Escape);
     EXPECT_TRUE(window()->isVisible()) << "Escape keeps it";
 
     window()->close();

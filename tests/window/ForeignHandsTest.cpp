@@ -66,14 +66,12 @@ TEST_F(ForeignHandsTest, AFileReplacedUnderALockIsAskedAboutAndNeverOverwrittenI
     save();
     EXPECT_EQ(nextAlert().value(0),
               u"The file of the document “Shared.vexcards” has been changed by another program.");
-    press(Qt::Key_Escape);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(Qt::Key_Escape);
     EXPECT_EQ(contentOf(path), "theirs");
     EXPECT_TRUE(window()->isWindowModified());
     save();
     nextAlert();
-    answer(u"Save Anyway"_qs);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(u"Save Anyway"_qs);
     EXPECT_FALSE(window()->isWindowModified());
     EXPECT_FALSE(document()->isRecoverable());
     typeNote(u"again"_qs);
@@ -88,8 +86,7 @@ TEST_F(ForeignHandsTest, AFileRemovedUnderALockIsMadeAgainOnlyWhenWanted)
     unlockAndChange();
     save();
     EXPECT_EQ(nextAlert().value(0), u"The file of the document “Shared.vexcards” is no longer there.");
-    answer(u"Cancel"_qs);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(u"Cancel"_qs);
     EXPECT_FALSE(QFile::exists(path));
     window()->close();
     EXPECT_EQ(nextAlert().value(0), u"Do you want to save the changes to the document “Shared.vexcards”?");
@@ -110,8 +107,7 @@ TEST_F(ForeignHandsTest, TwoProcessesOnOneFileHearOfEachOther)
     typeNote(u"mine"_qs);
     save();
     EXPECT_TRUE(nextAlert().value(0).endsWith(u"has been changed by another program."));
-    answer(u"Cancel"_qs);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(u"Cancel"_qs);
     EXPECT_EQ(contentOf(path), theirs);
     const QString elsewhere = pathOf(u"Mine.vexcards"_qs);
     saveAs(elsewhere);
@@ -147,8 +143,7 @@ TEST_F(ForeignHandsTest, WhatMustNotBeWrittenSaysSoAndLinksStayLinks)
     save();
     EXPECT_EQ(nextAlert(), (QStringList{u"The document “Shared.vexcards” could not be saved."_qs,
                                         u"The file is read-only."_qs}));
-    press(Qt::Key_Return);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(Qt::Key_Return);
     EXPECT_TRUE(window()->isWindowModified());
     ASSERT_EQ(chmod(qPrintable(path), 0640), 0);
     save();
@@ -173,8 +168,7 @@ TEST_F(ForeignHandsTest, WhatMustNotBeWrittenSaysSoAndLinksStayLinks)
     chooseNextPath(missing);
     press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(nextAlert().value(1), u"The folder does not exist.");
-    press(Qt::Key_Return);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(Qt::Key_Return);
     EXPECT_EQ(document()->fileURL(), link) << "it keeps its file";
     EXPECT_TRUE(window()->isWindowModified());
 }

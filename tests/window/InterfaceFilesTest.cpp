@@ -256,8 +256,7 @@ TEST(KeyPathResolution, FindsWhatIsThereAndNothingElse)
         {"nothing", "", false},
         {"half a path", "myArrayController.", false},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        EXPECT_EQ(KeyPath::resolves(MyDocument::staticMetaObject, QString::fromLatin1(c.path)), c.resolves);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(KeyPath::resolves(MyDocument::staticMetaObject, QString::fromLatin1(c.path)), c.resolves)
+            << c.rule;
 }

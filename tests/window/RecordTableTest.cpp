@@ -53,10 +53,8 @@ TEST(RecordName, FollowsTheSwitchAndLeavesNoLooseBlank)
         {"a company with an empty name shows that", newPerson(ada, byron, blank, true), u""_qs},
         {"a company without the key falls back", newPerson(ada, byron, none, true), u"Ada Byron"_qs},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        EXPECT_EQ(displayedNameOfRecord(*c.record), c.name.isNull() ? u""_qs : c.name);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(displayedNameOfRecord(*c.record), c.name.isNull() ? u""_qs : c.name) << c.rule;
 }
 
 class RecordTableTest : public testing::Test

@@ -87,8 +87,7 @@ TEST_F(SavingFaultsTest, WhateverFailsTheUserIsToldAndNothingIsLost)
         const QStringList alert = nextAlert();
         EXPECT_EQ(alert.value(0), u"The document “Faulty.vexcards” could not be saved.");
         EXPECT_FALSE(alert.value(1).isEmpty());
-        press(Qt::Key_Return);
-        ASSERT_TRUE(windowIsActive());
+        dismiss(Qt::Key_Return);
         EXPECT_TRUE(window()->isWindowModified());
         EXPECT_TRUE(after == before || after == written) << after.toStdString();
         save(written + u'+');
@@ -122,8 +121,7 @@ TEST_F(SavingFaultsTest, AKilledApplicationLeavesTheOldOrTheNewFile)
         ++replaced;
         save(u"mine"_qs);
         EXPECT_TRUE(nextAlert().value(0).endsWith(u"has been changed by another program."));
-        answer(u"Save Anyway"_qs);
-        ASSERT_TRUE(windowIsActive());
+        dismiss(u"Save Anyway"_qs);
         EXPECT_EQ(noteInTheFile(), u"mine");
     }
     EXPECT_GT(replaced, 0);

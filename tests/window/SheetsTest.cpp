@@ -83,8 +83,7 @@ TEST_F(SheetsTest, ACategoryIsMadeNamedAndColouredByKeys)
     EXPECT_NEAR(colorOf(1, CategoryKey::cat_textColor).blue, 0, 1e-4);
     EXPECT_NEAR(colorOf(1, CategoryKey::cat_backColor).red, 0.8, 1e-4);
 
-    answer(u"Done"_qs);
-    EXPECT_TRUE(windowIsActive());
+    dismiss(u"Done"_qs);
     EXPECT_FALSE(DesktopColorPanel::shared().dialog()) << "the panel goes with the sheet";
     const auto *popUp = control<QComboBox>("myActionPopup");
     EXPECT_EQ(popUp->itemText(popUp->count() - 1), u"R&D");
@@ -113,8 +112,7 @@ TEST_F(SheetsTest, ThePanelWritesWhatTheUserChoosesAndNothingElse)
     Foundation::ColorPanel::shared().setColor({1, 0, 0});
     EXPECT_EQ(category(0)->value(CategoryKey::cat_backColor).dictionary(), exact);
 
-    press(Qt::Key_Escape);
-    EXPECT_TRUE(windowIsActive());
+    dismiss(Qt::Key_Escape);
 }
 
 TEST_F(SheetsTest, ACategoryGoesOnlyWhenNoContactBearsIt)
@@ -128,8 +126,7 @@ TEST_F(SheetsTest, ACategoryGoesOnlyWhenNoContactBearsIt)
     QTest::mouseClick(control<QPushButton>("removeCategory"), Qt::LeftButton);
     EXPECT_EQ(table->model()->rowCount(), 1);
     EXPECT_EQ(field("categoryName"), u"Generic");
-    answer(u"Done"_qs);
-    EXPECT_TRUE(windowIsActive());
+    dismiss(u"Done"_qs);
 }
 
 TEST_F(SheetsTest, CaptionsReachTheFormAtEveryLetterAndFlagsShowTheirButton)
@@ -146,8 +143,7 @@ TEST_F(SheetsTest, CaptionsReachTheFormAtEveryLetterAndFlagsShowTheirButton)
     EXPECT_FALSE(button->isHidden());
     EXPECT_EQ(button->accessibleName(), u"Open Boat & car");
     EXPECT_FALSE(document()->isDocumentEdited());
-    answer(u"Done"_qs);
-    EXPECT_TRUE(windowIsActive());
+    dismiss(u"Done"_qs);
     EXPECT_TRUE(document()->isDocumentEdited());
 
     chooseNextPath(pathOf(u"captions.vexcards"_qs));

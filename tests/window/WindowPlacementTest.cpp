@@ -42,8 +42,6 @@ TEST(WindowPlacement, WindowsStayInReach)
         {"above: the title bar under the panel", {100, 10, 900, 600}, {100, 30, 900, 600}},
         {"below", {100, 990, 900, 600}, {100, 372, 900, 600}},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        EXPECT_EQ(reachableRect(c.wanted, minimum, usual, TitleBar, {left, right}), c.shown);
-    }
+    for (const auto &c : cases)
+        EXPECT_EQ(reachableRect(c.wanted, minimum, usual, TitleBar, {left, right}), c.shown) << c.rule;
 }

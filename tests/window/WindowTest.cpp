@@ -3,7 +3,6 @@
 #include "window/RecordTable.h"
 #include "window/RecordTableModel.h"
 
-#include <QDir>
 #include <QInputMethodEvent>
 
 const QString WindowTest::password = u"correct horse"_qs;
@@ -83,6 +82,18 @@ void WindowTest::answer(const QString &title) const
     FAIL() << "no button " << title.toStdString();
 }
 
+void WindowTest::dismiss(int key) const
+{
+    press(key);
+    EXPECT_TRUE(windowIsActive());
+}
+
+void WindowTest::dismiss(const QString &button) const
+{
+    answer(button);
+    EXPECT_TRUE(windowIsActive());
+}
+
 void WindowTest::makeNewDocument()
 {
     application.documentController().newDocument();
@@ -101,8 +112,7 @@ void WindowTest::makeProtectedDocument()
     makeNewDocument();
     enterFirstPasswords(password, password);
     ASSERT_EQ(nextAlert().value(0), u"Password accepted"_qs);
-    press(Qt::Key_Return);
-    ASSERT_TRUE(windowIsActive());
+    dismiss(Qt::Key_Return);
 }
 
 QStringList WindowTest::names() const
@@ -146,19 +156,6 @@ void WindowTest::fillIn(const QStringList &texts) const
         type(text);
         press(Qt::Key_Tab);
     }
-}
-
-QByteArray WindowTest::contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void WindowTest::putFile(const QString &path, const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
 }
 
 void WindowTest::openDocument(const QString &path)

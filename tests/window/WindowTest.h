@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/RecordModel.h"
+#include "support/Files.h"
 #include "support/Printers.h"
 #include "window/Application.h"
 
@@ -56,6 +57,10 @@ protected:
     // Presses the button of the sheet and lets it go.
     void answer(const QString &button) const;
 
+    // The same, and waits for the window to be without a sheet.
+    void dismiss(int key) const;
+    void dismiss(const QString &button) const;
+
     // A new document whose password sheet has come.
     void makeNewDocument();
     void enterFirstPasswords(const QString &first, const QString &second) const;
@@ -78,8 +83,6 @@ protected:
     {
         return eventually([this] { return document() == nullptr; });
     }
-    static QByteArray contentOf(const QString &path);
-    static void putFile(const QString &path, const QByteArray &bytes);
     void openDocument(const QString &path);
     void unlock(const QString &text);
     // Both the text of a field of the form.
