@@ -7,39 +7,12 @@ namespace
 
 class DocumentSaving : public DocumentFixture
 {
-protected:
-    // An open document with one record, saved.
-    void savedDocument(const QString &path)
-    {
-        newProtectedDocument();
-        document->recordCommands().addRow({});
-        window->savePath = path;
-        document->saveDocument({});
-        ASSERT_FALSE(document->isDocumentEdited());
-    }
 };
-
-TEST_F(DocumentSaving, AsksForANameOnceAndSavesThereAgain)
-{
-    newProtectedDocument();
-    document->recordCommands().addRow({});
-    document->saveDocument({}); // given up in the panel
-    EXPECT_TRUE(document->isDocumentEdited());
-    EXPECT_TRUE(document->fileURL().isNull());
-    savedDocument(pathOf("b.vexcards"));
-    window->savePath = pathOf("c.vexcards");
-    typeNote(u"x"_qs);
-    document->saveDocument({});
-    EXPECT_FALSE(document->isDocumentEdited());
-    EXPECT_FALSE(QFile::exists(pathOf("c.vexcards")));
-    document->saveDocumentAs({});
-    EXPECT_TRUE(QFile::exists(pathOf("c.vexcards")));
-    EXPECT_EQ(document->displayName(), u"c.vexcards");
-}
 
 TEST_F(DocumentSaving, ALockedDocumentClosesAtOnceAndNeverAnswers)
 {
-    savedDocument(pathOf("f.vexcards"));
+    newProtectedDocument();
+    saveTo(pathOf("f.vexcards"));
     ASSERT_TRUE(open(pathOf("f.vexcards")));
     document->updateChangeCount(0);
     MyDocument *locked = document.release(); // closing deletes it
@@ -53,7 +26,8 @@ TEST_F(DocumentSaving, ALockedDocumentClosesAtOnceAndNeverAnswers)
 TEST_F(DocumentSaving, OneFileIsOneDocumentAndQuittingAsksEachOfThem)
 {
     const QString path = pathOf("g.vexcards");
-    savedDocument(path);
+    newProtectedDocument();
+    saveTo(path);
     ASSERT_TRUE(QFile::link(path, pathOf("link.vexcards")));
     Foundation::DocumentController controller([] { return std::make_unique<MyDocument>(); });
     std::vector<std::unique_ptr<ScriptedDocumentWindow>> windows;

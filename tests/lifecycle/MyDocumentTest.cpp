@@ -16,12 +16,6 @@ protected:
     {
         return QStringLiteral(VEXAREL_TEST_DATA "/documents/") + QString::fromLatin1(name);
     }
-    static bool isEnabled(MyDocument &document, const QString &action)
-    {
-        Foundation::MenuItem item;
-        item.action = action;
-        return document.validateMenuItem(item);
-    }
 };
 
 TEST_F(MyDocumentTest, ANewDocumentComesUpCleanWithOneCategoryAndIsDatedByItsWindow)
@@ -133,28 +127,6 @@ TEST_F(MyDocumentTest, NothingIsEverWrittenThatNobodyCouldOpen)
 
     newDocument(); // without a password nobody could ever type one
     EXPECT_TRUE(isRefused());
-}
-
-TEST_F(MyDocumentTest, MenusFollowTheLock)
-{
-    ASSERT_TRUE(open(sample("version-30600.vexcards")));
-    const QString needContent[] = {u"addRow"_qs,       u"deleteRow"_qs,      u"deleteRows"_qs,
-                                   u"saveDocument"_qs, u"saveDocumentAs"_qs, u"switchViewEditMode"_qs,
-                                   u"lockDocument"_qs, u"printDocument"_qs,  u"exportToText"_qs};
-    for (const QString &action : needContent)
-        EXPECT_FALSE(isEnabled(*document, action)) << qPrintable(action);
-    EXPECT_TRUE(isEnabled(*document, u"duplicateRow"_qs)); // has its own guard
-    submit(password);
-    for (const QString &action : needContent)
-        EXPECT_TRUE(isEnabled(*document, action)) << qPrintable(action);
-
-    Foundation::MenuItem item;
-    item.action = u"switchViewEditMode"_qs;
-    document->validateMenuItem(item);
-    EXPECT_FALSE(item.isChecked);
-    document->switchViewEditMode({});
-    document->validateMenuItem(item);
-    EXPECT_TRUE(item.isChecked);
 }
 
 } // namespace

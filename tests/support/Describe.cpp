@@ -2,6 +2,7 @@
 
 #include "foundation/Array.h"
 #include "foundation/Dictionary.h"
+#include "support/Printers.h"
 
 #include <cstdio>
 #include <ostream>
@@ -17,18 +18,6 @@ std::string formatted(const char *format, Arguments... arguments)
     char text[64];
     std::snprintf(text, sizeof text, format, arguments...);
     return text;
-}
-
-std::string quoted(const QString &text)
-{
-    std::string result = "\"";
-    for (const QChar unit : text) {
-        if (unit.unicode() >= 0x20 && unit.unicode() < 0x7F)
-            result += char(unit.unicode());
-        else
-            result += formatted("\\u%04x", unsigned(unit.unicode()));
-    }
-    return result + '"';
 }
 
 std::string listed(const Foundation::Array &array)

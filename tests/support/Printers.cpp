@@ -1,21 +1,22 @@
 #include "support/Printers.h"
 
+std::string quoted(const QString &text)
+{
+    std::string result = "\"";
+    for (const QChar unit : text) {
+        if (unit.unicode() >= 0x20 && unit.unicode() < 0x7F)
+            result += char(unit.unicode());
+        else
+            result += "\\u" + QByteArray::number(unit.unicode(), 16).rightJustified(4, '0').toStdString();
+    }
+    return result + '"';
+}
+
 QT_BEGIN_NAMESPACE
 
 void PrintTo(const QString &text, std::ostream *out)
 {
-    if (text.isNull()) {
-        *out << "(null text)";
-        return;
-    }
-    *out << '"';
-    for (const QChar unit : text) {
-        if (unit.unicode() >= 0x20 && unit.unicode() < 0x7F)
-            *out << char(unit.unicode());
-        else
-            *out << "\\u" << QByteArray::number(unit.unicode(), 16).rightJustified(4, '0').constData();
-    }
-    *out << '"';
+    *out << (text.isNull() ? "(null text)" : quoted(text));
 }
 
 void PrintTo(const QByteArray &bytes, std::ostream *out)

@@ -5,6 +5,10 @@
 #include <QStringList>
 
 #include <ostream>
+#include <string>
+
+// In quotes; whatever is not printable ASCII stands as \uXXXX.
+std::string quoted(const QString &text);
 
 // How failures show the types of the system. Found by the test library through the namespaces of the types.
 QT_BEGIN_NAMESPACE

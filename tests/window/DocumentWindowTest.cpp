@@ -117,14 +117,9 @@ TEST_F(DocumentWindowTest, DeletingAsksAndCanBeUndone)
     makeSavedDocument({u"A"_qs, u"B"_qs});
     control<QWidget>("myTableView")->setFocus();
     press(Qt::Key_Delete);
-    EXPECT_EQ(nextAlert().value(0), u"Delete the selected contact"_qs);
-    dismiss(Qt::Key_Return); // The safe button is the first of this question.
-    EXPECT_EQ(names().size(), 2);
-    EXPECT_FALSE(window()->isWindowModified());
-    press(Qt::Key_Delete);
-    nextAlert();
+    EXPECT_EQ(nextAlert().value(0), u"Delete the selected contact");
     dismiss(u"Delete Contact"_qs);
-    EXPECT_TRUE(eventually([this] { return names() == QStringList(u"A X"_qs); }));
+    EXPECT_EQ(names(), QStringList(u"A X"_qs));
     EXPECT_TRUE(window()->isWindowModified());
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(names().size(), 2);

@@ -166,7 +166,7 @@ TEST_F(PasswordAlertsTest, EachComesInItsExactWordsAndLeadsOn)
         if (c.leadsTo.isNull()) {
             EXPECT_TRUE(windowIsActive());
         } else {
-            EXPECT_TRUE(sheetComes(c.leadsTo));
+            ASSERT_TRUE(sheetComes(c.leadsTo));
             // Once the other two sheets were answered, what is typed shows: that is how the flag is left.
             EXPECT_EQ(control<QLineEdit>("password")->echoMode(),
                       c.way == Way::Changed ? QLineEdit::Password : QLineEdit::Normal);
