@@ -51,6 +51,10 @@ TEST_F(RecordCommandsTest, ANewRecordAndItsCopyAreDatedAndShownInTheirModes)
     commands.addRow({});
     commands.duplicateRow({});
     EXPECT_EQ(records.content()->count(), 1) << "nothing while locked";
+    // A copy was counted out and never in, and undoing an add counts by the stored id, too.
+    first->setValue(RecordKey::cat_uniqueID, Value(qint64(1)));
+    host.undo.undo();
+    EXPECT_EQ(first->valueForKeyPath(u"categoryPtr.cat_howManyUsingThis").intValue(), -2);
 }
 
 TEST_F(RecordCommandsTest, ThreeDeletionsAskInTheirOwnWordsAndTakeTheirOwnRecords)
