@@ -190,7 +190,7 @@ def a_category_is_made_coloured_and_given(client):
     client.click("Label colour")
     for component, value in (("Red:", 192), ("Green:", 57), ("Blue:", 43)):
         Atspi.Value.set_current_value(client.find("spin button", component), value)
-    assert client.names_in_column("Categories", 0) == ["Generic", "Family"]
+    until(lambda: client.names_in_column("Categories", 0) == ["Generic", "Family"], "the name in the table")
     client.click("Done")
     until(lambda: not client.find_all("table", "Categories"), "the end of the sheet")
     client.press(client.find("combo box", "Category:"))
