@@ -186,6 +186,7 @@ def a_category_is_made_coloured_and_given(client):
     client.choose("Edit Categories…")
     client.find("table", "Categories")
     client.click("Add")
+    until(lambda: client.text("Name:") == "Generic 1", "the new category in the field")
     client.put("Name:", "Family")
     client.click("Label colour")
     for component, value in (("Red:", 192), ("Green:", 57), ("Blue:", 43)):
