@@ -49,6 +49,12 @@ protected:
         into->myArrayController()->setValueForSelection(RecordKey::note, text);
         into->controlTextDidChange(0);
     }
+    void unlock(MyDocument *locked)
+    {
+        ActionSender field;
+        field.stringValue = password;
+        locked->submitPasswordToDecrypt(field);
+    }
     static QStringList recoveryFiles()
     {
         return QDir(RecoveryFile::folder()).entryList({u"*.vexcards"_qs}, QDir::Files);
@@ -88,26 +94,74 @@ TEST_F(Autosaving, SavesInPlaceAfterAQuietTimeAndInTheMidstOfLongTyping)
     EXPECT_TRUE(recoveryFiles().isEmpty());
 }
 
-TEST_F(Autosaving, NothingIsWrittenWithoutAPasswordWhileLockedOrWhileTheUserIsAsked)
+TEST_F(Autosaving, NothingIsWrittenWithoutAPassword)
 {
-    MyDocument *unprotected = newOne();
-    unprotected->setPlainPassword(u""_qs);
+    newOne()->setPlainPassword(u""_qs);
     autosaver.autosaveAll();
     EXPECT_TRUE(recoveryFiles().isEmpty());
-    unprotected->close();
+}
 
+TEST_F(Autosaving, TheFileStaysWhileTheUserIsAskedAndWhileItIsLockedAndTheChangesAreSafe)
+{
     const QString path = pathOf("b.vexcards");
     MyDocument *edited = newOne(path);
-    type(edited, u"kept in memory"_qs);
+    type(edited, u"mine"_qs);
     edited->canCloseDocument([](bool) {});
     timers.advance(100);
-    EXPECT_TRUE(edited->isDocumentEdited()) << "who discards the changes must not find them in the file";
+    EXPECT_TRUE(edited->isDocumentEdited());
+    EXPECT_EQ(noteIn(path), u"") << "who discards the changes must not find them in the file";
+    ASSERT_EQ(recoveryFiles().size(), 1);
+    EXPECT_EQ(noteIn(RecoveryFile::folder() + u'/' + recoveryFiles().front()), u"mine");
     windows.back()->answer(1001);
     edited->doLockDocument();
     timers.advance(100);
     autosaver.autosaveAll();
     EXPECT_EQ(noteIn(path), u"");
-    EXPECT_EQ(recoveryFiles().size(), 1) << "what nobody locked by hand is safe";
+    unlock(edited);
+    timers.advance(100);
+    EXPECT_EQ(noteIn(path), u"mine");
+    EXPECT_TRUE(recoveryFiles().isEmpty());
+}
+
+TEST_F(Autosaving, ADocumentWithoutAFileIsUnsavedWheneverItIsOpen)
+{
+    MyDocument *unnamed = newOne();
+    unnamed->doLockDocument();
+    timers.advance(100);
+    EXPECT_TRUE(recoveryFiles().isEmpty());
+    unlock(unnamed);
+    EXPECT_TRUE(unnamed->isDocumentEdited());
+    timers.advance(100);
+    EXPECT_EQ(recoveryFiles().size(), 1);
+}
+
+// Somebody else saves while this document is being enciphered.
+TEST_F(Autosaving, AFileThatIsTouchedMeanwhileIsLeftAlone)
+{
+    class SlowDocument : public Foundation::Document
+    {
+    public:
+        std::optional<QByteArray> dataOfType(const QString &) override
+        {
+            meanwhile();
+            return QByteArray("mine");
+        }
+        bool readFromData(const QByteArray &, const QString &, QString *) override { return true; }
+        std::function<void()> meanwhile = [] {};
+    };
+    const QString path = pathOf("e.vexcards");
+    putFile(path, "old");
+    SlowDocument edited;
+    QString reason;
+    ASSERT_TRUE(edited.readFromFile(path, &reason));
+    edited.updateChangeCount(0);
+    edited.meanwhile = [&path] { putFile(path, "theirs, just saved"); };
+    EXPECT_TRUE(edited.autosave(&reason));
+    EXPECT_EQ(contentOf(path), "theirs, just saved");
+    EXPECT_TRUE(edited.isRecoverable());
+    EXPECT_TRUE(edited.isDocumentEdited());
+    EXPECT_FALSE(edited.writeToFile(path, &reason, Foundation::FileIdentity()));
+    EXPECT_EQ(reason, u"Another program changed the file while it was being saved.");
 }
 
 TEST_F(Autosaving, AFileThatSomebodyTouchedIsLeftAloneAndTheChangesAreSafe)
@@ -174,9 +228,7 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
     auto *recovered = static_cast<MyDocument *>(next.documents().front());
     EXPECT_TRUE(recovered->isEncrypted());
     EXPECT_TRUE(recovered->fileURL().isNull());
-    ActionSender field;
-    field.stringValue = password;
-    recovered->submitPasswordToDecrypt(field);
+    unlock(recovered);
     EXPECT_TRUE(recovered->isDocumentEdited());
     EXPECT_EQ(recovered->myArrayController()->valueForSelection(u"note").stringValue(), u"never saved");
     EXPECT_EQ(recoveryFiles().size(), 1) << "until it has a name or was given up";
@@ -187,23 +239,49 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
     recovered->setWindow(nullptr);
 }
 
-TEST_F(Autosaving, WhatIsDiscardedOrClosedLockedIsGone)
+TEST_F(Autosaving, WhatSomebodyDecidedToLoseIsGoneAndNothingElse)
 {
-    for (const bool isLocked : {false, true}) {
+    const struct
+    {
+        const char *how;
+        std::function<void(MyDocument *)> end;
+        bool isKept;
+    } cases[] = {
+        {"discarded",
+         [this](MyDocument *unnamed) {
+             unnamed->performClose({});
+             windows.back()->answer(1002);
+         },
+         false},
+        {"locked by hand and closed",
+         [this](MyDocument *unnamed) {
+             unnamed->lockDocument({});
+             windows.back()->answer(1000);
+             queue.drain();
+             unnamed->performClose({});
+         },
+         false},
+        {"locked without being asked, and closed",
+         [](MyDocument *unnamed) {
+             unnamed->doLockDocument();
+             unnamed->performClose({});
+         },
+         true},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.how);
         MyDocument *unnamed = newOne();
         timers.advance(Autosaver::QuietSeconds);
         ASSERT_EQ(recoveryFiles().size(), 1);
-        if (isLocked) {
-            unnamed->lockDocument({}); // by hand
-            windows.back()->answer(1000);
-            queue.drain();
-        }
-        unnamed->performClose({});
-        if (!isLocked)
-            windows.back()->answer(1002);
-        EXPECT_TRUE(recoveryFiles().isEmpty());
+        c.end(unnamed);
         endEvent();
+        EXPECT_TRUE(controller.documents().isEmpty());
+        EXPECT_EQ(recoveryFiles().size(), c.isKept ? 1 : 0);
     }
+    ASSERT_EQ(controller.recoverDocuments(), 1);
+    controller.closeAllDocuments([](bool) {});
+    endEvent();
+    EXPECT_EQ(recoveryFiles().size(), 1) << "nobody has looked at it yet";
 }
 
 TEST(SystemTimers, MayBeDroppedByWhatTheyCallAndAreSilentThen)

@@ -152,6 +152,32 @@ TEST_F(Locking, WhatCouldNotBeOpenedAgainIsNotLocked)
     EXPECT_EQ(document->myArray()->count(), 1);
 }
 
+TEST_F(Locking, TheHandAndTheClockInOneTurnLockOnce)
+{
+    savedDocument();
+    document->lockDocument({});
+    window->answer(1000);
+    document->lockAutomatically();
+    queue.drain();
+    submit(password);
+    EXPECT_TRUE(window->toolbarVisible);
+}
+
+TEST_F(Locking, NothingIsUndoneBehindTheLock)
+{
+    savedDocument();
+    document->doLockDocument();
+    for (const QString &action : {u"undo"_qs, u"redo"_qs}) {
+        Foundation::MenuItem item{action, QString()};
+        EXPECT_FALSE(document->validateMenuItem(item));
+    }
+    document->undo({});
+    EXPECT_EQ(document->myArray()->count(), 1);
+    EXPECT_FALSE(document->isDocumentEdited());
+    submit(password);
+    EXPECT_TRUE(document->undoManager().canUndo()) << "the stack stays";
+}
+
 TEST_F(Locking, SavingAndReopeningShowsTheOpenDocument)
 {
     VLRevertDocController controller([] { return std::make_unique<MyDocument>(); });

@@ -7,9 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 using Foundation::Alert;
 
@@ -122,6 +124,37 @@ protected:
     QStringList shown;
     QStringList ended;
 };
+
+// Of the program, not of the sheet: the clock may end the one below the other.
+TEST_F(SheetQueueTest, AnAlertOutlivesTheSheetBelow)
+{
+    begin(u"a"_qs);
+    QApplication::setActiveWindow(window.findChild<QDialog *>());
+    QTimer::singleShot(0, &queue, [this] {
+        queue.endCurrent();
+        QTimer::singleShot(10, qApp, [] {
+            if (auto *alert = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
+                alert->done(1000);
+        });
+    });
+    EXPECT_EQ(ModalAlerts().runModal(alertWith({u"OK"_qs})), 1000);
+    EXPECT_FALSE(queue.hasSheet());
+}
+
+// As the toolkit's panels ask in the midst of their own code.
+TEST_F(SheetQueueTest, AQuestionOfTheSheetsOwnEndsBeforeIt)
+{
+    begin(u"a"_qs);
+    QTimer::singleShot(0, &queue, &SheetQueue::endCurrent);
+    {
+        QDialog question(window.findChild<QDialog *>());
+        EXPECT_EQ(question.exec(), QDialog::Rejected);
+        EXPECT_TRUE(queue.hasSheet());
+    }
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !queue.hasSheet(); }));
+    mainQueue.drain();
+    EXPECT_EQ(ended, QStringList{u"a 0"_qs});
+}
 
 TEST_F(SheetQueueTest, OneStandsAtATime)
 {

@@ -3,6 +3,7 @@
 #include "foundation/DurableFile.h"
 #include "support/ChildProcess.h"
 #include "support/FaultyFileSystem.h"
+#include "support/TestServices.h"
 #include "window/WindowTest.h"
 
 #include <csignal>
@@ -57,6 +58,7 @@ protected:
     }
 
     const QString path = pathOf(u"Faulty.vexcards"_qs);
+    ManualTimers timers; // Nothing is saved but by the test.
     FaultyFileSystem files;
     qsizetype calls = 0;
 };

@@ -1,6 +1,8 @@
 #include "support/TestServices.h"
 #include "window/WindowTest.h"
 
+#include <QTimer>
+
 namespace
 {
 
@@ -66,6 +68,20 @@ TEST_F(SessionEndTest, AsksAboutADocumentWithoutANameAndAboutOneThatIsBeingAsked
     EXPECT_FALSE(mayEnd(1001));
     EXPECT_EQ(asked.size(), 1);
     EXPECT_EQ(contentOf(path), before) << "the answer may still be to discard";
+}
+
+// As some desktops end a program to which they have spoken before.
+TEST_F(SessionEndTest, TheWordToQuitThenAsksNobody)
+{
+    makeProtectedDocument();
+    addContact(u"Ada"_qs, u"Byron"_qs);
+    EXPECT_TRUE(mayEnd(1000));
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit)); });
+    QTimer::singleShot(3000, qApp, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QCoreApplication::exec(), 0);
+    EXPECT_EQ(sheet(), nullptr);
+    ASSERT_NE(document(), nullptr);
+    EXPECT_TRUE(document()->isRecoverable());
 }
 
 } // namespace
