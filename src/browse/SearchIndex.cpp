@@ -2,10 +2,12 @@
 
 #include "browse/ByteSearch.h"
 #include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 
 #include <algorithm>
 #include <array>
 
+using Foundation::displayText;
 using Foundation::Key;
 using Foundation::TextView;
 using Foundation::Value;
@@ -55,9 +57,7 @@ bool anyFieldMatches(const Foundation::Dictionary &record, const Needle &needle)
 {
     const auto &keys = SearchIndex::searchedKeys();
     return std::any_of(keys.begin(), keys.end(), [&](const Key &key) {
-        const Value &value = record.value(key);
-        return value.isString() &&
-               SearchText::matches(SearchText::lowerCase(value.stringValue()), needle.lowerCase);
+        return SearchText::matches(SearchText::lowerCase(displayText(record.value(key))), needle.lowerCase);
     });
 }
 
@@ -80,8 +80,12 @@ void SearchIndex::makeRow(const Dictionary &record, Row &row)
     m_scratch.clear();
     row.shape = Shape::Plain;
     for (const auto &entry : record.entries()) {
-        const TextView text = entry.value.text();
-        if (text.size == 0 || !searched.contains(entry.key))
+        if (!searched.contains(entry.key))
+            continue;
+        // Values of other kinds, by another hand, are found by what is shown of them.
+        const Value shown = entry.value.isString() ? Value() : Value(displayText(entry.value));
+        const TextView text = entry.value.isString() ? entry.value.text() : shown.text();
+        if (text.size == 0)
             continue;
         row.shape = std::max(row.shape, SearchText::appendSearchForm(text, m_scratch));
         m_scratch.push_back(TextEnd);

@@ -54,11 +54,11 @@ bool isShared(const Value &value)
     return value.sharedObject() && value.sharedObject()->hasSeveralOwners();
 }
 
-// How many bytes there are in those fields of all categories that stand for one field only.
-quint64 ownBytesOf(const Array &categories)
+// How many bytes there are in those fields of all entries that stand for one field only.
+quint64 ownBytesOf(const Ref<Array> &entries)
 {
     quint64 bytes = 0;
-    for (const Value &entry : categories.values) {
+    for (const Value &entry : entries ? entries->values : std::vector<Value>()) {
         if (const auto stored = entry.dictionary()) {
             for (const auto &field : stored->entries())
                 bytes += isShared(field.value) ? 0 : quint64(field.value.contentBytes());
@@ -71,7 +71,8 @@ quint64 ownBytesOf(const Array &categories)
 
 ReleaseMigration::ReleaseMigration(DocumentState &state)
     : m_state(state)
-    , m_colorBudget(state.myEncryptedCategoryArray ? ownBytesOf(*state.myEncryptedCategoryArray) : 0)
+    , m_entryBudget(ownBytesOf(state.myEncryptedArray) + ownBytesOf(state.myEncryptedCategoryArray))
+    , m_colorBudget(ownBytesOf(state.myEncryptedCategoryArray))
 {
 }
 
@@ -204,10 +205,10 @@ qint32 ReleaseMigration::readCategory(const Dictionary &stored, DecryptPath path
 
 Ref<Dictionary> ReleaseMigration::takeEntry(const Value &entry)
 {
-    // An entry without content costs some hundred times what it takes in a file.
-    constexpr quint64 FreeEntries = 250'000;
-    constexpr quint64 BytesOfEntry = 16;
-    if (++m_entryCount > FreeEntries + m_cipherBytes / BytesOfEntry)
+    using Foundation::ReadBudget;
+    // One without content costs some fifty times what it takes in a file.
+    constexpr quint64 Cost = ReadBudget::Container + ReadBudget::DictionaryEntry * std::size(recordFields);
+    if (!m_entryBudget.spend(Cost))
         return nullptr;
     if (isShared(entry) && !m_sharedEntries.insert(entry.sharedObject()).second)
         return nullptr;
@@ -219,12 +220,12 @@ qint32 ReleaseMigration::readField(const Dictionary &stored, const Key &key, Fie
     const Value &cipherText = stored.value(key);
     if (!cipherText.isNull() && cipherText.type() != Value::Type::Data)
         return DecryptUnreadableField;
-    Value *const known = isShared(cipherText) ? &m_memos[kind][cipherText.sharedObject()] : nullptr;
-    if (known && !known->isNull()) {
-        *content = *known;
+    std::optional<Value> *const known =
+        isShared(cipherText) ? &m_memos[kind][cipherText.sharedObject()] : nullptr;
+    if (known && known->has_value()) {
+        *content = **known;
         return DecryptSuccess;
     }
-    m_cipherBytes += quint64(cipherText.contentBytes());
     quint32 code = 0;
     *content = deciphered(cipherText.dataValue(), kind, &code);
     if (known && code == LegacySuccess)

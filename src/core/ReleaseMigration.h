@@ -4,6 +4,7 @@
 #include "core/FileLayout.h"
 #include "foundation/ReadBudget.h"
 
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -32,8 +33,8 @@ private:
     using Value = Foundation::Value;
 
     enum FieldKind { TextField, NumberField, ColorField, FieldKinds };
-    // What shared buffers decipher to.
-    using Memo = std::unordered_map<const Foundation::RefCounted *, Value>;
+    // What shared buffers decipher to, which may be Null.
+    using Memo = std::unordered_map<const Foundation::RefCounted *, std::optional<Value>>;
 
     qint32 readCreationDate(DecryptPath path);
     qint32 readLabels();
@@ -55,10 +56,10 @@ private:
     Foundation::Ref<Array> m_categories;
     bool m_hasReplacedLabels = false;
     Memo m_memos[FieldKinds];
+    // By the size of the buffers, each counted once.
+    Foundation::ReadBudget m_entryBudget;
     Foundation::ReadBudget m_colorBudget;
     std::unordered_set<const Foundation::RefCounted *> m_sharedEntries;
-    quint64 m_entryCount = 0;
-    quint64 m_cipherBytes = 0;
 };
 
 // What every read of an old release ends with, and the list controllers offer by themselves. The array holds

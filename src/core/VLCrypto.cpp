@@ -205,6 +205,11 @@ LegacyBlowfish *VLCrypto::cipherToDecrypt() const
     return m_decryption.get();
 }
 
+bool VLCrypto::isAvailable()
+{
+    return blowfish() != nullptr;
+}
+
 bool VLCrypto::hasKey() const
 {
     return Foundation::macRomanBytes(m_password).has_value();

@@ -36,6 +36,9 @@ public:
     // The vector of every document of those releases.
     static constexpr Vector DocumentVector = {0x5a, 0x13, 0xc7, 0x2e, 0x91, 0x4d, 0xb6, 0x08};
 
+    // Whether this computer has the cipher at all. Without it every password is wrong.
+    static bool isAvailable();
+
     explicit VLCrypto(const unsigned char *vector = nullptr, const QString &password = QStringLiteral(""));
     ~VLCrypto();
     VLCrypto(VLCrypto &&) noexcept;

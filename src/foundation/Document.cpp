@@ -246,10 +246,12 @@ void Document::saveWithCompletion(Completion completion)
     }
     const auto present = identityOfFile(m_fileURL);
     confirmOverwriting(present, [this, present, completion = std::move(completion)](bool confirmed) {
-        if (confirmed)
-            saveToPath(m_fileURL, completion, present);
-        else
+        if (!confirmed)
             completion(false);
+        else if (!present && identityOfFile(m_fileURL))
+            saveWithCompletion(completion); // Somebody made it meanwhile, which is another question.
+        else
+            saveToPath(m_fileURL, completion, present);
     });
 }
 

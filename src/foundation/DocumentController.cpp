@@ -57,8 +57,15 @@ int DocumentController::recoverDocuments()
     for (auto &file : RecoveryFile::takeAbandoned()) {
         auto document = m_makeDocument();
         QString reason;
-        if (!document->recover(std::move(file), &reason))
+        const QString path = file->path();
+        if (!document->recover(std::move(file), &reason)) {
+            if (!reason.isNull())
+                Services::shared().modalAlerts().runModal(
+                    {tr("Changes that were kept for you could not be opened."),
+                     reason + u'\n' + path,
+                     {tr("OK")}});
             continue;
+        }
         document->setUntitledNumber(++m_lastUntitledNumber);
         add(std::move(document));
         ++recovered;

@@ -470,6 +470,8 @@ std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget)
     if (BinaryObjectTable::looksLikeOne(bytes))
         return Unarchiver::root(bytes, budget);
     // XML archives come from other programs and are rare: they take the same road in binary form.
+    if (!budget.spend(quint64(bytes.size())))
+        return std::nullopt;
     auto list = readXmlPropertyList(bytes);
     if (!list)
         return std::nullopt;

@@ -35,7 +35,7 @@ struct TextView
 // Reading never fails: a value of another type reads as the number 0, false, a null text or a null reference.
 // Number readings follow the platform's: narrowing keeps the low bits of a number, a real is cut toward zero
 // (and held at the ends of the range, NaN as 0), a text reads as the number that it begins with, held at the
-// ends of the range that is asked for.
+// ends of the range of 64 bits, or of 32 for intValue.
 class Value
 {
 public:

@@ -250,6 +250,7 @@ void MyDocument::doLockDocument()
     pipeline.encryptData();
     if (!lastDataCanBeRead()) {
         // Behind the lock would be nothing that opens.
+        m_isLockedByHand = false;
         showAlert({tr("The document “%1” could not be locked.").arg(displayName()),
                    tr("It could not be enciphered."),
                    {tr("OK")}},

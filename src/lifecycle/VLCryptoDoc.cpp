@@ -1,5 +1,6 @@
 #include "lifecycle/VLCryptoDoc.h"
 
+#include "core/FileLayout.h"
 #include "foundation/Services.h"
 
 #include <QPointer>
@@ -95,6 +96,13 @@ void VLCryptoDoc::submitPasswordToDecrypt(const ActionSender &sender)
 
 void VLCryptoDoc::decryptRejected()
 {
+    if (m_state.myOpeningDocumentVersion < FirstEngineVersion && !VLCrypto::isAvailable()) {
+        showAlert({tr("This document cannot be opened on this computer"),
+                   tr("It is of an old release, whose cipher is no longer installed with every system.\n"
+                      "Install the “legacy” provider of OpenSSL, and start this application again."),
+                   {tr("OK")}});
+        return;
+    }
     showAlert(
         {tr("Wrong Password"),
          tr("You inserted a wrong password.\nTo access this document you must insert exactly the password "

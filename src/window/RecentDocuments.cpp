@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <glib.h>
 #include <memory>
+#include <optional>
 
 namespace
 {
@@ -27,29 +28,34 @@ struct Freeing
     void operator()(char *text) const { g_free(text); }
 };
 
-using List = std::unique_ptr<GBookmarkFile, Freeing>;
-
-// Null for one that cannot be read; a list that is not there yet is an empty one.
-List readList(const QString &file)
+// The list, and the file that it was read from; no list if it cannot be read, and an empty one if there is
+// no file yet.
+struct SharedList
 {
-    List list(g_bookmark_file_new());
-    if (!QFileInfo::exists(file))
-        return list;
-    const auto read = Foundation::readRegularFile(file, LargestList);
-    const auto size = gsize(read.bytes.size());
-    if (!read.succeeded() ||
-        !g_bookmark_file_load_from_data(list.get(), read.bytes.constData(), size, nullptr))
-        return nullptr;
-    return list;
-}
+    explicit SharedList(const QString &path)
+        : bookmarks(g_bookmark_file_new())
+    {
+        if (!QFileInfo::exists(path))
+            return;
+        const auto read = Foundation::readRegularFile(path, LargestList);
+        const auto size = gsize(read.bytes.size());
+        identity = read.identity;
+        if (!read.succeeded() ||
+            !g_bookmark_file_load_from_data(bookmarks.get(), read.bytes.constData(), size, nullptr))
+            bookmarks = nullptr;
+    }
+    // What somebody else noted meanwhile stays, and this is lost.
+    void write(const QString &path) const
+    {
+        gsize size = 0;
+        const std::unique_ptr<char, Freeing> text(g_bookmark_file_to_data(bookmarks.get(), &size, nullptr));
+        if (text && QDir().mkpath(QFileInfo(path).path()))
+            Foundation::writeFileDurably(path, QByteArray(text.get(), qsizetype(size)), identity);
+    }
 
-void writeList(GBookmarkFile *list, const QString &file)
-{
-    gsize size = 0;
-    const std::unique_ptr<char, Freeing> text(g_bookmark_file_to_data(list, &size, nullptr));
-    if (text && QDir().mkpath(QFileInfo(file).path()))
-        Foundation::writeFileDurably(file, QByteArray(text.get(), qsizetype(size)));
-}
+    std::unique_ptr<GBookmarkFile, Freeing> bookmarks;
+    std::optional<Foundation::FileIdentity> identity;
+};
 
 // Of those that this application noted.
 QList<QByteArray> ownAddresses(GBookmarkFile *list)
@@ -78,26 +84,28 @@ QString RecentDocuments::listOfTheDesktop()
 
 void RecentDocuments::add(const QString &path)
 {
-    const List list = readList(m_file);
+    const SharedList shared(m_file);
+    GBookmarkFile *const list = shared.bookmarks.get();
     if (!list)
         return;
     const QByteArray address = QUrl::fromLocalFile(path).toEncoded();
-    g_bookmark_file_set_mime_type(list.get(), address.constData(), MimeType);
-    g_bookmark_file_add_application(list.get(), address.constData(), ApplicationName, CommandLine);
+    g_bookmark_file_set_mime_type(list, address.constData(), MimeType);
+    g_bookmark_file_add_application(list, address.constData(), ApplicationName, CommandLine);
     GDateTime *now = g_date_time_new_now_utc();
-    g_bookmark_file_set_visited_date_time(list.get(), address.constData(), now);
+    g_bookmark_file_set_visited_date_time(list, address.constData(), now);
     g_date_time_unref(now);
-    writeList(list.get(), m_file);
+    shared.write(m_file);
 }
 
 QStringList RecentDocuments::paths() const
 {
-    const List list = readList(m_file);
+    const SharedList shared(m_file);
+    GBookmarkFile *const list = shared.bookmarks.get();
     if (!list)
         return {};
-    QList<QByteArray> addresses = ownAddresses(list.get());
-    const auto visited = [&list](const QByteArray &address) {
-        return g_bookmark_file_get_visited_date_time(list.get(), address.constData(), nullptr);
+    QList<QByteArray> addresses = ownAddresses(list);
+    const auto visited = [list](const QByteArray &address) {
+        return g_bookmark_file_get_visited_date_time(list, address.constData(), nullptr);
     };
     std::stable_sort(addresses.begin(), addresses.end(),
                      [&](const QByteArray &left, const QByteArray &right) {
@@ -114,10 +122,18 @@ QStringList RecentDocuments::paths() const
 
 void RecentDocuments::clear()
 {
-    const List list = readList(m_file);
+    const SharedList shared(m_file);
+    GBookmarkFile *const list = shared.bookmarks.get();
     if (!list)
         return;
-    for (const QByteArray &address : ownAddresses(list.get()))
-        g_bookmark_file_remove_item(list.get(), address.constData(), nullptr);
-    writeList(list.get(), m_file);
+    const QList<QByteArray> addresses = ownAddresses(list);
+    for (const QByteArray &address : addresses) {
+        g_bookmark_file_remove_application(list, address.constData(), ApplicationName, nullptr);
+        gsize others = 0;
+        g_strfreev(g_bookmark_file_get_applications(list, address.constData(), &others, nullptr));
+        if (others == 0)
+            g_bookmark_file_remove_item(list, address.constData(), nullptr);
+    }
+    if (!addresses.isEmpty())
+        shared.write(m_file);
 }

@@ -4,8 +4,9 @@
 
 // The documents that were opened or saved lately, in the list of recently used files that all programs of the
 // desktop share (freedesktop.org, "Desktop Bookmark Specification"; recently-used.xbel in the user's data
-// folder). Nothing of it is kept elsewhere. What other programs noted there stays as it is, and a list that
-// cannot be read or written is left alone without a word: it is a convenience.
+// folder). Nothing of it is kept elsewhere. What other programs noted there stays, as far as the library
+// knows the format, and a list that cannot be read or written, or that another program changes meanwhile, is
+// left alone without a word: it is a convenience.
 class RecentDocuments
 {
 public:
