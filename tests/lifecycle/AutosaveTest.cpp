@@ -278,7 +278,11 @@ TEST_F(Autosaving, WhatSomebodyDecidedToLoseIsGoneAndNothingElse)
         EXPECT_TRUE(controller.documents().isEmpty());
         EXPECT_EQ(recoveryFiles().size(), c.isKept ? 1 : 0);
     }
+    putFile(RecoveryFile::folder() + u"/damaged.vexcards"_qs, "damaged");
+    modalAlerts.nextAnswers = {1000};
     ASSERT_EQ(controller.recoverDocuments(), 1);
+    EXPECT_EQ(modalAlerts.shown.value(0).message, u"Changes that were kept for you could not be opened.");
+    QFile::remove(RecoveryFile::folder() + u"/damaged.vexcards"_qs);
     controller.closeAllDocuments([](bool) {});
     endEvent();
     EXPECT_EQ(recoveryFiles().size(), 1) << "nobody has looked at it yet";

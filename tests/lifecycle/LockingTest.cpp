@@ -145,11 +145,18 @@ TEST_F(Locking, WhatCouldNotBeOpenedAgainIsNotLocked)
     for (int level = 0; level < 600; ++level)
         nested = Foundation::Array::create({nested});
     document->myArrayController()->arrangedObjects()[0]->setValue(RecordKey::note, nested);
-    document->lockAutomatically();
+    document->lockDocument({});
+    window->answer(1000);
     queue.drain();
     EXPECT_TRUE(document->isDecrypted());
     EXPECT_EQ(window->alert().message, u"The document “locked.vexcards” could not be locked.");
     EXPECT_EQ(document->myArray()->count(), 1);
+    window->answer(1000);
+    typeNote(u"short"_qs);
+    document->lockAutomatically();
+    queue.drain();
+    EXPECT_TRUE(document->isEncrypted());
+    EXPECT_TRUE(document->keepsRecoveryFile()) << "no hand has locked it";
 }
 
 TEST_F(Locking, TheHandAndTheClockInOneTurnLockOnce)

@@ -92,9 +92,13 @@ TEST_F(ForeignHandsTest, AFileRemovedUnderALockIsMadeAgainOnlyWhenWanted)
     EXPECT_EQ(nextAlert().value(0), u"Do you want to save the changes to the document “Shared.vexcards”?");
     press(Qt::Key_Return);
     EXPECT_EQ(nextAlert().value(0), u"The file of the document “Shared.vexcards” is no longer there.");
+    putFile(path, "made meanwhile");
+    answer(u"Save Anyway"_qs);
+    EXPECT_TRUE(nextAlert().value(0).endsWith(u"has been changed by another program."));
+    EXPECT_EQ(contentOf(path), "made meanwhile");
     answer(u"Save Anyway"_qs);
     EXPECT_TRUE(isClosed());
-    EXPECT_TRUE(QFile::exists(path));
+    EXPECT_NE(contentOf(path), "made meanwhile");
 }
 
 TEST_F(ForeignHandsTest, TwoProcessesOnOneFileHearOfEachOther)

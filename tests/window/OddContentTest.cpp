@@ -104,6 +104,9 @@ TEST_F(OddContentTest, ValuesOfOtherKindsAreShownAndKept)
     press(Qt::Key_F, Qt::ControlModifier);
     type(QStringLiteral("Ada"));
     EXPECT_EQ(names().size(), 1);
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(u"551234"_qs);
+    EXPECT_EQ(names().size(), 1) << "found by what is shown";
     press(Qt::Key_Escape);
     for (const int key : {Qt::Key_K, Qt::Key_L}) {
         press(key, Qt::ControlModifier);

@@ -109,6 +109,13 @@ TEST_F(RecentDocumentsTest, AListThatCannotBeReadIsLeftAlone)
     }
     EXPECT_EQ(many.paths().size(), 10);
     EXPECT_EQ(many.paths().value(0), pathOf(u"11 ü%.vexcards"_qs));
+
+    putFile(pathOf(u"shared.xbel"_qs), QByteArray(foreignList).replace("/home/user/letter.odt", "/tmp"));
+    RecentDocuments shared(pathOf(u"shared.xbel"_qs));
+    shared.add(u"/tmp"_qs);
+    shared.clear();
+    EXPECT_TRUE(contentOf(pathOf(u"shared.xbel"_qs)).contains("writer %u")) << "its note stays";
+    EXPECT_FALSE(contentOf(pathOf(u"shared.xbel"_qs)).contains("vexarel"));
 }
 
 } // namespace
