@@ -24,8 +24,8 @@ QByteArray fileOfAllKeys(const Value &appversion)
     for (const auto &key : {FileKey::dataArrayData, FileKey::catArrayData, FileKey::documentCreationDateData,
                             FileKey::salt, FileKey::IV, FileKey::rc, FileKey::sha1_rc, FileKey::crtnDt})
         root->setValue(key, key.name().toLatin1());
-    root->setValue(FileKey::dataArray, Array::create({Value(QStringLiteral("records"))}));
-    root->setValue(FileKey::categoryArray, Array::create({Value(QStringLiteral("categories"))}));
+    root->setValue(FileKey::dataArray, Array::create({Value(u"records"_qs)}));
+    root->setValue(FileKey::categoryArray, Array::create({Value(u"categories"_qs)}));
     // A dictionary wherever it is read as one.
     const bool perField = appversion.longValue() < 30100 && appversion.longValue() != 20303;
     root->setValue(FileKey::labelDict,
@@ -47,7 +47,7 @@ void expectLockedFace(const DocumentState &state, qint64 version)
 TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipheredFields)
 {
     const ManualClock clock(QDateTime(QDate(2011, 3, 1), QTime(12, 0), Qt::UTC));
-    for (const qint64 version : {1000, 1100, 2000, 30000}) {
+    for (const qint64 version : {1000, 1100, 2000, 2010, 20100, 20200, 20300, 20301, 20302, 20400, 30000}) {
         SCOPED_TRACE(version);
         const TestDocument document = TestDocument::fromFile(fileOfAllKeys(Value(version)));
         const DocumentState &state = document.state;
@@ -58,8 +58,8 @@ TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipheredFields)
         EXPECT_EQ(state.documentCreationDate, isOldest ? Value::date(clock.secondsSince2001()) : Value());
         EXPECT_EQ(state.myEncryptedDocumentCreationDateData, isOldest ? QByteArray() : QByteArray("crtnDt"));
         EXPECT_EQ(state.myEncriptedLabelDictionary == nullptr, isOldest);
-        EXPECT_EQ(state.myEncryptedArray->at(0).stringValue(), QStringLiteral("records"));
-        EXPECT_EQ(state.myEncryptedCategoryArray->at(0).stringValue(), QStringLiteral("categories"));
+        EXPECT_EQ(state.myEncryptedArray->at(0).stringValue(), u"records"_qs);
+        EXPECT_EQ(state.myEncryptedCategoryArray->at(0).stringValue(), u"categories"_qs);
         EXPECT_TRUE(state.mySalt.isNull());
     }
 }
@@ -70,7 +70,7 @@ TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipherArchives)
     {
         qint64 version;
         bool readsWindow;
-    } cases[] = {{30100, false}, {30200, false}, {30300, true}, {30302, true}, {30600, true}, {20303, true}};
+    } cases[] = {{30100, false}, {30200, false}, {30300, true}, {30302, true}, {20303, true}};
     for (const auto &c : cases) {
         SCOPED_TRACE(c.version);
         const TestDocument document = TestDocument::fromFile(fileOfAllKeys(Value(c.version)));
@@ -104,7 +104,7 @@ TEST(DocumentReader, ReadsTheVersionAsAnUnsignedNumber)
     } cases[] = {
         {"none is 0", Value(), ReadOutcome::Loaded, "0"},
         {"a real is cut", Value(30600.9), ReadOutcome::Loaded, "30600"},
-        {"a text is a number", QStringLiteral("30600"), ReadOutcome::Loaded, "30600"},
+        {"a text is a number", u"30600"_qs, ReadOutcome::Loaded, "30600"},
         {"data is none", QByteArray("30600"), ReadOutcome::Loaded, "0"},
         {"one too new", Value(30601), ReadOutcome::NewerFormat, "30601"},
         {"beyond 32 bits", Value(qint64(4294967296 + 30600)), ReadOutcome::NewerFormat, "4294997896"},
@@ -122,22 +122,12 @@ TEST(DocumentReader, ReadsTheVersionAsAnUnsignedNumber)
     }
 }
 
-TEST(DocumentReader, CutsTheFrameToWholeNumbers)
-{
-    auto platform = SavePipeline::platformDictionary({{10.9, -20.9, 800.5, 600.5}, true});
-    DocumentState state;
-    const QByteArray file = fileOfAllKeys(Value(30600));
-    readDocument(withKey(file, FileKey::OSXPlatformDictionary, platform), state);
-    EXPECT_EQ(state.myWinRectToUse, (Foundation::Rect{10, -20, 800, 600}));
-    EXPECT_TRUE(state.makeToolbarVisibleAtDecrypt);
-}
-
 TEST(DocumentReader, TakesValuesOfAWrongTypeForAbsent)
 {
     const QByteArray file = fileOfAllKeys(Value(30600));
     for (const auto &key : {FileKey::dataArrayData, FileKey::salt, FileKey::OSXPlatformDictionary}) {
         SCOPED_TRACE(qPrintable(key.name()));
-        for (const Value &wrong : {Value(7), Value(QStringLiteral("text")), Value(Array::create())}) {
+        for (const Value &wrong : {Value(7), Value(u"text"_qs), Value(Array::create())}) {
             DocumentState state;
             EXPECT_EQ(readDocument(withKey(file, key, wrong), state), ReadOutcome::Loaded);
             EXPECT_EQ(state.myEncryptedArrayData.isNull(), key == FileKey::dataArrayData);

@@ -6,11 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTemporaryDir>
-
 namespace
 {
 
@@ -37,68 +32,27 @@ QByteArray dataUnder(const Key &key, const QByteArray &file)
     return rootOf(file)->value(key).dataValue();
 }
 
-// Keeps log lines while it lives, instead of printing them.
-class CapturedLog
-{
-public:
-    CapturedLog()
-        : m_previous(qInstallMessageHandler(&keep))
-    {
-        lines.clear();
-    }
-    ~CapturedLog() { qInstallMessageHandler(m_previous); }
-
-    static inline QStringList lines;
-
-private:
-    static void keep(QtMsgType, const QMessageLogContext &, const QString &line) { lines << line; }
-
-    QtMessageHandler m_previous;
-};
-
 TEST(SavePipeline, WritesTheKeysOfTheCurrentLayoutAndNoOther)
 {
     TestDocument document = TestDocument::filled();
-    document.state.myiOSPlatformDictionary->setValue(u"font", QStringLiteral("Unlikely"));
+    document.state.myiOSPlatformDictionary->setValue(u"font", u"Unlikely"_qs);
     const QByteArray file = document.save();
     const Ref<Dictionary> root = rootOf(file);
     EXPECT_EQ(keysOf(*root).join(u' '),
               QStringLiteral("appversion latestPlatform dataArrayData catArrayData labelDict "
                              "documentCreationDateData salt IV rc sha1-rc OSXPlatformDictionary"));
     EXPECT_EQ(root->value(FileKey::appversion), Value(qint64(30600)));
-    EXPECT_EQ(root->value(FileKey::latestPlatform).stringValue(), QStringLiteral("OSX"));
-    for (const Key &key : bufferKeys) {
-        SCOPED_TRACE(qPrintable(key.name()));
-        EXPECT_GT(dataUnder(key, file).size(), 0);
-        EXPECT_EQ(dataUnder(key, file).size() % 16, 0);
-    }
-    EXPECT_EQ(dataUnder(FileKey::salt, file).size(), 8);
-    EXPECT_EQ(dataUnder(FileKey::IV, file).size(), 16);
-    EXPECT_GE(dataUnder(FileKey::rc, file).size(), 272);
-    EXPECT_LE(dataUnder(FileKey::rc, file).size(), 528);
-    EXPECT_EQ(dataUnder(FileKey::sha1_rc, file).size(), 20);
+    EXPECT_EQ(root->value(FileKey::latestPlatform).stringValue(), u"OSX"_qs);
 }
 
 TEST(SavePipeline, WritesTheWindowInReals)
 {
-    const struct
-    {
-        SavePipeline::WindowPlacement window;
-        const char *json;
-    } cases[] = {
-        {{{1.5, -2, 900, 600.25}, true},
-         R"({"windowRecHeight":{"$real":600.25},"windowRecWidth":{"$real":900.0},"windowRecX":{"$real":1.5},)"
-         R"("windowRecY":{"$real":-2.0},"makeToolbarVisibleAtDecrypt":true})"},
-        {{},
-         R"({"windowRecHeight":{"$real":0.0},"windowRecWidth":{"$real":0.0},"windowRecX":{"$real":0.0},)"
-         R"("windowRecY":{"$real":0.0},"makeToolbarVisibleAtDecrypt":false})"},
-    };
-    for (const auto &c : cases) {
-        TestDocument document = TestDocument::filled();
-        const auto root = rootOf(SavePipeline(document.state).dataOfType(c.window).value());
-        EXPECT_EQ(jsonOfEntries(*root->value(FileKey::OSXPlatformDictionary).dictionary()).toStdString(),
-                  c.json);
-    }
+    TestDocument document = TestDocument::filled();
+    const auto root = rootOf(SavePipeline(document.state).dataOfType({{1.5, -2, 900, 600.25}, true}).value());
+    EXPECT_EQ(
+        jsonOfEntries(*root->value(FileKey::OSXPlatformDictionary).dictionary()).toStdString(),
+        R"({"windowRecHeight":{"$real":600.25},"windowRecWidth":{"$real":900.0},"windowRecX":{"$real":1.5},)"
+        R"("windowRecY":{"$real":-2.0},"makeToolbarVisibleAtDecrypt":true})");
 }
 
 TEST(SavePipeline, TwoSavesShareNothingThatIsEncipheredOrDrawn)
@@ -113,9 +67,9 @@ TEST(SavePipeline, TwoSavesShareNothingThatIsEncipheredOrDrawn)
         EXPECT_NE(dataUnder(key, one), dataUnder(key, other)) << qPrintable(key.name());
     for (const QByteArray &file : {one, other}) {
         TestDocument reopened = TestDocument::fromFile(file);
-        EXPECT_NE(reopened.openWith(QStringLiteral("correct horsf")), 0);
+        EXPECT_NE(reopened.openWith(u"correct horsf"_qs), 0);
         EXPECT_EQ(reopened.openWith(Password), 0);
-        EXPECT_EQ(reopened.filing(), QStringLiteral("Generic 2: Ada Grace, Friends 1: Emmy"));
+        EXPECT_EQ(reopened.filing(), u"Generic 2: Ada Grace, Friends 1: Emmy"_qs);
     }
     EXPECT_EQ(document.json(), content) << "saving touched the live content";
 }
@@ -123,9 +77,9 @@ TEST(SavePipeline, TwoSavesShareNothingThatIsEncipheredOrDrawn)
 TEST(SavePipeline, NothingOfTheContentStandsInClear)
 {
     TestDocument document = TestDocument::filled();
-    const QString secret = QStringLiteral("Zyzzyva");
+    const QString secret = u"Zyzzyva"_qs;
     document.record(0)->setValue(RecordKey::note, secret);
-    document.category(1)->setValue(CategoryKey::cat_category, secret + QStringLiteral("é"));
+    document.category(1)->setValue(CategoryKey::cat_category, secret + u"é"_qs);
     document.state.myLabelDictionary->setValue(u"note", secret);
     document.state.plainPassword = secret;
     const QByteArray file = document.save();
@@ -143,7 +97,7 @@ TEST(SavePipeline, ANewPasswordTakesEffectWithTheNextSave)
     document.save();
     EXPECT_EQ(document.state.myCommonCrypto.get(), firstEngine);
 
-    const QString changed = QStringLiteral("battery staple");
+    const QString changed = u"battery staple"_qs;
     document.state.plainPassword = changed;
     TestDocument reopened = TestDocument::fromFile(document.save());
     EXPECT_EQ(document.state.myCommonCrypto->password(), changed);
@@ -157,50 +111,28 @@ TEST(SavePipeline, ANewPasswordTakesEffectWithTheNextSave)
     EXPECT_EQ(document.openWith(Password), 0);
 }
 
-TEST(SavePipeline, CopiesOfRecordsHaveTheIdOfTheirCategoryInItsPlace)
-{
-    const struct
-    {
-        const char *rule;
-        Value id;
-        qint64 stored;
-    } cases[] = {
-        {"as a long", Value(qint32(7)), 7},
-        {"beyond 32 bits", Value(qint64(1) << 40), qint64(1) << 40},
-        {"of a category without one", Value(), 0},
-        {"that is a text", QStringLiteral("12"), 12},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        TestDocument document = TestDocument::filled();
-        document.category(0)->setValue(CategoryKey::cat_uniqueID, c.id);
-        document.record(0)->setValue(RecordKey::cat_uniqueID, Value(99)); // Stale since the category changed.
-        const auto copy =
-            SavePipeline(document.state).getCopyOfContentArrayForSaveOperation()->at(0).dictionary();
-        EXPECT_EQ(copy->value(RecordKey::cat_uniqueID), Value(c.stored));
-        EXPECT_FALSE(copy->contains(RecordKey::categoryPtr));
-        EXPECT_EQ(document.record(0)->value(RecordKey::cat_uniqueID), Value(99));
-        EXPECT_EQ(document.record(0)->value(RecordKey::categoryPtr).dictionary(), document.category(0));
-    }
-}
-
-TEST(SavePipeline, CopiesShareValuesAndGainNothing)
+TEST(SavePipeline, CopiesShareValuesAndHaveTheIdOfTheirCategoryInItsPlace)
 {
     TestDocument document = TestDocument::filled();
     const auto record = document.record(0);
-    const QString longNote(100, u'n');
-    record->setValue(RecordKey::note, longNote);
-    record->setValue(RecordKey::usageCount, Value()); // As in a duplicate.
-    const SavePipeline pipeline(document.state);
-    const auto copy = pipeline.getCopyOfContentArrayForSaveOperation()->at(0).dictionary();
-    EXPECT_EQ(copy->value(RecordKey::note).sharedObject(), record->value(RecordKey::note).sharedObject());
-    EXPECT_FALSE(copy->contains(RecordKey::usageCount));
+    record->setValue(RecordKey::note, QString(100, u'n'));
+    record->setValue(RecordKey::usageCount, Value());     // As in a duplicate.
+    record->setValue(RecordKey::cat_uniqueID, Value(99)); // Stale since the category changed.
+    for (const Value &id : {Value(qint64(1) << 40), Value(), Value(u"12"_qs)}) {
+        document.category(0)->setValue(CategoryKey::cat_uniqueID, id);
+        const SavePipeline pipeline(document.state);
+        const auto copy = pipeline.getCopyOfContentArrayForSaveOperation()->at(0).dictionary();
+        EXPECT_EQ(copy->value(RecordKey::cat_uniqueID), Value(id.longValue()));
+        EXPECT_FALSE(copy->contains(RecordKey::categoryPtr));
+        EXPECT_FALSE(copy->contains(RecordKey::usageCount));
+        EXPECT_EQ(copy->value(RecordKey::note).sharedObject(), record->value(RecordKey::note).sharedObject());
+        EXPECT_EQ(record->value(RecordKey::cat_uniqueID), Value(99));
+        EXPECT_EQ(record->value(RecordKey::categoryPtr).dictionary(), document.category(0));
 
-    const auto category = pipeline.getCopyOfCategoryArrayForSaveOperation()->at(0).dictionary();
-    EXPECT_FALSE(category->contains(CategoryKey::records));
-    EXPECT_TRUE(document.category(0)->contains(CategoryKey::records));
-    EXPECT_EQ(category->value(CategoryKey::cat_backColor),
-              document.category(0)->value(CategoryKey::cat_backColor));
+        const auto category = pipeline.getCopyOfCategoryArrayForSaveOperation()->at(0).dictionary();
+        EXPECT_FALSE(category->contains(CategoryKey::records));
+        EXPECT_TRUE(document.category(0)->contains(CategoryKey::records));
+    }
 }
 
 TEST(SavePipeline, ARecordWithoutCategoryComesBackInTheFirst)
@@ -211,7 +143,7 @@ TEST(SavePipeline, ARecordWithoutCategoryComesBackInTheFirst)
     TestDocument reopened = TestDocument::fromFile(document.save());
     ASSERT_EQ(reopened.openWith(Password), 0);
     EXPECT_EQ(reopened.record(1)->value(RecordKey::cat_uniqueID), Value(qint64(0)));
-    EXPECT_EQ(reopened.filing(), QStringLiteral("Generic 2: Grace Emmy, Friends 0:"));
+    EXPECT_EQ(reopened.filing(), u"Generic 2: Grace Emmy, Friends 0:"_qs);
 }
 
 TEST(SavePipeline, AShutGateGivesALineInTheLogAndNothingElse)
@@ -219,9 +151,12 @@ TEST(SavePipeline, AShutGateGivesALineInTheLogAndNothingElse)
     TestDocument document = TestDocument::filled();
     document.lock();
     const QByteArray buffer = document.state.myEncryptedArrayData;
-    const CapturedLog log;
+    static QString logged;
+    const auto former = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &line) { logged += line; });
     EXPECT_EQ(SavePipeline(document.state).dataOfType({}), std::nullopt);
-    EXPECT_EQ(log.lines, QStringList(QStringLiteral("returned nil from dataOfType")));
+    qInstallMessageHandler(former);
+    EXPECT_EQ(logged, u"returned nil from dataOfType");
     EXPECT_EQ(document.state.myEncryptedArrayData, buffer);
 
     ASSERT_EQ(document.openWith(Password), 0);
@@ -234,7 +169,7 @@ TEST(SavePipeline, ALockedDocumentIsWrittenAsItStandsButForItsWindow)
 {
     const QByteArray file = TestDocument::filled().save();
     TestDocument document = TestDocument::fromFile(file);
-    ASSERT_NE(document.openWith(QStringLiteral("wrong")), 0);
+    ASSERT_NE(document.openWith(u"wrong"_qs), 0);
     const QByteArray again = document.save();
     EXPECT_EQ(again, withKey(file, FileKey::OSXPlatformDictionary, Value()));
     EXPECT_TRUE(SavePipeline::canBeRead(document.state));
@@ -251,12 +186,8 @@ TEST(SavePipeline, ALockedDocumentThatWasNeverTriedLosesItsKeyMaterial)
         EXPECT_EQ(dataUnder(key, ruined), dataUnder(key, file)) << qPrintable(key.name());
     for (const Key &key : keyMaterial)
         EXPECT_NE(dataUnder(key, ruined), dataUnder(key, file)) << qPrintable(key.name());
-    for (const QString &password : {Password, QStringLiteral("")})
+    for (const QString &password : {Password, u""_qs})
         EXPECT_NE(TestDocument::fromFile(ruined).openWith(password), 0);
-
-    // All keys are there, yet nobody may write this over the file.
-    EXPECT_FALSE(SavePipeline::canBeRead(document.state));
-    document.save();
     EXPECT_FALSE(SavePipeline::canBeRead(document.state));
     ASSERT_EQ(readDocument(file, document.state), ReadOutcome::Loaded);
     EXPECT_TRUE(SavePipeline::canBeRead(document.state));
@@ -284,11 +215,11 @@ TEST(SavePipeline, AMissingBufferLeavesItsKeyOutAndIsFoundByTheGuard)
     } cases[] = {
         {"no vector: nothing can be enciphered",
          [](quint64 length) { return length == 16 ? std::nullopt : std::optional(QByteArray(8, 's')); },
-         {QStringLiteral("dataArrayData"), QStringLiteral("catArrayData"), QStringLiteral("labelDict"),
-          QStringLiteral("documentCreationDateData"), QStringLiteral("IV"), QStringLiteral("rc")}},
+         {u"dataArrayData"_qs, u"catArrayData"_qs, u"labelDict"_qs, u"documentCreationDateData"_qs, u"IV"_qs,
+          u"rc"_qs}},
         {"no salt: the key is lost",
          [](quint64 length) { return length == 8 ? std::nullopt : std::optional(QByteArray(16, 'v')); },
-         {QStringLiteral("salt")}},
+         {u"salt"_qs}},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.rule);
@@ -324,40 +255,13 @@ TEST(SavePipeline, WhatNoReaderWouldTakeIsFoundByTheGuard)
 TEST(SavePipeline, DocumentsWithoutPasswordOrDateCanBeReadAgain)
 {
     TestDocument document = TestDocument::filled();
-    document.state.plainPassword = QStringLiteral("");
+    document.state.plainPassword = u""_qs;
     document.state.documentCreationDate = Value();
     TestDocument reopened = TestDocument::fromFile(document.save());
     reopened.state.documentCreationDate = Value::date(1);
-    EXPECT_EQ(reopened.openWith(QStringLiteral("")), 0);
+    EXPECT_EQ(reopened.openWith(u""_qs), 0);
     EXPECT_TRUE(reopened.state.documentCreationDate.isNull());
-    EXPECT_EQ(reopened.record(0)->value(RecordKey::firstName).stringValue(), QStringLiteral("Ada"));
-}
-
-// Another program deciphers our file and reads the archives in it by the public description of the format.
-TEST(SavePipeline, AnotherProgramReadsWhatWasSaved)
-{
-    const QString python = QStringLiteral("/usr/bin/python3");
-    if (!QFile::exists(python) || QStandardPaths::findExecutable(QStringLiteral("openssl")).isEmpty())
-        GTEST_SKIP() << "needs " << qPrintable(python) << " and openssl";
-    TestDocument document =
-        TestDocument::fromFile(sampleBytes(QStringLiteral("records-extra-types.vexcards")));
-    ASSERT_EQ(document.openWith(Password), 0);
-    document.state.plainPassword = QStringLiteral("pässwörd😀");
-
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("saved.vexcards")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(document.save());
-    file.close();
-    QProcess reader;
-    reader.start(python, {QStringLiteral(VEXAREL_SOURCE_DIR "/tests/core/read_document.py"), file.fileName(),
-                          document.state.plainPassword});
-    ASSERT_TRUE(reader.waitForFinished());
-    EXPECT_EQ(reader.readAllStandardError().toStdString(), "");
-    // That program knows one kind of reals.
-    EXPECT_EQ(
-        jsonLines(reader.readAllStandardOutput()),
-        jsonLines(QByteArray::fromStdString(document.json()).replace('\n', "").replace("$real32", "$real")));
+    EXPECT_EQ(reopened.record(0)->value(RecordKey::firstName).stringValue(), u"Ada"_qs);
 }
 
 } // namespace

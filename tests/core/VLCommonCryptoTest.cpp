@@ -73,57 +73,39 @@ private:
     }
 };
 
-struct KnownAnswer
+TEST(VLCommonCrypto, GivesTheBytesOfOtherPrograms)
 {
-    QByteArray line;
-    QString password;
-    QByteArray salt, vector, plain, key, cipher;
-};
-
-QList<KnownAnswer> knownAnswers()
-{
-    QList<KnownAnswer> answers;
     QFile vectors(QStringLiteral(VEXAREL_TEST_DATA "/cipher-vectors.txt"));
-    EXPECT_TRUE(vectors.open(QIODevice::ReadOnly));
+    ASSERT_TRUE(vectors.open(QIODevice::ReadOnly));
+    int checked = 0;
     while (!vectors.atEnd()) {
         const QByteArray line = vectors.readLine().trimmed();
         const QList<QByteArray> columns = line.split(' ');
         if (line.startsWith('#') || columns.size() != 6)
             continue;
+        ++checked;
+        SCOPED_TRACE(line.left(120).constData());
         QByteArray plain(columns[3].toLongLong(), '\0');
         for (qsizetype i = 0; i < plain.size(); ++i)
             plain[i] = char((7 * i + 3) % 251);
-        answers.append({line.left(120), QString::fromUtf8(QByteArray::fromHex(columns[0])),
-                        QByteArray::fromHex(columns[1]), QByteArray::fromHex(columns[2]), plain,
-                        QByteArray::fromHex(columns[4]), columns[5]});
-    }
-    return answers;
-}
-
-TEST(VLCommonCrypto, GivesTheBytesOfOtherPrograms)
-{
-    const QList<KnownAnswer> answers = knownAnswers();
-    EXPECT_EQ(answers.size(), 31);
-    for (const KnownAnswer &answer : answers) {
-        SCOPED_TRACE(answer.line.constData());
-        VLCommonCrypto engine = engineFor(answer.password, answer.vector, answer.salt);
-        const QByteArray cipher = enciphered(engine, answer.plain);
-        EXPECT_EQ(engine.AESKey(), answer.key);
-        EXPECT_EQ(cipher.size(), 16 * (answer.plain.size() / 16 + 1));
-        if (answer.cipher.startsWith("sha1:"))
-            EXPECT_EQ("sha1:" + VLCommonCrypto::dataSHA1(cipher).value_or(QByteArray()).toHex(),
-                      answer.cipher);
+        VLCommonCrypto engine = engineFor(QString::fromUtf8(QByteArray::fromHex(columns[0])),
+                                          QByteArray::fromHex(columns[2]), QByteArray::fromHex(columns[1]));
+        const QByteArray cipher = enciphered(engine, plain);
+        EXPECT_EQ(engine.AESKey(), QByteArray::fromHex(columns[4]));
+        if (columns[5].startsWith("sha1:"))
+            EXPECT_EQ("sha1:" + VLCommonCrypto::dataSHA1(cipher).value_or(QByteArray()).toHex(), columns[5]);
         else
-            EXPECT_EQ(cipher.toHex(), answer.cipher);
-
+            EXPECT_EQ(cipher.toHex(), columns[5]);
         qint32 error = 1;
-        const std::optional<QByteArray> plain = engine.decrypt(cipher, &error);
+        const std::optional<QByteArray> back = engine.decrypt(cipher, &error);
         EXPECT_EQ(error, CipherSuccess);
-        EXPECT_TRUE(plain == answer.plain);
-        EXPECT_FALSE(plain && plain->isNull()) << "empty is not nothing";
+        EXPECT_TRUE(back == plain);
+        EXPECT_FALSE(back && back->isNull()) << "empty is not nothing";
     }
+    EXPECT_EQ(checked, 31);
 }
 
+// What the known answers leave open.
 TEST(VLCommonCrypto, CutsTheSecretToTheUnitsOfThePassword)
 {
     const struct
@@ -132,16 +114,9 @@ TEST(VLCommonCrypto, CutsTheSecretToTheUnitsOfThePassword)
         QString one, other;
         bool sameKey;
     } cases[] = {
-        {"an accent costs the last letter", u"Zürichsee"_qs, u"Zürichsea"_qs, true},
-        {"but no more than that", u"Zürichsee"_qs, u"Zürichsae"_qs, false},
-        {"the accent itself counts", u"Zürichsee"_qs, u"Zurichsee"_qs, false},
-        {"ASCII counts to its last letter", u"secret"_qs, u"secreT"_qs, false},
-        {"Cyrillic counts by half", u"парад"_qs, u"парус"_qs, true},
-        {"an emoji gives two of its four bytes", u"😀"_qs, u"🚀"_qs, true},
         {"a letter may be cut within", u"aé"_qs, u"aê"_qs, true},
         {"a NUL doesn't end it", QString(QLatin1String("a\0b", 3)), QString(QLatin1String("a\0c", 3)), false},
         {"half a pair alone is a question mark", QString(QChar(0xD83D)), u"?"_qs, true},
-        {"so is each of many", QString(3, QChar(0xDE00)), u"???"_qs, true},
         {"none is the same as empty", QString(), u""_qs, true},
     };
     for (const auto &c : cases)
@@ -183,7 +158,7 @@ TEST(VLCommonCrypto, RefusesWhatIsCutOrDoesNotBelongTogether)
             << length;
     EXPECT_EQ(ERR_peek_error(), 0u); // Nothing is left for the next user of the library.
 
-    for (const QByteArray &vector : {QByteArray(), QByteArray(""), Vector.left(1), Vector.left(15)}) {
+    for (const QByteArray &vector : {QByteArray(), Vector.left(15)}) {
         SCOPED_TRACE(vector.size());
         engine.setIV(vector);
         EXPECT_EQ(failureOfEnciphering(engine), CipherParameterError);
@@ -192,11 +167,7 @@ TEST(VLCommonCrypto, RefusesWhatIsCutOrDoesNotBelongTogether)
     engine.setIV(Vector + "more");
     EXPECT_EQ(enciphered(engine, QByteArray(40, 'A')), cipher);
 
-    const std::pair<QString, QByteArray> others[] = {{u"Secret"_qs, Salt},
-                                                     {QString(), Salt},
-                                                     {u"secret"_qs, QByteArray::fromHex("0102030405060709")},
-                                                     {u"secret"_qs, Salt.left(4)},
-                                                     {u"secret"_qs, QByteArray()}};
+    const std::pair<QString, QByteArray> others[] = {{u"Secret"_qs, Salt}, {u"secret"_qs, Salt.left(4)}};
     for (const auto &[password, salt] : others) {
         engine.setPasswordToDecrypt(password, Vector, salt);
         EXPECT_EQ(failureOfDeciphering(engine, cipher), CipherDecodeError) << qPrintable(password);
@@ -213,16 +184,9 @@ TEST(VLCommonCrypto, ObeysTheOptionWord)
         EXPECT_EQ(padding, 1u) << "it is settled when enciphering";
     }
     // Deciphering takes it as given; one block under a vector of zeros needs no chain.
-    const QByteArray withPadding = QByteArray("contacts") + QByteArray(8, '\x08');
-    for (const quint32 word : {0u, 1u, 2u, 3u}) {
-        SCOPED_TRACE(word);
-        quint32 padding = word;
-        qint32 error = 1;
-        EXPECT_EQ(engine.doCipher(cipher, {}, CipherDecrypt, &padding, &error),
-                  word & CipherPKCS7Padding ? "contacts" : withPadding);
-        EXPECT_EQ(error, CipherSuccess);
-        EXPECT_EQ(padding, word);
-    }
+    for (quint32 padding : {0u, 1u, 2u, 3u})
+        EXPECT_EQ(engine.decrypt(cipher, QByteArray(), &padding)->size(),
+                  padding & CipherPKCS7Padding ? 8 : 16);
     // Word two neither chains nor pads. Chaining begins by adding the vector, so with zeros its first block
     // is the bare cipher's.
     const QByteArray block = "sixteen letters!";
@@ -232,13 +196,8 @@ TEST(VLCommonCrypto, ObeysTheOptionWord)
     engine.setIV(QByteArray());
     EXPECT_EQ(engine.doCipher(block + block, {}, CipherEncrypt, &padding, &error), bareBlock + bareBlock);
     EXPECT_EQ(engine.doCipher(bareBlock + bareBlock, {}, CipherDecrypt, &padding, &error), block + block);
-    EXPECT_EQ(engine.doCipher(QByteArray(), {}, CipherEncrypt, &padding, &error), QByteArray(""));
-    EXPECT_EQ(error, CipherSuccess);
-    EXPECT_EQ(padding, 2u);
-    for (const qsizetype length : {1, 15}) {
-        EXPECT_EQ(engine.doCipher(block.left(length), {}, CipherEncrypt, &padding, &error), std::nullopt);
-        EXPECT_EQ(error, CipherAlignmentError);
-    }
+    EXPECT_EQ(engine.doCipher(block.left(15), {}, CipherEncrypt, &padding, &error), std::nullopt);
+    EXPECT_EQ(error, CipherAlignmentError);
     constexpr auto UnknownOperation = 2;
     EXPECT_EQ(engine.doCipher(block, {}, UnknownOperation, &padding, &error), std::nullopt);
     EXPECT_EQ(error, CipherParameterError);

@@ -57,9 +57,9 @@ class Archive:
         return self.value(self.root)
 
 
-def decipher(root, name, key):
-    command = ["openssl", "enc", "-d", "-aes-256-cbc", "-K", key.hex(), "-iv", root["IV"].hex()]
-    return subprocess.run(command, input=root[name], capture_output=True, check=True).stdout
+def decipher(data, name, key):
+    command = ["openssl", "enc", "-d", "-aes-256-cbc", "-K", key.hex(), "-iv", data["IV"].hex()]
+    return subprocess.run(command, input=data[name], capture_output=True, check=True).stdout
 
 
 def key_for(password, salt):
@@ -67,26 +67,18 @@ def key_for(password, salt):
     return hashlib.pbkdf2_hmac("sha1", password.encode("utf-8")[:units], salt, 10000, 32)
 
 
-def clear_values(file):
-    """The root of the file as plain Python values."""
-    archive = Archive(file)
-    root = archive.objects[archive.root.data]
-    assert archive.class_of(root) == "NSMutableDictionary"
-    keys = [archive.objects[uid.data] for uid in root["NS.keys"]]
-    return dict(zip(keys, (archive.objects[uid.data] for uid in root["NS.objects"]), strict=True))
-
-
 def main(path, password):
     with open(path, "rb") as file:
-        root = clear_values(file.read())
-    assert root["appversion"] == 30600 and root["latestPlatform"] == "OSX"
-    assert len(root["salt"]) == 8 and len(root["IV"]) == 16
-    key = key_for(password, root["salt"])
-    assert hashlib.sha1(decipher(root, "rc", key)).digest() == root["sha1-rc"]
+        root = Archive(file.read()).root_value()["$dict"]
+    assert root["appversion"] == {"$int": "30600"} and root["latestPlatform"] == "OSX"
+    data = {name: base64.b64decode(value["$data"]) for name, value in root.items() if "$data" in value}
+    assert len(data["salt"]) == 8 and len(data["IV"]) == 16
+    key = key_for(password, data["salt"])
+    assert hashlib.sha1(decipher(data, "rc", key)).digest() == data["sha1-rc"]
 
     contents = {}
     for name in ("dataArrayData", "catArrayData", "labelDict", "documentCreationDateData"):
-        contents[name] = Archive(decipher(root, name, key)).root_value()
+        contents[name] = Archive(decipher(data, name, key)).root_value()
     categories = [category["$dict"] for category in contents["catArrayData"]]
     ids = [category["cat_uniqueID"] for category in categories]
     records = []
