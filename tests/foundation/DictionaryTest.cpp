@@ -62,18 +62,6 @@ TEST(Dictionary, FindsEveryKeyOnBothSidesOfItsIndex)
     }
 }
 
-TEST(Dictionary, CopiesShallowly)
-{
-    const auto inner = numberedDictionary(1);
-    const auto original = Dictionary::create();
-    original->setValue(u"inner", Value(inner));
-    const auto copy = original->copy();
-    copy->setValue(u"own", Value(1));
-    inner->setValue(u"key0", Value(5));
-    EXPECT_EQ(describe(Value(copy)), "{inner={key0=i32:5} own=i32:1}");
-    EXPECT_FALSE(original->contains(Key(u"own")));
-}
-
 TEST(Dictionary, FollowsDottedPaths)
 {
     const auto root = Dictionary::create();

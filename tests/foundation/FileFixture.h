@@ -1,12 +1,11 @@
 #pragma once
 
 #include "support/ChildProcess.h"
+#include "support/Files.h"
 #include "support/Printers.h"
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <functional>
@@ -31,18 +30,11 @@ protected:
     // Writes in place, by other means than those under test.
     void put(const QString &name, const QByteArray &bytes, mode_t mode = 0600)
     {
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
-        file.close();
+        putFile(path(name), bytes);
         ASSERT_EQ(chmod(encoded(name).constData(), mode), 0);
     }
 
-    QByteArray content(const QString &name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray content(const QString &name) const { return contentOf(path(name)); }
 
     struct stat status(const QString &name) const
     {

@@ -68,25 +68,24 @@ TEST(KeyedArchive, ReadsEachClassInEachForm)
          },
          "[\"$null\" \"\"]"},
         {"bare number", bare([](auto &list) { return list.integer(7, 2); }), "i64:7"},
-        {"bare boolean", bare([](auto &list) { return list.add("\x09"); }), "true"},
-        {"bare real", bare([](auto &list) { return list.real32(-0.5F); }), "f32:-0x1p-1"},
-        {"bare data", bare([](auto &list) { return list.data("ab"); }), "<6162>"},
         {"bare date", bare([](auto &list) { return list.date(-1.5); }), "date:-0x1.8p+0"},
         {"text in a field", made("NSString", "NS.string", [](Builder &a) { return a.list.units(u"\u00e9"); }),
          "\"\\u00e9\""},
         {"text behind a field",
          made("NSString", "NS.string", [](Builder &a) { return a.referenceTo(a.text("b")); }), "\"b\""},
+        {"characters of a styled text",
+         made("NSAttributedString", "NSString", [](Builder &a) { return a.referenceTo(a.text("s")); }),
+         "\"s\""},
         {"UTF-8 in a field", made("NSString", "NS.bytes", [](Builder &a) { return a.list.data("\xC3\xA9"); }),
          "\"\\u00e9\""},
-        {"no bytes", made("NSString", "NS.bytes", [](Builder &a) { return a.list.data(""); }), "\"\""},
         {"a number for a text",
          made("NSString", "NS.string", [](Builder &a) { return a.list.integer(1, 1); }), "refused"},
-        {"null for a text", made("NSString", "NS.string", [](Builder &a) { return a.referenceTo(0); }),
-         "refused"},
         {"a text without a field", made("NSString", "NS.other", [](Builder &a) { return a.list.ascii("a"); }),
          "refused"},
         {"data in a field", made("NSData", "NS.data", [](Builder &a) { return a.list.data("ab"); }),
          "<6162>"},
+        {"a number for data", made("NSData", "NS.data", [](Builder &a) { return a.list.integer(1, 1); }),
+         "refused"},
         {"data behind a field",
          made("NSData", "NS.data", [](Builder &a) { return a.referenceTo(a.place(a.list.data(""))); }), "<>"},
         {"data by its other name", made("NSData", "NS.bytes", [](Builder &a) { return a.list.data("ab"); }),
@@ -97,19 +96,14 @@ TEST(KeyedArchive, ReadsEachClassInEachForm)
         {"date of a text", made("NSDate", "NS.time", [](Builder &a) { return a.list.ascii("3"); }),
          "refused"},
         {"array", ofClass("NSArray"), "[\"x\"]"},
-        {"mutable array", ofClass("NSMutableArray"), "[\"x\"]"},
         {"mutable data", ofClass("NSMutableData"), "<79>"},
         {"null", ofClass("NSNull"), "nil"},
         {"unknown class", ofClass("NSSet"), "refused"},
         {"subclass", ofClass("VLList", "NSMutableArray"), "[\"x\"]"},
-        {"subclass of an unknown class", ofClass("VLList", "VLObject"), "refused"},
-        {"the null object as class", [](Builder &a) { return a.place(a.instance({}, 0)); }, "refused"},
         {"a text as class", [](Builder &a) { return a.place(a.instance({}, a.text("NSNull"))); }, "refused"},
         {"a class that is not there", [](Builder &a) { return a.place(a.instance({}, 99)); }, "refused"},
-        {"a class as root", [](Builder &a) { return a.describedClass("NSArray"); }, "refused"},
         {"a dictionary without class", bare([](auto &list) { return list.dictionary({}, {}); }), "refused"},
         {"a bare array", bare([](auto &list) { return list.array({}); }), "refused"},
-        {"a bare UID", bare([](auto &list) { return list.uid(1); }), "refused"},
         {"a UID that is not there", [](Builder &a) { return a.nextUid(); }, "refused"},
         {"dictionary",
          [](Builder &a) {
@@ -122,9 +116,9 @@ TEST(KeyedArchive, ReadsEachClassInEachForm)
          },
          "{k=\"w\"}"},
         {"fewer values than keys", [](Builder &a) { return a.dictionary({a.text("k")}, {}); }, "refused"},
+        {"fewer keys than values", [](Builder &a) { return a.dictionary({}, {0}); }, "refused"},
         {"a key that is no text",
          [](Builder &a) { return a.dictionary({a.place(a.list.integer(1, 1))}, {0}); }, "refused"},
-        {"the null object as key", [](Builder &a) { return a.dictionary({0}, {0}); }, "refused"},
     };
     for (const auto &c : cases)
         EXPECT_EQ(unarchived(c.build), c.description) << c.rule;
@@ -143,11 +137,9 @@ TEST(KeyedArchive, NeedsTheFrameOfAnArchive)
     } cases[] = {
         {"as it should be", top + objects, "\"a\""},
         {"no objects", top, "refused"},
-        {"not even the null object", top + "<key>$objects</key><array/>", "refused"},
         {"objects that are no list", top + "<key>$objects</key>" + "<string>a</string>", "refused"},
         {"no top", objects, "refused"},
         {"a top that is no dictionary", objects + "<key>$top</key><array/>", "refused"},
-        {"no root", objects + "<key>$top</key><dict/>", "refused"},
         {"a root that is no reference",
          objects + "<key>$top</key><dict><key>root</key><integer>1</integer></dict>", "refused"},
     };
@@ -169,14 +161,8 @@ TEST(KeyedArchive, GivesBackWhatWasArchived)
     const auto list = [](std::vector<Value> values) { return Value(Array::create(std::move(values))); };
     const Value cases[] = {
         {},
-        Value(false),
-        list({Value(true), Value(false), Value(true)}),
-        list({Value(0L), Value(255L), Value(256L), Value(-1L), Value(0x7FFF'FFFFL), Value(1L << 32)}),
-        list({Value(std::numeric_limits<qint64>::min()), Value(quint64(1) << 63)}),
         list({Value(1.5F), Value(0.1), Value(-0.0), Value(-0.0F), Value(5e-324), Value(std::nan(""))}),
-        list({Value(Infinity), Value(-std::numeric_limits<float>::infinity())}),
         list({Value::date(-0.5), Value::date(0), Value::date(1e12 + 0.125), Value::date(Infinity)}),
-        texts({u"", u"14 characters.", u"15 characters..", u"7 unit\u00e9", u"8 units\u00e9", u"$null"}),
         texts({u"a\r\nb\r", u"\ufeffx", u"e\u0301", u"\xD800", u"\xDC00\xD800", {u"\u00e9\0 long text", 12}}),
         list({Value(QByteArray("")), Value(QByteArray("\0\xFF", 2)), Value(QByteArray(300, 'x'))}),
         Value(inner),
@@ -206,10 +192,6 @@ TEST(KeyedArchive, WritesSharedObjectsOnceAndKeepsThemShared)
     }
     const QByteArray bytes = archivedData(Value(Array::create({Value(first), Value(second), Value(first)})));
     EXPECT_EQ(bytes.count("a note of"), 1);
-    const auto list = readPropertyList(bytes);
-    ASSERT_TRUE(list);
-    // Null, the list, two records, three keys, the category, the note, two classes.
-    EXPECT_EQ(list->dictionary()->value(u"$objects").array()->count(), 11);
     const auto root = unarchivedRoot(bytes);
     ASSERT_TRUE(root);
     const auto records = root->array();
@@ -256,50 +238,35 @@ std::optional<QByteArray> throughProgram(const QString &program, const QStringLi
     return process.readAllStandardOutput();
 }
 
-Value smallDocument()
+TEST(KeyedArchive, WritesTheFrameAndTheClassesOfThePublicFormat)
+{
+    const auto record = Dictionary::create();
+    record->setValue(u"created", Value::date(-1.5));
+    record->setValue(u"nil", Value::archivedNull());
+    EXPECT_EQ(
+        describe(readPropertyList(archivedData(Value(Array::create({Value(record)}))))),
+        R"({$version=i64:100000 $archiver="NSKeyedArchiver" $top={root={CF$UID=i64:1}} $objects=["$null" )"
+        R"({NS.objects=[{CF$UID=i64:2}] $class={CF$UID=i64:8}} {NS.keys=[{CF$UID=i64:3} {CF$UID=i64:4}] )"
+        R"(NS.objects=[{CF$UID=i64:5} {CF$UID=i64:6}] $class={CF$UID=i64:7}} "created" "nil" )"
+        R"({NS.time=f64:-0x1.8p+0 $class={CF$UID=i64:9}} {$class={CF$UID=i64:10}} )"
+        R"({$classname="NSMutableDictionary" $classes=["NSMutableDictionary" "NSDictionary" "NSObject"]} )"
+        R"({$classname="NSMutableArray" $classes=["NSMutableArray" "NSArray" "NSObject"]} )"
+        R"({$classname="NSDate" $classes=["NSDate" "NSObject"]} )"
+        R"({$classname="NSNull" $classes=["NSNull" "NSObject"]}]})");
+}
+
+// Other writers choose other widths, orders and ways to share.
+TEST(KeyedArchive, ReadsWhatIndependentWritersMakeOfIt)
 {
     const auto record = Dictionary::create();
     record->setValue(u"name", Value(u"Z\u00fcrich \U0001F600"_qs));
     record->setValue(u"created", Value::date(-1.5));
     record->setValue(u"isCompany", Value(true));
     record->setValue(u"large", Value(quint64(1) << 63));
-    record->setValue(u"negative", Value(qint64(-3)));
     record->setValue(u"half", Value(0.5));
-    record->setValue(u"nil", Value::archivedNull());
     record->setValue(u"salt", Value(QByteArray("\x00\xFF", 2)));
-    return Value(Array::create({Value(record), Value(record), Value(u""_qs)}));
-}
-
-TEST(KeyedArchive, IsReadByAnIndependentReader)
-{
-    const QString script =
-        u"import json, plistlib, sys\n"
-        "def plain(x): return {'UID': x.data} if isinstance(x, plistlib.UID) else x.hex()\n"
-        "print(json.dumps(plistlib.loads(sys.stdin.buffer.read()), default=plain))"_qs;
-    const auto json =
-        throughProgram(u"/usr/bin/python3"_qs, {u"-c"_qs, script}, archivedData(smallDocument()));
-    if (!json)
-        GTEST_SKIP() << "no python3 here";
-    EXPECT_EQ(
-        json->trimmed().toStdString(),
-        R"({"$version": 100000, "$archiver": "NSKeyedArchiver", "$top": {"root": {"UID": 1}}, "$objects": [)"
-        R"("$null", {"NS.objects": [{"UID": 2}, {"UID": 2}, {"UID": 3}], "$class": {"UID": 21}}, )"
-        R"({"NS.keys": [{"UID": 4}, {"UID": 5}, {"UID": 6}, {"UID": 7}, {"UID": 8}, {"UID": 9}, {"UID": 10}, )"
-        R"({"UID": 11}], "NS.objects": [{"UID": 12}, {"UID": 13}, {"UID": 14}, {"UID": 15}, {"UID": 16}, )"
-        R"({"UID": 17}, {"UID": 18}, {"UID": 19}], "$class": {"UID": 20}}, )"
-        R"("", "name", "created", "isCompany", "large", "negative", "half", "nil", "salt", )"
-        R"("Z\u00fcrich \ud83d\ude00", {"NS.time": -1.5, "$class": {"UID": 22}}, true, 9223372036854775808, )"
-        R"(-3, 0.5, {"$class": {"UID": 23}}, "00ff", )"
-        R"({"$classname": "NSMutableDictionary", "$classes": ["NSMutableDictionary", "NSDictionary", "NSObject"]}, )"
-        R"({"$classname": "NSMutableArray", "$classes": ["NSMutableArray", "NSArray", "NSObject"]}, )"
-        R"({"$classname": "NSDate", "$classes": ["NSDate", "NSObject"]}, )"
-        R"({"$classname": "NSNull", "$classes": ["NSNull", "NSObject"]}]})");
-}
-
-// Other writers choose other widths, orders and ways to share.
-TEST(KeyedArchive, ReadsWhatIndependentWritersMakeOfIt)
-{
-    const QByteArray bytes = archivedData(smallDocument());
+    const Value document(Array::create({Value(record), Value(record), Value(u""_qs), Value::archivedNull()}));
+    const QByteArray bytes = archivedData(document);
     const QString script = u"import plistlib, sys\n"
                            "archive = plistlib.loads(sys.stdin.buffer.read())\n"
                            "sys.stdout.buffer.write(plistlib.dumps(archive, fmt=plistlib.FMT_BINARY))"_qs;
@@ -310,7 +277,7 @@ TEST(KeyedArchive, ReadsWhatIndependentWritersMakeOfIt)
     for (const auto &file : rewritten) {
         if (!file)
             GTEST_SKIP() << "no python3 or no plistutil here";
-        EXPECT_EQ(describe(unarchivedRoot(*file)), describe(smallDocument())) << file->left(200).constData();
+        EXPECT_EQ(describe(unarchivedRoot(*file)), describe(document)) << file->left(200).constData();
     }
 }
 

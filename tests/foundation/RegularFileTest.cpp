@@ -3,8 +3,6 @@
 #include "support/FaultyFileSystem.h"
 
 #include <sys/resource.h>
-#include <sys/socket.h>
-#include <sys/un.h>
 
 using namespace Foundation;
 
@@ -13,16 +11,6 @@ namespace
 
 class RegularFile : public FileFixture
 {
-protected:
-    void makeSocket(const QString &name)
-    {
-        sockaddr_un address = {};
-        address.sun_family = AF_UNIX;
-        qstrncpy(address.sun_path, encoded(name).constData(), sizeof address.sun_path);
-        const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
-        ASSERT_EQ(bind(socket, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
-        close(socket);
-    }
 };
 
 TEST_F(RegularFile, ReadsWholeFilesWithinTheLimitAndNothingElse)
@@ -34,7 +22,6 @@ TEST_F(RegularFile, ReadsWholeFilesWithinTheLimitAndNothingElse)
     QFile::link(u"nothing"_qs, path(u"dangling"_qs));
     QFile::link(u"circle"_qs, path(u"circle"_qs));
     mkfifo(encoded(u"fifo"_qs).constData(), 0600);
-    makeSocket(u"socket"_qs);
     const QString special = u"It is a folder, a device or another special file."_qs;
     const QString missing = u"The file does not exist."_qs;
     const QString badName = u"The name contains characters that a file name cannot have."_qs;
@@ -55,7 +42,6 @@ TEST_F(RegularFile, ReadsWholeFilesWithinTheLimitAndNothingElse)
         {"a file taken for a folder", u"ten/x"_qs, {}, missing},
         {"a folder", u"."_qs, {}, special},
         {"a FIFO that nobody writes", u"fifo"_qs, {}, special},
-        {"a socket", u"socket"_qs, {}, special},
         {"a device without an end", u"/dev/zero"_qs, {}, special},
         {"half a surrogate pair", u"ten"_qs + QChar(0xD83D), {}, badName},
         {"a null character", u"ten"_qs + QChar(0), {}, badName},
@@ -113,28 +99,22 @@ TEST_F(RegularFile, NeverMixesTwoVersions)
 class LyingFileSystem : public FileSystem
 {
 public:
-    explicit LyingFileSystem(off_t surplus)
-        : m_surplus(surplus)
-    {
-    }
+    off_t surplus = 0;
     int fstat(int file, struct stat *status) override
     {
         const int told = FileSystem::fstat(file, status);
-        status->st_size += m_surplus;
+        status->st_size += surplus;
         return told;
     }
-
-private:
-    const off_t m_surplus;
 };
 
 TEST_F(RegularFile, BelievesNoLength)
 {
     put(u"file"_qs, "0123456789");
-    for (const off_t surplus : {-10, -1, 1, 10}) {
-        SCOPED_TRACE(surplus);
-        LyingFileSystem files(surplus);
-        EXPECT_FALSE(readRegularFile(path(u"file"_qs), 100, files).succeeded());
+    LyingFileSystem files;
+    for (const off_t surplus : {-1, 1}) {
+        files.surplus = surplus;
+        EXPECT_FALSE(readRegularFile(path(u"file"_qs), 100, files).succeeded()) << surplus;
     }
 }
 
