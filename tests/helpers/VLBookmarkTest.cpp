@@ -28,31 +28,7 @@ struct Bookmarks : testing::Test
     }
 };
 
-QByteArray bigEndian(quint64 number, int bytes)
-{
-    return QByteArray::fromHex(QByteArray::number(number, 16).rightJustified(bytes * 2, '0'));
-}
-
 } // namespace
-
-TEST_F(Bookmarks, HaveTheirDocumentedLayout)
-{
-    const auto identity = PersistentFileId::ofFile(file.toLocalFile());
-    ASSERT_TRUE(identity);
-    const QByteArray identityBytes = bigEndian(identity->device, 8) + bigEndian(identity->inode, 8) +
-                                     bigEndian(quint64(identity->birthInNanoseconds), 8);
-    const QByteArray path = file.toLocalFile().toUtf8();
-    const QByteArray relative = u"photo \u00FC%"_qs.toUtf8();
-    const auto layout = [&](quint64 options, const QByteArray &pathFromDocument) {
-        return "VXBF" + bigEndian(1, 1) + bigEndian(options, 4) + identityBytes +
-               bigEndian(quint64(path.size()), 4) + path + bigEndian(quint64(pathFromDocument.size()), 4) +
-               pathFromDocument;
-    };
-    EXPECT_EQ(VLBookmark::bookmarkForURL_RO(file), layout(6144, ""));
-    EXPECT_EQ(VLBookmark::bookmarkForURL_RW(file), layout(2048, ""));
-    EXPECT_EQ(VLBookmark::docBookmarkForURL_RO(file, document), layout(6144, relative));
-    EXPECT_EQ(VLBookmark::docBookmarkForURL_RW(file, document), layout(2048, "")) << "belongs to no document";
-}
 
 TEST_F(Bookmarks, AreStaleWhenAnotherFileStandsAtThePath)
 {

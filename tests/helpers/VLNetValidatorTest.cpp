@@ -19,7 +19,8 @@ constexpr Validator Numeric = VLNetValidator::isNumericDomain;
 
 } // namespace
 
-TEST(NetValidator, JudgesByItsPatterns)
+// What the patterns do not say; the texts themselves are compared with them below.
+TEST(NetValidator, TrimsBlanksAndTakesSeveralAddresses)
 {
     const struct
     {
@@ -28,19 +29,12 @@ TEST(NetValidator, JudgesByItsPatterns)
         QString text;
         bool valid;
     } cases[] = {
-        {"an address", Email, u"anna.b+c%d_e-f@mail.example.org"_qs, true},
         {"blanks around it", Email, u"  a@b.co "_qs, true},
-        {"the whole text", Email, u"Anna <a@b.co>"_qs, false},
-        {"six letters on top", Email, u"a@b.museum"_qs, true},
-        {"one letter on top", Email, u"a@b.c"_qs, false},
         {"null", Email, QString(), false},
         {"several", Emails, u"a@b.co, c@d.org "_qs, true},
         {"a piece of blanks", Emails, u"a@b.co, "_qs, false},
         {"one bad piece", Emails, u"a@b.co,c"_qs, false},
         {"nothing at all", Emails, u""_qs, true},
-        {"a domain", Domain, u" www.a--b.Example-1.org "_qs, true},
-        {"a hyphen at an end", Domain, u"a-.org"_qs, false},
-        {"a line end behind it", Domain, u"a.org\n"_qs, false},
         {"four numbers", Numeric, u" 127.10.00.999 "_qs, true},
         {"a digit of another script", Numeric, u"12.12.12.1\u0661"_qs, false},
     };
@@ -87,11 +81,8 @@ TEST(NetValidator, JudgesHostileLengths)
         Validator isValid;
         QString body, validEnd, invalidEnd;
     } cases[] = {
-        {"one mailbox", Email, QString(Length, u'a'), u"@b.co"_qs, u"@b"_qs},
         {"tops in a row", Email, u"a@"_qs + u"b.cccccc"_qs.repeated(Length), u".co"_qs, u"!"_qs},
-        {"hyphens", Domain, u"a-"_qs.repeated(Length), u"a.org"_qs, u".org"_qs},
         {"hyphens in a row", Domain, u"a"_qs + QString(Length, u'-'), u"a.org"_qs, u".org"_qs},
-        {"labels", Domain, u"a."_qs.repeated(Length), u"org"_qs, u"o"_qs},
         {"one number", Numeric, QString(Length, u'2'), u".10.10.10"_qs, u".10.10"_qs},
     };
     for (const auto &c : cases) {

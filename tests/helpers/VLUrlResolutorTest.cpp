@@ -29,27 +29,18 @@ TEST_F(UrlResolutor, WorksOutWhatTheUserTyped)
         {"blanks around a scheme", u"  https://a.example/?y=1#z  "_qs, {u"https://a.example/?y=1#z"_qs}},
         {"no scheme", u"a.example/x "_qs, {u"http://a.example/x"_qs}},
         {"a scheme that no program takes", u"telnet://host"_qs, {u"http://telnet//host"_qs}},
-        {"no scheme, a blank before ends up inside", u" a.example"_qs, {}},
         {"a mail address", u" anna@mail.example.org "_qs, {u"mailto:anna@mail.example.org"_qs}},
         {"the mail scheme", u"mailto:anna@b.co?subject=Hi"_qs, {u"mailto:anna@b.co?subject=Hi"_qs}},
         {"a feed", u"feed://a.example/f"_qs, {u"feed://a.example/f"_qs}},
-        {"capitals are no scheme", u"HTTP://a.example"_qs, {u"http://http//a.example"_qs}},
         {"a file that is not there", u"file:///no/such/file"_qs, {u"http://file///no/such/file"_qs}},
-        {"an empty field", u""_qs, {u"http://"_qs}},
         {"an absent field", QString(), {u"http://"_qs}},
-        {"blanks alone", u"   "_qs, {u"http://"_qs}},
-        {"encoded already", u"http://a.example/x%20y"_qs, {u"http://a.example/x%20y"_qs}},
         {"letters beyond ASCII",
          u"m\u00FCller.example/\u00E9"_qs,
          {u"http://xn--mller-kva.example/%C3%A9"_qs}},
         {"a blank inside", u"http://a.example/x y"_qs, {}},
-        {"a tab around", u"http://a.example\t"_qs, {}},
         {"a blank beyond ASCII", u"http://a.example/x\u00A0y"_qs, {}},
         {"half a surrogate pair", u"http://a.example/\xD83D"_qs, {}},
-        {"a stray percent sign", u"http://a.example/100%"_qs, {}},
         {"characters that no address has", u"http://a.example/<x>|\"{y}\\^`"_qs, {}},
-        {"an impossible port becomes a path", u"http://a.example:0x"_qs, {u"http://http//a.example:0x"_qs}},
-        {"other text", u"call him after six"_qs, {}},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.rule);
@@ -113,13 +104,4 @@ TEST_F(UrlResolutor, OpensFilesByTheirUndecodedPath)
     EXPECT_FALSE(resolutor.smartOpenUrl(u"file://"_qs, QString(), QString()));
     EXPECT_FALSE(resolutor.smartOpenUrl(u"file://"_qs + file.fileName() + QChar::Null, QString(), QString()));
     EXPECT_TRUE(workspace.openedUrls.isEmpty());
-}
-
-TEST_F(UrlResolutor, OpensTelnetWhenAskedForIt)
-{
-    EXPECT_FALSE(resolutor.smartOpenUrl(u"telnet://a.example"_qs, QString(), QString()));
-    EXPECT_TRUE(resolutor.openTelneet(u"telnet://a.example"_qs, u"user"_qs, u"secret"_qs));
-    EXPECT_FALSE(resolutor.openTelneet(u"telnet://a b"_qs, QString(), QString()));
-    EXPECT_FALSE(resolutor.openTelneet(QString(), QString(), QString()));
-    EXPECT_EQ(workspace.openedUrls, QStringList(u"telnet://a.example"_qs));
 }
