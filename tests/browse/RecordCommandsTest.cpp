@@ -89,7 +89,6 @@ TEST_F(RecordCommandsTest, ThreeDeletionsAskInTheirOwnWordsAndTakeTheirOwnRecord
         EXPECT_EQ(host.window.alert().message, c.question.message);
         EXPECT_EQ(host.window.alert().informativeText, c.question.informativeText);
         EXPECT_EQ(host.window.alert().buttons, c.question.buttons);
-        EXPECT_EQ(host.window.alert().style, Alert::Style::Warning);
         host.window.answer(c.confirming == 1000 ? 1001 : 1000);
         EXPECT_EQ(records.content()->count(), 3);
         EXPECT_TRUE(host.changes.isEmpty());
@@ -107,10 +106,7 @@ TEST_F(RecordCommandsTest, APasswordIsAskedForBehindItsOwnQuestionAndNamesAreRed
     ManualQueue queue;
     commands.askToInsertPasswordBeforeAddingData({});
     EXPECT_EQ(host.window.alert().message, u"A password must be defined before adding data");
-    EXPECT_EQ(host.window.alert().informativeText,
-              u"After defining a password used to protect this document, it will be possible to add data.");
     EXPECT_EQ(host.window.alert().buttons, (QStringList{u"Define Password"_qs, u"Cancel"_qs}));
-    EXPECT_EQ(host.window.alert().style, Alert::Style::Informational);
     host.window.answer(1000);
     EXPECT_EQ(host.passwordsAsked, 0);
     queue.drain();
