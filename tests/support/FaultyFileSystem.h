@@ -35,87 +35,77 @@ public:
     int openAt(int folder, const char *name, int flags, mode_t mode) override
     {
         const char *const what = flags & O_DIRECTORY ? "folder" : flags & O_CREAT ? "new" : "old";
-        const int opened = run("openAt", what, [&] { return FileSystem::openAt(folder, name, flags, mode); });
+        const int opened = run("openAt", what, [&] { return m_real.openAt(folder, name, flags, mode); });
         m_open.insert(opened, what);
         return opened;
     }
-    int close(int descriptor) override
+    int close(int file) override
     {
-        const int closed = FileSystem::close(descriptor);
-        return run("close", m_open.value(descriptor), [&] { return closed; });
+        const int closed = m_real.close(file);
+        return run("close", m_open.value(file), [&] { return closed; });
     }
-    ssize_t readAt(int file, void *buffer, std::size_t size, off_t offset) override
+    ssize_t readAt(int file, void *to, std::size_t size, off_t offset) override
     {
-        const std::size_t part = std::min(size, largestTransfer);
-        return run("readAt", m_open.value(file),
-                   [&] { return FileSystem::readAt(file, buffer, part, offset); });
+        return onFile("readAt", &FileSystem::readAt, file, to, std::min(size, largestTransfer), offset);
     }
     ssize_t write(int file, const void *bytes, std::size_t size) override
     {
-        const std::size_t part = std::min(size, largestTransfer);
-        return run("write", m_open.value(file), [&] { return FileSystem::write(file, bytes, part); });
+        return onFile("write", &FileSystem::write, file, bytes, std::min(size, largestTransfer));
     }
-    int fsync(int file) override
+    int fsync(int file) override { return onFile("fsync", &FileSystem::fsync, file); }
+    int fstat(int file, struct stat *to) override { return onFile("fstat", &FileSystem::fstat, file, to); }
+    int fstatAt(int folder, const char *name, struct stat *to) override
     {
-        return run("fsync", m_open.value(file), [&] { return FileSystem::fsync(file); });
-    }
-    int fstat(int file, struct stat *status) override
-    {
-        return run("fstat", m_open.value(file), [&] { return FileSystem::fstat(file, status); });
-    }
-    int fstatAt(int folder, const char *name, struct stat *status) override
-    {
-        return run("fstatAt", named(), [&] { return FileSystem::fstatAt(folder, name, status); });
+        return run("fstatAt", named(), [&] { return m_real.fstatAt(folder, name, to); });
     }
     int accessAt(int folder, const char *name, int mode) override
     {
-        return run("accessAt", named(), [&] { return FileSystem::accessAt(folder, name, mode); });
+        return run("accessAt", named(), [&] { return m_real.accessAt(folder, name, mode); });
     }
-    ssize_t readLink(const char *path, char *buffer, std::size_t size) override
+    ssize_t readLink(const char *path, char *to, std::size_t size) override
     {
-        return run("readLink", named(), [&] { return FileSystem::readLink(path, buffer, size); });
+        return run("readLink", named(), [&] { return m_real.readLink(path, to, size); });
     }
-    int renameAt(int folder, const char *oldName, const char *newName) override
+    int renameAt(int folder, const char *from, const char *to) override
     {
-        const int renamed =
-            run("renameAt", "new", [&] { return FileSystem::renameAt(folder, oldName, newName); });
+        const int renamed = run("renameAt", "new", [&] { return m_real.renameAt(folder, from, to); });
         m_placed = m_placed || renamed == 0;
         return renamed;
     }
     int unlinkAt(int folder, const char *name) override
     {
-        return run("unlinkAt", "new", [&] { return FileSystem::unlinkAt(folder, name); });
+        return run("unlinkAt", "new", [&] { return m_real.unlinkAt(folder, name); });
     }
-    int fchmod(int file, mode_t mode) override
-    {
-        return run("fchmod", m_open.value(file), [&] { return FileSystem::fchmod(file, mode); });
-    }
+    int fchmod(int file, mode_t mode) override { return onFile("fchmod", &FileSystem::fchmod, file, mode); }
     int fchown(int file, uid_t owner, gid_t group) override
     {
-        return run("fchown", m_open.value(file), [&] { return FileSystem::fchown(file, owner, group); });
+        return onFile("fchown", &FileSystem::fchown, file, owner, group);
     }
-    ssize_t flistxattr(int file, char *names, std::size_t size) override
+    ssize_t flistxattr(int file, char *to, std::size_t size) override
     {
-        return run("flistxattr", m_open.value(file),
-                   [&] { return FileSystem::flistxattr(file, names, size); });
+        return onFile("flistxattr", &FileSystem::flistxattr, file, to, size);
     }
-    ssize_t fgetxattr(int file, const char *name, void *value, std::size_t size) override
+    ssize_t fgetxattr(int file, const char *name, void *to, std::size_t size) override
     {
-        return run("fgetxattr", m_open.value(file),
-                   [&] { return FileSystem::fgetxattr(file, name, value, size); });
+        return onFile("fgetxattr", &FileSystem::fgetxattr, file, name, to, size);
     }
     int fsetxattr(int file, const char *name, const void *value, std::size_t size) override
     {
-        return run("fsetxattr", m_open.value(file),
-                   [&] { return FileSystem::fsetxattr(file, name, value, size); });
+        return onFile("fsetxattr", &FileSystem::fsetxattr, file, name, value, size);
     }
     int fremovexattr(int file, const char *name) override
     {
-        return run("fremovexattr", m_open.value(file), [&] { return FileSystem::fremovexattr(file, name); });
+        return onFile("fremovexattr", &FileSystem::fremovexattr, file, name);
     }
 
 private:
     const char *named() const { return m_placed ? "placed" : "old"; }
+
+    template <typename Result, typename... Declared, typename... Given>
+    Result onFile(const char *title, Result (FileSystem::*call)(int, Declared...), int file, Given... given)
+    {
+        return run(title, m_open.value(file), [&] { return (m_real.*call)(file, given...); });
+    }
 
     template <typename Call>
     auto run(const char *call, const char *what, Call perform) -> decltype(perform())
@@ -135,6 +125,7 @@ private:
         return result;
     }
 
+    Foundation::FileSystem m_real;
     QHash<int, const char *> m_open;
     bool m_placed = false;
 };

@@ -1,7 +1,5 @@
 #include "support/PropertyListBuilder.h"
 
-#include <bit>
-
 using Number = PropertyListBuilder::Number;
 
 QByteArray PropertyListBuilder::bigEndian(quint64 number, int size)
@@ -34,26 +32,6 @@ Number PropertyListBuilder::units(std::u16string_view text)
     for (const char16_t unit : text)
         payload += bigEndian(unit, 2);
     return counted(0x60, text.size(), payload);
-}
-
-Number PropertyListBuilder::integer(quint64 value, int size)
-{
-    return add(char(0x10 | std::countr_zero(unsigned(size))) + bigEndian(value, size));
-}
-
-Number PropertyListBuilder::real32(float value)
-{
-    return add("\x22" + bigEndian(std::bit_cast<quint32>(value), 4));
-}
-
-Number PropertyListBuilder::real64(double value)
-{
-    return add("\x23" + bigEndian(std::bit_cast<quint64>(value), 8));
-}
-
-Number PropertyListBuilder::date(double seconds)
-{
-    return add("\x33" + bigEndian(std::bit_cast<quint64>(seconds), 8));
 }
 
 Number PropertyListBuilder::dictionary(const Numbers &keys, const Numbers &values)

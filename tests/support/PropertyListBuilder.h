@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 
+#include <bit>
 #include <initializer_list>
 #include <map>
 #include <string_view>
@@ -24,10 +25,12 @@ public:
     Number ascii(QByteArrayView text) { return counted(0x50, quint64(text.size()), text.toByteArray()); }
     Number units(std::u16string_view text);
     Number data(const QByteArray &bytes) { return counted(0x40, quint64(bytes.size()), bytes); }
-    Number integer(quint64 value, int size);
-    Number real32(float value);
-    Number real64(double value);
-    Number date(double seconds);
+    Number integer(quint64 value, int size)
+    {
+        return add(char(0x10 | std::countr_zero(unsigned(size))) + bigEndian(value, size));
+    }
+    Number real64(double value) { return add("\x23" + bigEndian(std::bit_cast<quint64>(value), 8)); }
+    Number date(double seconds) { return add("\x33" + bigEndian(std::bit_cast<quint64>(seconds), 8)); }
     Number uid(quint64 value, int size = 1) { return add(char(0x80 | (size - 1)) + bigEndian(value, size)); }
     Number array(const Numbers &items) { return counted(0xA0, items.size(), references(items)); }
     // All keys and then all values.
