@@ -58,7 +58,9 @@ bool isShared(const Value &value)
 quint64 ownBytesOf(const Ref<Array> &entries)
 {
     quint64 bytes = 0;
-    for (const Value &entry : entries ? entries->values : std::vector<Value>()) {
+    if (!entries)
+        return bytes;
+    for (const Value &entry : entries->values) {
         if (const auto stored = entry.dictionary()) {
             for (const auto &field : stored->entries())
                 bytes += isShared(field.value) ? 0 : quint64(field.value.contentBytes());

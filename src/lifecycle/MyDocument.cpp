@@ -362,7 +362,8 @@ bool MyDocument::lastDataCanBeRead() const
 
 bool MyDocument::keepsRecoveryFile() const
 {
-    // What somebody locked and closed is gone, as the question before the lock says.
+    // What somebody locks and closes is gone: the question before the lock says that it has to be saved
+    // first.
     return isEncrypted() && !m_isLockedByHand;
 }
 

@@ -65,8 +65,9 @@ SingleInstance::Answer SingleInstance::sendTo(const QString &name, const QString
     QLocalSocket socket;
     socket.connectToServer(name);
     if (!socket.waitForConnected(Patience)) {
-        const bool isThere = socket.error() == QLocalSocket::SocketTimeoutError;
-        return isThere ? Answer::Busy : Answer::Nobody;
+        const bool isNobodyThere = socket.error() == QLocalSocket::ServerNotFoundError ||
+                                   socket.error() == QLocalSocket::ConnectionRefusedError;
+        return isNobodyThere ? Answer::Nobody : Answer::Busy;
     }
     socket.write(messageOfPaths(paths));
     while (socket.bytesAvailable() == 0) {

@@ -24,9 +24,9 @@ Q_SIGNALS:
     void startedAgain(const QStringList &paths);
 
 private:
-    static QString socketName();
     enum class Answer { Taken, Nobody, Busy };
 
+    static QString socketName();
     static Answer sendTo(const QString &name, const QStringList &paths);
     void takeConnection();
     void takeMessage(QLocalSocket *socket);
