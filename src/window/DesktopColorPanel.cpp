@@ -66,6 +66,8 @@ void DesktopColorPanel::open(const Color &color, const QString &title, QWidget *
             ColorPanel::shared().setColor(componentsOfColor(chosen));
             m_isTelling = false;
         });
+        // A window that goes takes its panel with it, without a word of finished().
+        connect(m_dialog, &QDialog::finished, this, &DesktopColorPanel::close);
         connect(m_dialog, &QObject::destroyed, this, [this] { give({}); });
     }
     m_dialog->setWindowTitle(title);
@@ -90,7 +92,10 @@ void DesktopColorPanel::showColor(const Color &color)
 void DesktopColorPanel::close()
 {
     give({});
-    if (m_dialog)
-        m_dialog->close();
-    m_dialog = nullptr;
+    if (!m_dialog)
+        return;
+    // The dialog lives on until a later turn. By then the panel may belong to another control.
+    QColorDialog *dialog = std::exchange(m_dialog, nullptr);
+    dialog->disconnect(this);
+    dialog->close();
 }

@@ -118,6 +118,19 @@ TEST_F(SheetsTest, ThePanelWritesWhatTheUserChoosesAndNothingElse)
     dismiss(Qt::Key_Escape);
 }
 
+TEST_F(SheetsTest, ThePanelGoesFromOneWindowToAnother)
+{
+    QWidget windows[2];
+    ColorWell wells[] = {ColorWell(&windows[0]), ColorWell(&windows[1])};
+    for (ColorWell &well : wells) {
+        well.window()->show();
+        well.click();
+    }
+    runEvents();
+    EXPECT_FALSE(wells[0].isActive());
+    EXPECT_TRUE(wells[1].isActive()) << "the first window's panel has gone by now";
+}
+
 TEST_F(SheetsTest, CaptionsReachTheFormAtEveryLetterAndFlagsShowTheirButton)
 {
     document()->updateChangeCount(Foundation::Document::ChangeCleared);
