@@ -1,5 +1,7 @@
 #include "window/SynchroScrollArea.h"
 
+#include <QApplication>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 using Foundation::Point;
@@ -9,6 +11,8 @@ SynchroScrollArea::SynchroScrollArea(QWidget *parent)
     : QScrollArea(parent)
     , m_synchronizer(*this)
 {
+    connect(qApp, &QApplication::focusChanged, this, &SynchroScrollArea::showFocus);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &SynchroScrollArea::goOnFollowing);
 }
 
 SynchroScrollArea::~SynchroScrollArea()
@@ -40,8 +44,28 @@ Rect SynchroScrollArea::documentVisibleRect() const
 
 void SynchroScrollArea::scrollToPoint(const Point &point)
 {
+    const QScopedValueRollback following(m_isFollowing, true);
+    m_followedY = qRound(point.y);
     horizontalScrollBar()->setValue(qRound(point.x));
-    verticalScrollBar()->setValue(qRound(point.y));
+    verticalScrollBar()->setValue(m_followedY);
+}
+
+// An area that was never shown has no range yet.
+void SynchroScrollArea::goOnFollowing()
+{
+    const QScopedValueRollback following(m_isFollowing, true);
+    if (m_followedY >= 0)
+        verticalScrollBar()->setValue(m_followedY);
+}
+
+// The toolkit does so only for the Tab key between two fields of the same area.
+void SynchroScrollArea::showFocus(QWidget *, QWidget *now)
+{
+    // A field must not move under the pointer that is pressing it.
+    if (!now || !widget() || !widget()->isAncestorOf(now) || QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    const QRect field(now->mapTo(widget(), QPoint()), now->size());
+    ensureVisible(field.center().x(), field.center().y(), field.width() / 2 + 1, field.height() / 2 + 1);
 }
 
 void SynchroScrollArea::addBoundsObserver(const void *observer, std::function<void()> changed)
@@ -65,7 +89,11 @@ void SynchroScrollArea::focusOutEvent(QFocusEvent *event)
 void SynchroScrollArea::scrollContentsBy(int dx, int dy)
 {
     QScrollArea::scrollContentsBy(dx, dy);
-    if (!m_postsBoundsChanged)
+    if (m_isFollowing)
+        return;
+    m_followedY = -1;
+    // Layout moves an area that is out of sight.
+    if (!m_postsBoundsChanged || !isVisible())
         return;
     for (const auto &[observer, changed] : m_observers)
         changed();

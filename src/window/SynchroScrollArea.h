@@ -6,7 +6,9 @@
 
 #include <unordered_map>
 
-// A scroll area that can follow another one up and down. Both count from the top.
+// A scroll area that can follow another one up and down. Both count from the top. Of two areas that follow
+// each other, the one that the user moves leads: an area that only follows, or is out of sight, tells nobody,
+// or a shorter one would pull a longer one back. A field that gets the focus is scrolled into sight.
 class SynchroScrollArea : public QScrollArea, public Foundation::ScrollView
 {
     Q_OBJECT
@@ -37,7 +39,12 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
 
 private:
+    void goOnFollowing();
+    void showFocus(QWidget *old, QWidget *now);
+
     bool m_postsBoundsChanged = false;
+    bool m_isFollowing = false;
+    int m_followedY = -1; // negative once the area has been scrolled by itself
     std::unordered_map<const void *, std::function<void()>> m_observers;
     SynchroScrollView m_synchronizer;
 };

@@ -5,6 +5,8 @@
 #include <QContextMenuEvent>
 #include <QPrintDialog>
 #include <QProcess>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 
 namespace
@@ -67,6 +69,34 @@ TEST_F(DetailTest, AFieldOpensByItsButtonAndAsALink)
     EXPECT_EQ(QApplication::focusWidget(), link);
     press(Qt::Key_Return);
     EXPECT_EQ(workspace.openedUrls.size(), 3);
+}
+
+TEST_F(DetailTest, TheFocusIsScrolledIntoSight)
+{
+    set(RecordKey::note, u"line\n"_qs.repeated(100));
+    window()->resize(window()->minimumSize());
+    auto *area = control<QScrollArea>("editScrollArea");
+    for (const bool backwards : {false, true}) {
+        control<QWidget>("myTableView")->setFocus();
+        area->verticalScrollBar()->setValue(backwards ? 0 : area->verticalScrollBar()->maximum());
+        int fields = 0;
+        do {
+            press(backwards ? Qt::Key_Backtab : Qt::Key_Tab);
+            const QWidget *now = QApplication::focusWidget();
+            if (!area->widget()->isAncestorOf(now))
+                continue;
+            ++fields;
+            EXPECT_TRUE(QRect({}, area->viewport()->size())
+                            .contains(QRect(now->mapTo(area->viewport(), QPoint()), now->size())))
+                << now->objectName().toStdString();
+        } while (!control<QWidget>("myTableView")->hasFocus());
+        EXPECT_GE(fields, 18);
+    }
+    press(Qt::Key_F2);
+    QScrollBar *page = control<QScrollArea>("viewScrollArea")->verticalScrollBar();
+    ASSERT_GT(page->maximum(), area->verticalScrollBar()->maximum());
+    page->setValue(page->maximum());
+    EXPECT_EQ(page->value(), page->maximum());
 }
 
 TEST_F(DetailTest, ACardIsPrintedAsTextAndNeverCutsALine)
