@@ -5,6 +5,8 @@
 
 #include <QPainter>
 
+#include <cmath>
+
 using Foundation::Color;
 using Foundation::TextAttributes;
 
@@ -14,9 +16,6 @@ namespace
 // Half the height, off which the text begins and ends 0.6 of it from the ends of the label.
 constexpr double TextInset = 0.6;
 constexpr double RoomAroundArrowText = 8;
-// Labels are measured from their lower edge: text that begins a point above that reaches as far beyond the
-// upper one.
-constexpr double TextRise = 1;
 
 void drawArrow(QPainter &painter, const QPolygonF &outline, const QString &string,
                const TextAttributes &attributes, qint32 width, qint32 height, const Color &backColor)
@@ -25,8 +24,19 @@ void drawArrow(QPainter &painter, const QPolygonF &outline, const QString &strin
     painter.setPen(Qt::NoPen);
     painter.setBrush(colorOfComponents(backColor));
     painter.drawPolygon(outline);
-    const QRectF room(RoomAroundArrowText, -TextRise, width - 2 * RoomAroundArrowText, height);
+    const QRectF room(RoomAroundArrowText, 0, width - 2 * RoomAroundArrowText, height);
     VLLabelDrawerExt::drawFittedText(painter, string, room, attributes);
+}
+
+// Capital letters stand as far from the upper edge as from the lower one. Between two pixels of the device,
+// the rasteriser would choose one by its own rule.
+double baselineIn(const QPainter &painter, const QRectF &room)
+{
+    const double capHeight = QFontMetricsF(painter.font()).capHeight();
+    const QTransform &toDevice = painter.deviceTransform();
+    QPointF onDevice = toDevice.map(QPointF(room.left(), room.top() + (room.height() + capHeight) / 2));
+    onDevice.setY(std::round(onDevice.y()));
+    return toDevice.inverted().map(onDevice).y();
 }
 
 } // namespace
@@ -34,7 +44,7 @@ void drawArrow(QPainter &painter, const QPolygonF &outline, const QString &strin
 QRectF VLLabelDrawerExt::textRoom(qint32 width, qint32 height)
 {
     const qint32 radius = height / 2;
-    return {TextInset * radius + 1, -TextRise, width - 2 * TextInset * radius - 2, double(height)};
+    return {TextInset * radius + 1, 0, width - 2 * TextInset * radius - 2, double(height)};
 }
 
 void VLLabelDrawerExt::drawFittedText(QPainter &painter, const QString &string, const QRectF &room,
@@ -45,7 +55,7 @@ void VLLabelDrawerExt::drawFittedText(QPainter &painter, const QString &string, 
     // A break in a name would put all after it below the label.
     QString line = string;
     line.replace(u'\n', u' ');
-    painter.drawText(room, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine | Qt::TextDontClip,
+    painter.drawText(QPointF(room.left(), baselineIn(painter, room)),
                      VLStringUtils::trimStringToFit(line, qint32(room.width()), attrDictionary));
 }
 

@@ -22,9 +22,9 @@ using Draw = void (*)(QPainter &, const QString &, const TextAttributes &, qint3
 const Color red{1, 0, 0};
 const Color white{1, 1, 1};
 
-QImage drawing(Draw draw, const QString &name, qint32 width, qint32 height, int scale)
+QImage drawing(Draw draw, const QString &name, qint32 width, qint32 height, double scale)
 {
-    QImage image(width * scale, height * scale, QImage::Format_ARGB32_Premultiplied);
+    QImage image(int(width * scale), int(height * scale), QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
     image.fill(Qt::transparent);
     QPainter painter(&image);
@@ -96,7 +96,7 @@ TEST_F(PillTest, TextStaysInItsRoomAndEndsInDots)
     for (const Draw draw : {&VLLabelDrawerExt::drawString, &VLLabelDrawer::drawString}) {
         const QImage filled = drawing(draw, u"WWWWWWWWWWWWWWWWWWWWWWWW"_qs, 80, 20, 2);
         const QRectF room = VLLabelDrawerExt::textRoom(80, 20);
-        EXPECT_EQ(room, QRectF(7, -1, 66, 20));
+        EXPECT_EQ(room, QRectF(7, 0, 66, 20));
         bool hasText = false;
         for (int y = 0; y < filled.height(); ++y) {
             for (int x = 0; x < filled.width(); ++x) {
@@ -113,6 +113,31 @@ TEST_F(PillTest, TextStaysInItsRoomAndEndsInDots)
     const QString name = u"Family & friends"_qs;
     const qint32 width = VLLabelDrawer::widthForString(name, attributes, 20);
     EXPECT_LE(measurer.widthOfText(name, attributes), VLLabelDrawerExt::textRoom(width, 20).width());
+}
+
+TEST_F(PillTest, CapitalsStandInTheMiddle)
+{
+    for (const Draw draw : {&VLLabelDrawerExt::drawString, &VLLabelDrawer::drawString}) {
+        for (const qint32 height : {20, 22}) {
+            for (const double scale : {1.0, 1.5, 2.0}) {
+                const QImage image = drawing(draw, u"HHHH"_qs, 80, height, scale);
+                int above = 0;
+                int below = 0;
+                const auto hasText = [&image](int y) {
+                    for (int x = 0; x < image.width(); ++x) {
+                        if (qGreen(image.pixel(x, y)) > 128)
+                            return true;
+                    }
+                    return false;
+                };
+                while (above < image.height() && !hasText(above))
+                    ++above;
+                while (below < image.height() && !hasText(image.height() - 1 - below))
+                    ++below;
+                EXPECT_NEAR(above, below, 1) << height << " at " << scale;
+            }
+        }
+    }
 }
 
 TEST_F(PillTest, TheSettingOfTheFontReachesTheTablesAlone)
