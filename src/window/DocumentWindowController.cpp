@@ -287,7 +287,7 @@ void DocumentWindowController::makeKeyAndOrderFront()
         m_window.showNormal();
     m_window.show();
     m_window.raise();
-    m_window.activateWindow();
+    m_window.takeKeyboard();
 }
 
 void DocumentWindowController::close()

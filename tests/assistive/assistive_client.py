@@ -21,7 +21,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 PATIENCE = 20  # seconds
 PASSWORD = "correct horse"
-DOWN, RETURN = 0xff54, 0xff0d  # as the window system numbers the keys
+DOWN, RETURN, ESCAPE = 0xff54, 0xff0d, 0xff1b  # as the window system numbers the keys
 
 
 class Missing(Exception):
@@ -143,11 +143,26 @@ class Client:
     def expect_names(self, *names):
         until(lambda: self.names_in_list() == list(names), f"{names} in the list; it has {self.names_in_list()}")
 
+    def click_window_beside_sheet(self):
+        """On the lower left corner of the document window."""
+        frame = next(node for node in descendants(self.application()) if node.get_role_name() == "frame")
+        extents = Atspi.Component.get_extents(frame, Atspi.CoordType.SCREEN)
+        Atspi.generate_mouse_event(extents.x + 20, extents.y + extents.height - 20, "b1c")
+
     def key(self, symbol):
         Atspi.generate_keyboard_event(symbol, None, Atspi.KeySynthType.SYM)
 
 
 # The steps, in the order in which they are taken.
+
+
+def the_keyboard_stays_with_a_sheet(client):
+    client.start()
+    field = client.find("password text", "Password:")
+    until(lambda: is_focused(field), "the focus in the first field of the sheet")
+    client.click_window_beside_sheet()
+    client.key(ESCAPE)
+    until(lambda: client.process.poll() is not None, "the end by the Escape key, which a sheet takes")
 
 
 def give_first_password(client):
@@ -294,7 +309,7 @@ def what_was_never_saved_outlives_a_kill(client):
     assert not client.find_all("table", "Contacts"), "a locked window has no list"
 
 
-STEPS = [a_new_document_takes_its_password, contacts_are_added_and_edited, a_category_is_made_coloured_and_given,
+STEPS = [the_keyboard_stays_with_a_sheet, a_new_document_takes_its_password, contacts_are_added_and_edited, a_category_is_made_coloured_and_given,
          the_list_is_searched, captions_are_renamed_and_flagged, a_copy_is_undone_and_a_contact_deleted,
          the_document_is_saved_and_opened_again, a_print_and_a_save_are_given_up,
          nothing_that_can_be_used_is_without_a_name, what_was_never_saved_outlives_a_kill]

@@ -212,6 +212,17 @@ TEST_F(DocumentWindowTest, FrameOfNoSizeIsSurvived)
     }
 }
 
+TEST_F(DocumentWindowTest, AWindowThatIsCalledUpUnderASheetCallsUpTheSheet)
+{
+    makeNewDocument();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(eventually([&other] { return other.isActiveWindow(); }));
+    controller()->makeKeyAndOrderFront();
+    EXPECT_TRUE(sheetComes(VLCryptoDoc::MandatoryPasswordSheet));
+}
+
 TEST_F(DocumentWindowTest, ToolbarIsToldRightlyWhileTheWindowIsHidden)
 {
     makeProtectedDocument();
