@@ -30,10 +30,8 @@ qsizetype componentCount(ArchivedColorSpace space)
 }
 
 // Empty unless all are numbers.
-QList<double> numbersIn(QByteArray text)
+QList<double> numbersIn(const QByteArray &text)
 {
-    if (text.endsWith('\0'))
-        text.chop(1);
     QList<double> numbers;
     for (const QByteArray &word : text.simplified().split(' ')) {
         bool isNumber = false;
@@ -49,10 +47,11 @@ QList<double> numbersIn(QByteArray text)
 
 std::optional<Color> colorOfComponents(ArchivedColorSpace space, const QByteArray &text)
 {
-    constexpr qsizetype LongestText = 512;
-    if (text.size() > LongestText)
+    constexpr std::size_t LongestText = 512;
+    const std::size_t length = qstrnlen(text.constData(), std::size_t(text.size()));
+    if (length > LongestText)
         return std::nullopt;
-    const QList<double> numbers = numbersIn(text);
+    const QList<double> numbers = numbersIn(text.left(qsizetype(length)));
     const qsizetype count = componentCount(space);
     if (count < 0 || (numbers.size() != count && numbers.size() != count + 1))
         return std::nullopt;

@@ -18,12 +18,12 @@ enum class ArchivedColorSpace {
     DeviceRGB = 2,       // the same
     CalibratedWhite = 3, // "NSWhite": 0 black to 1 white
     DeviceWhite = 4,     // the same
-    DeviceCMYK = 5,      // "NSCMYK": cyan, magenta, yellow, black
+    DeviceCMYK = 5,      // "NSCMYK" or "NSCYMK": cyan, magenta, yellow, black
     Named = 6,           // no text; "NSColor" is the colour that goes by the name
 };
 
 // Reads the components of all spaces but the named one: numbers from 0 to 1 between blanks, with an opacity
-// behind them unless that is 1, and sometimes a null character at the end. No colour management takes place:
+// behind them unless that is 1. The text ends at its first null character. No colour management takes place:
 // device components count as calibrated ones, and CMYK is mixed as ink on white paper. Nothing if the text is
 // something else; numbers outside become the nearer end.
 std::optional<Color> colorOfComponents(ArchivedColorSpace space, const QByteArray &text);

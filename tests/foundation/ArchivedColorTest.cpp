@@ -23,12 +23,13 @@ const struct
     std::optional<Color> color;
 } colorCases[] = {
     {"calibrated", 1, "NSRGB", "0.25 0.5 0.75", Color{0.25, 0.5, 0.75, 1}},
-    {"a null character at the end", 1, "NSRGB", QByteArray("1 0 1", 6), Color{1, 0, 1, 1}},
+    {"nothing counts behind a null character", 1, "NSRGB", "1 0 1" + QByteArray(600, '\0') + "x",
+     Color{1, 0, 1, 1}},
     {"of the device, with exponents", 2, "NSRGB", "1e-1 2.5E-01 1", Color{0.1, 0.25, 1, 1}},
     {"white", 3, "NSWhite", "0.5 0.25", Color{0.5, 0.5, 0.5, 0.25}},
     {"white of the device", 4, "NSWhite", "1", Color{1, 1, 1, 1}},
     {"four inks", 5, "NSCMYK", "0 0.5 1 0.5", Color{0.5, 0.25, 0, 1}},
-    {"four inks and an opacity", 5, "NSCMYK", "0 0 0 0 0.5", Color{1, 1, 1, 0.5}},
+    {"four inks and an opacity, by their other name", 5, "NSCYMK", "0 0 0 0 0.5", Color{1, 1, 1, 0.5}},
     {"beyond the ends", 1, "NSRGB", "-3 1e9 0.5", Color{0, 1, 0.5, 1}},
     {"no number", 1, "NSRGB", "0.5 nan 0.5", std::nullopt},
     {"too few", 1, "NSRGB", "0.5 0.5", std::nullopt},
