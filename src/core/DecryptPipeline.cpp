@@ -92,10 +92,11 @@ qint32 DecryptPipeline::readLabels(bool resetsFlags)
     if (const qint32 status = openBuffer(m_state.myEncriptedLabelDictionaryData, &root);
         status != DecryptSuccess)
         return status;
-    const Ref<Dictionary> labels = root.dictionary();
+    // Null stands for no captions at all, which has no flags to reset either.
+    const Ref<Dictionary> labels = root.isNull() ? Dictionary::create() : root.dictionary();
     if (!labels)
         return DecryptDamagedContent;
-    if (resetsFlags)
+    if (resetsFlags && !root.isNull())
         resetOpenFlags(*labels);
     m_state.myLabelDictionary = labels; // Its buffer stays, unlike the others.
     m_hasReplacedLabels = true;

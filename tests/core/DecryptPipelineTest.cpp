@@ -68,6 +68,22 @@ QByteArray archiveOfWrongType(const Key &buffer)
     return archivedData(u"2001-01-01"_qs);
 }
 
+bool mayBeLost(const Key &buffer)
+{
+    return buffer == FileKey::labelDict || buffer == FileKey::documentCreationDateData;
+}
+
+TEST(DecryptPipeline, ADocumentMayHaveNoCaptionsAtAll)
+{
+    const QByteArray file =
+        withPlainBuffer(TestDocument::filled().save(), FileKey::labelDict, archivedData(Value()));
+    for (const qint64 version : {30600, 30300}) {
+        TestDocument document = TestDocument::fromFile(withKey(file, FileKey::appversion, Value(version)));
+        ASSERT_EQ(document.openWith(Password), 0) << version;
+        EXPECT_EQ(document.state.myLabelDictionary->count(), 0) << version;
+    }
+}
+
 TEST(DecryptPipeline, DamageBehindARightPasswordFailsHalfWay)
 {
     const struct
@@ -89,8 +105,8 @@ TEST(DecryptPipeline, DamageBehindARightPasswordFailsHalfWay)
             withKey(file, c.damaged, cut),
             withPlainBuffer(file, c.damaged, "no archive"),
             withPlainBuffer(file, c.damaged, archiveOfWrongType(c.damaged)),
-            // A creation date may be lost, nothing else may.
-            withPlainBuffer(file, c.damaged, archivedData(c.labelsReplaced ? Value(1.5) : Value())),
+            // Captions and the creation date may be lost, nothing else may.
+            withPlainBuffer(file, c.damaged, archivedData(mayBeLost(c.damaged) ? Value(1.5) : Value())),
         };
         for (std::size_t kind = 0; kind < std::size(damages); ++kind) {
             SCOPED_TRACE(kind);
