@@ -10,11 +10,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     // Not copied, so that the sanitizer sees every byte read beyond the input.
     const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size));
     const auto root = Foundation::unarchivedRoot(bytes);
+    if (bytes.startsWith("bplist") && Foundation::canBeUnarchived(bytes) != root.has_value())
+        std::abort();
     if (!root)
         return 0;
     const QByteArray archived = Foundation::archivedData(*root);
     const auto again = Foundation::unarchivedRoot(archived);
-    if (!again || Foundation::archivedData(*again) != archived)
+    if (!again || !Foundation::canBeUnarchived(archived) || Foundation::archivedData(*again) != archived)
         std::abort();
     return 0;
 }

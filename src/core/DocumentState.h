@@ -42,6 +42,9 @@ struct DocumentState
     // got new ones that its buffers do not know.
     bool buffersBelongToCheckPair = true;
 
+    // The last enciphering left a buffer out since no reader would take the content that belongs there.
+    bool refusesOwnContent = false;
+
     // Old layouts, whose fields are enciphered one by one.
     Foundation::Ref<Foundation::Array> myEncryptedArray = Foundation::Array::create();
     Foundation::Ref<Foundation::Array> myEncryptedCategoryArray;

@@ -61,13 +61,15 @@ void SavePipeline::makeCheckPair()
         m_state.myCommonCrypto->encrypt(check.bytes(), &status).value_or(QByteArray());
 }
 
-QByteArray SavePipeline::enciphered(const Value &root) const
+QByteArray SavePipeline::enciphered(const Value &root)
 {
     const SecretBytes archive(Foundation::archivedData(root));
     // A graph may have grown beyond what the reader takes, if the file that it came from was made by another
     // hand. A reader must be found for what replaces a file.
-    if (!Foundation::unarchivedRoot(archive.bytes()))
+    if (!Foundation::canBeUnarchived(archive.bytes())) {
+        m_state.refusesOwnContent = true;
         return {};
+    }
     qint32 status = 0; // Nobody asks: an absent buffer tells, and canBeRead() looks for it.
     return m_state.myCommonCrypto->encrypt(archive.bytes(), &status).value_or(QByteArray());
 }
@@ -75,6 +77,7 @@ QByteArray SavePipeline::enciphered(const Value &root) const
 void SavePipeline::encryptData()
 {
     ensureEngine();
+    m_state.refusesOwnContent = false;
     const Ref<Array> records = getCopyOfContentArrayForSaveOperation();
     const Ref<Array> categories = getCopyOfCategoryArrayForSaveOperation();
     m_state.myEncryptedArrayData = enciphered(records);

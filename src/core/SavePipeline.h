@@ -48,7 +48,8 @@ public:
 private:
     void ensureEngine();
     void makeCheckPair();
-    QByteArray enciphered(const Foundation::Value &root) const;
+    // Empty where the cipher fails, or where no reader would take what is archived.
+    QByteArray enciphered(const Foundation::Value &root);
 
     DocumentState &m_state;
 };

@@ -11,28 +11,40 @@ constexpr quint64 LargestCount = quint64(1) << 40; // far above every file, and 
 
 } // namespace
 
+bool BinaryObjectTable::readTrailer(const uchar *trailer, quint64 bytesBefore)
+{
+    m_offsetSize = trailer[6];
+    m_referenceSize = trailer[7];
+    m_objectCount = qFromBigEndian<quint64>(trailer + 8);
+    m_topObject = qFromBigEndian<quint64>(trailer + 16);
+    m_tableOffset = qFromBigEndian<quint64>(trailer + 24);
+    return m_offsetSize >= 1 && m_offsetSize <= 8 && m_referenceSize >= 1 && m_referenceSize <= 8 &&
+           m_objectCount <= LargestCount && m_topObject < m_objectCount &&
+           m_tableOffset >= quint64(Magic.size()) && m_tableOffset <= bytesBefore &&
+           m_objectCount * quint64(m_offsetSize) <= bytesBefore - m_tableOffset;
+}
+
+bool BinaryObjectTable::mayBeOne(QByteArrayView head, QByteArrayView tail, qint64 size)
+{
+    if (!looksLikeOne(head) || tail.size() < TrailerSize || size < Magic.size() + 1 + TrailerSize)
+        return false;
+    BinaryObjectTable table;
+    return table.readTrailer(reinterpret_cast<const uchar *>(tail.last(TrailerSize).data()),
+                             quint64(size - TrailerSize));
+}
+
 std::optional<BinaryObjectTable> BinaryObjectTable::open(QByteArrayView bytes)
 {
     if (!looksLikeOne(bytes) || bytes.size() < Magic.size() + 1 + TrailerSize)
         return std::nullopt;
     const auto *start = reinterpret_cast<const uchar *>(bytes.data());
-    const uchar *trailer = start + bytes.size() - TrailerSize;
+    const qsizetype bytesBefore = bytes.size() - TrailerSize;
     BinaryObjectTable table;
-    table.m_offsetSize = trailer[6];
-    table.m_referenceSize = trailer[7];
-    table.m_objectCount = qFromBigEndian<quint64>(trailer + 8);
-    table.m_topObject = qFromBigEndian<quint64>(trailer + 16);
-    const auto tableOffset = qFromBigEndian<quint64>(trailer + 24);
-    const auto tableLimit = quint64(trailer - start);
-    if (table.m_offsetSize < 1 || table.m_offsetSize > 8 || table.m_referenceSize < 1 ||
-        table.m_referenceSize > 8 || table.m_objectCount > LargestCount ||
-        table.m_topObject >= table.m_objectCount || tableOffset < quint64(Magic.size()) ||
-        tableOffset > tableLimit ||
-        table.m_objectCount * quint64(table.m_offsetSize) > tableLimit - tableOffset)
+    if (!table.readTrailer(start + bytesBefore, quint64(bytesBefore)))
         return std::nullopt;
     table.m_bytes = start;
-    table.m_end = start + tableOffset;
-    table.m_offsets = start + tableOffset;
+    table.m_end = start + table.m_tableOffset;
+    table.m_offsets = table.m_end;
     return table;
 }
 

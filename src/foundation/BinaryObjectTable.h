@@ -46,6 +46,8 @@ public:
     static constexpr QByteArrayView Magic = "bplist00";
 
     static bool looksLikeOne(QByteArrayView bytes) { return bytes.startsWith(Magic.first(7)); }
+    // Whether a file of that size may be one by its first and its last bytes, before the rest is read.
+    static bool mayBeOne(QByteArrayView head, QByteArrayView tail, qint64 size);
     // Nothing if the trailer is damaged or lies.
     static std::optional<BinaryObjectTable> open(QByteArrayView bytes);
 
@@ -85,6 +87,8 @@ public:
 
 private:
     BinaryObjectTable() = default;
+    // False if it is damaged or lies.
+    bool readTrailer(const uchar *trailer, quint64 bytesBefore);
 
     Object checked(int sort, quint64 count, const uchar *payload) const noexcept;
     Object rareObject(uchar marker, const uchar *at) const noexcept;
@@ -94,6 +98,7 @@ private:
     const uchar *m_offsets = nullptr;
     quint64 m_objectCount = 0;
     quint64 m_topObject = 0;
+    quint64 m_tableOffset = 0;
     int m_offsetSize = 0;
     int m_referenceSize = 0;
 };

@@ -14,10 +14,12 @@ using Kind = BinaryObjectTable::Kind;
 
 bool isAscii(const uchar *text, quint64 size)
 {
-    uchar all = 0;
-    for (quint64 i = 0; i < size; ++i)
-        all |= text[i];
-    return all < 0x80;
+    quint64 all = 0;
+    for (; size >= sizeof all; text += sizeof all, size -= sizeof all)
+        all |= qFromUnaligned<quint64>(text);
+    for (; size > 0; ++text, --size)
+        all |= *text;
+    return (all & 0x8080808080808080) == 0;
 }
 
 Value unitsValue(const uchar *payload, qsizetype size)
@@ -33,6 +35,7 @@ Value unitsValue(const uchar *payload, qsizetype size)
     return Value(units);
 }
 
+// Nothing beyond 64 bits.
 std::optional<Value> integerValue(const Object &object)
 {
     if (object.count == 8)
@@ -75,6 +78,21 @@ std::optional<Value> scalarValue(const Object &object)
         return Value(QByteArray(reinterpret_cast<const char *>(object.payload), qsizetype(object.count)));
     default:
         return std::nullopt;
+    }
+}
+
+std::optional<Value::Type> scalarType(const Object &object)
+{
+    switch (object.kind) {
+    case Kind::Ascii:
+        return isAscii(object.payload, object.count) ? std::optional(Value::Type::String) : std::nullopt;
+    case Kind::Units:
+        return Value::Type::String;
+    case Kind::Data:
+        return Value::Type::Data;
+    default: // Making the others costs nothing.
+        const auto value = scalarValue(object);
+        return value ? std::optional(value->type()) : std::nullopt;
     }
 }
 

@@ -1,7 +1,5 @@
 #include "foundation/Document.h"
 
-#include "foundation/DurableFile.h"
-
 #include <QDir>
 #include <QFileInfo>
 
@@ -46,9 +44,22 @@ QString Document::autosavingFileType() const
     return QStringLiteral("vexcards");
 }
 
+bool Document::canBeItsFile(QByteArrayView, QByteArrayView, qint64) const
+{
+    return true;
+}
+
+FileReadResult Document::fileContent(const QString &path) const
+{
+    const auto canBeIt = [this](QByteArrayView head, QByteArrayView tail, qint64 size) {
+        return canBeItsFile(head, tail, size);
+    };
+    return readRegularFile(path, LargestFile, FileSystem::system(), canBeIt);
+}
+
 bool Document::readFromFile(const QString &path, QString *reason)
 {
-    FileReadResult file = readRegularFile(path, LargestFile);
+    const FileReadResult file = fileContent(path);
     if (!file.succeeded()) {
         *reason = file.error;
         return false;
@@ -67,13 +78,11 @@ std::optional<QByteArray> Document::bytesToWrite(QString *reason)
     if (!reason->isNull())
         return std::nullopt;
     auto bytes = dataOfType(autosavingFileType());
-    if (!bytes || !lastDataCanBeRead())
-        *reason = tr("It could not be enciphered.");
-    else if (bytes->size() > LargestFile)
-        *reason = tr("It has grown too large: such a file could not be opened again.");
-    else
-        return bytes;
-    return std::nullopt;
+    *reason = bytes ? reasonNotReadable() : tr("It could not be enciphered.");
+    if (reason->isNull() && bytes->size() > LargestFile)
+        *reason = tr("It has grown too large: such a file could not be opened again. Delete contacts or "
+                     "shorten long notes, and save again.");
+    return reason->isNull() ? bytes : std::nullopt;
 }
 
 bool Document::isOurs(const std::optional<FileIdentity> &file) const
@@ -117,7 +126,7 @@ bool Document::writeRecoveryFile(QString *reason)
 
 bool Document::recover(std::unique_ptr<RecoveryFile> file, QString *reason)
 {
-    const FileReadResult read = readRegularFile(file->path(), LargestFile);
+    const FileReadResult read = fileContent(file->path());
     *reason = read.error;
     if (!read.succeeded() || !readFromData(read.bytes, autosavingFileType(), reason))
         return false;

@@ -2,6 +2,7 @@
 
 #include "foundation/Actions.h"
 #include "foundation/DocumentWindow.h"
+#include "foundation/DurableFile.h"
 #include "foundation/FileIdentity.h"
 #include "foundation/RecoveryFile.h"
 #include "foundation/UndoManager.h"
@@ -61,8 +62,10 @@ public:
     // Why nothing may be written now although dataOfType() would give bytes; null if nothing speaks against
     // it.
     virtual QString reasonNotToWrite() const { return {}; }
-    // Asked again with the bytes at hand: whether anybody could open them.
-    virtual bool lastDataCanBeRead() const { return true; }
+    // Asked again with the bytes at hand: why nobody could open them; null if they can be opened.
+    virtual QString reasonNotReadable() const { return {}; }
+    // Whether a large file of that size can hold a document, by its first and last bytes.
+    virtual bool canBeItsFile(QByteArrayView head, QByteArrayView tail, qint64 size) const;
     // The type under which changes may be saved without being asked for; null: not now.
     virtual QString autosavingFileType() const;
     static bool autosavesInPlace() { return true; }
@@ -120,6 +123,7 @@ private:
     void revert();
     // Nothing, with *reason, if it cannot be written now or never be opened again.
     std::optional<QByteArray> bytesToWrite(QString *reason);
+    FileReadResult fileContent(const QString &path) const;
     // Whether it has the content that this document read or wrote last.
     bool isOurs(const std::optional<FileIdentity> &file) const;
     bool writeRecoveryFile(QString *reason);

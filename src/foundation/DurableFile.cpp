@@ -46,9 +46,10 @@ bool memoryAvailable(qint64 size)
 class FilePass
 {
 public:
-    FilePass(int descriptor, FileSystem &files)
+    FilePass(int descriptor, FileSystem &files, const FileEndsCheck &canBeIt)
         : m_files(files)
         , m_descriptor(descriptor)
+        , m_canBeIt(canBeIt)
     {
     }
 
@@ -59,9 +60,13 @@ private:
     std::optional<FileIdentity> identity(FileReadResult &result);
     // The number of bytes read, less than asked at the end of the file only, or -1.
     qint64 fill(char *buffer, qint64 size, qint64 offset);
+    // True for small files too, of which nothing is read beforehand, and where reading fails, which it will
+    // again.
+    bool canBeIt(qint64 size);
 
     FileSystem &m_files;
     const int m_descriptor;
+    const FileEndsCheck &m_canBeIt;
 };
 
 bool FilePass::read(qint64 maxBytes, FileReadResult &result)
@@ -73,6 +78,10 @@ bool FilePass::read(qint64 maxBytes, FileReadResult &result)
     if (before->size > maxBytes) {
         const QString limit = QLocale::c().formattedDataSize(maxBytes, 0);
         result.error = QStringLiteral("The file is larger than %1.").arg(limit);
+        return true;
+    }
+    if (!canBeIt(before->size)) {
+        result.identity = *before;
         return true;
     }
     if (!memoryAvailable(before->size)) {
@@ -127,9 +136,22 @@ qint64 FilePass::fill(char *buffer, qint64 size, qint64 offset)
     return filled;
 }
 
+bool FilePass::canBeIt(qint64 size)
+{
+    constexpr qint64 QuicklyRead = 1 << 20;
+    constexpr qint64 EndSize = 64;
+    if (!m_canBeIt || size <= QuicklyRead)
+        return true;
+    char head[EndSize];
+    char tail[EndSize];
+    return fill(head, EndSize, 0) != EndSize || fill(tail, EndSize, size - EndSize) != EndSize ||
+           m_canBeIt({head, EndSize}, {tail, EndSize}, size);
+}
+
 } // namespace
 
-FileReadResult readRegularFile(const QString &path, qint64 maxBytes, FileSystem &files)
+FileReadResult readRegularFile(const QString &path, qint64 maxBytes, FileSystem &files,
+                               const FileEndsCheck &canBeIt)
 {
     FileReadResult result;
     const std::optional<QByteArray> name = encodedPath(path);
@@ -145,7 +167,7 @@ FileReadResult readRegularFile(const QString &path, qint64 maxBytes, FileSystem 
         result.error = errno == ENXIO || errno == ENODEV ? notRegularText() : readErrorText(errno);
         return result;
     }
-    FilePass pass(file.get(), files);
+    FilePass pass(file.get(), files, canBeIt);
     if (!pass.read(maxBytes, result) && !pass.read(maxBytes, result))
         result.error = QStringLiteral("Another program keeps changing the file.");
     return result;

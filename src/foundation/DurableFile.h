@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace Foundation
@@ -16,18 +17,22 @@ namespace Foundation
 
 struct FileReadResult
 {
-    QByteArray bytes;
+    QByteArray bytes;      // Empty after a failure, and where the file cannot be what is sought.
     FileIdentity identity; // Of the very file that the bytes are from.
-    QString error;         // Null after success; the bytes are empty otherwise.
+    QString error;         // Null after success.
 
     bool succeeded() const { return error.isNull(); }
 };
 
+// Whether a file of that size can be what is sought, by its first and last bytes, 64 of each.
+using FileEndsCheck = std::function<bool(QByteArrayView head, QByteArrayView tail, qint64 size)>;
+
 // Reads all of the regular file `path`, links followed; at most `maxBytes`, beyond which nothing is read.
 // Never waits for the other end of a FIFO and never reads a device. If the file changes while it is read, it
-// is read once more; if it changes again, that is an error, never a mixture of two versions.
-FileReadResult readRegularFile(const QString &path, qint64 maxBytes,
-                               FileSystem &files = FileSystem::system());
+// is read once more; if it changes again, that is an error, never a mixture of two versions. Of a file of
+// more than a MiB the rest is read only if `canBeIt` takes its ends.
+FileReadResult readRegularFile(const QString &path, qint64 maxBytes, FileSystem &files = FileSystem::system(),
+                               const FileEndsCheck &canBeIt = {});
 
 struct FileWriteResult
 {

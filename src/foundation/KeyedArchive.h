@@ -25,12 +25,20 @@ namespace Foundation
 
 // The root object; Null if the archive's root is the null object. Nothing if the bytes are no archive, are
 // damaged or cut off, hold an object of another class, an object that contains itself, nesting deeper than
-// 512, or sharing that expands beyond use. Time and memory are bounded by the size of `bytes`, whatever they
-// hold (see ReadBudget).
+// 512, or containers whose sharing expands beyond use (see ObjectMemo). Time and memory are bounded by the
+// size of `bytes`, whatever they hold (see ReadBudget).
 std::optional<Value> unarchivedRoot(const QByteArray &bytes);
 // For many small archives of one origin: they share a budget, where each would have one that is ample for its
 // size. Nothing also once that is spent.
 std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget);
+
+// Whether a file of that size may be an archive, by its first and its last bytes: what is left of a file that
+// is none need not be read. `tail` has 32 bytes or more.
+bool mayBeArchive(QByteArrayView head, QByteArrayView tail, qint64 size);
+
+// Whether unarchivedRoot would read a binary archive, by the same rules and within the same budget, in a
+// fraction of the time and memory, since nothing is made of it.
+bool canBeUnarchived(const QByteArray &binaryArchive);
 
 // `root` may be Null. The graph below it must not contain itself.
 QByteArray archivedData(const Value &root);

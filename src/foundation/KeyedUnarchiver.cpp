@@ -1,4 +1,5 @@
 #include "foundation/ArchivedColor.h"
+#include "foundation/ArchivedObjects.h"
 #include "foundation/Array.h"
 #include "foundation/BinaryObjectTable.h"
 #include "foundation/BinaryScalars.h"
@@ -23,154 +24,151 @@ namespace
 using Kind = BinaryObjectTable::Kind;
 using Object = BinaryObjectTable::Object;
 
-enum class ArchivedClass { Unknown, Dictionary, Array, String, Data, Date, Color, Null };
+// Makes the values.
+struct Building
+{
+    using Content = Value;
+    using Name = Key;
+    using DictionaryInWork = Ref<Dictionary>;
+    using ArrayInWork = Ref<Array>;
 
-// The fields of an archived object that a known class has.
-enum class Field {
-    Other,
-    Class,
-    Keys,
-    Objects,
-    Time,
-    String,
-    Bytes,
-    Data,
-    ColorSpace,
-    Components,
-    NamedColor
+    static Content null() { return Value::archivedNull(); }
+    static std::optional<Content> scalar(const Object &object) { return scalarValue(object); }
+    static Content date(double secondsSince2001) { return Value::date(secondsSince2001); }
+    static Content color(const Color &color) { return Ref<OpaqueObject>(new ColorObject(color)); }
+    static Content text(const QString &text) { return Value(text); }
+    // Small ones are made anew as quickly as they are found.
+    static bool isWorthRemembering(const Content &content) { return content.sharedObject() != nullptr; }
+    static Value::Type typeOf(const Content &content) { return content.type(); }
+    static bool isColor(const Content &content) { return bool(content.color()); }
+    static QByteArray data(const Content &content) { return content.dataValue(); }
+    static qsizetype textSize(const Content &content) { return content.text().size; }
+    static Name name(const Content &text) { return Key(text.stringValue()); }
+
+    static DictionaryInWork dictionary(quint64 count)
+    {
+        auto made = Dictionary::create();
+        made->reserve(count);
+        return made;
+    }
+    static void add(DictionaryInWork &made, const Name &name, bool isNew, Content &&content)
+    {
+        if (isNew)
+            made->append(name, std::move(content));
+        else
+            made->setValue(name, std::move(content));
+    }
+    static ArrayInWork array(quint64 count)
+    {
+        auto made = Array::create();
+        made->values.reserve(count);
+        return made;
+    }
+    static void add(ArrayInWork &made, Content &&content) { made->values.push_back(std::move(content)); }
+
+    static bool areDistinct(const std::vector<Name> &names)
+    {
+        std::vector<const void *> identities;
+        identities.reserve(names.size());
+        for (const Name &name : names)
+            identities.push_back(name.identity());
+        std::sort(identities.begin(), identities.end());
+        return std::adjacent_find(identities.begin(), identities.end()) == identities.end();
+    }
 };
 
-Field fieldNamed(QByteArrayView name)
+// Makes nothing: what a value would be is all that the rules ask for.
+struct Checking
 {
-    static constexpr struct
+    struct Content
     {
-        QByteArrayView name;
-        Field field;
-    } fields[] = {
-        {"$class", Field::Class},      {"NS.keys", Field::Keys},       {"NS.objects", Field::Objects},
-        {"NS.time", Field::Time},      {"NS.string", Field::String},   {"NS.bytes", Field::Bytes},
-        {"NS.data", Field::Data},      {"NSString", Field::String},    {"NSColorSpace", Field::ColorSpace},
-        {"NSRGB", Field::Components},  {"NSWhite", Field::Components}, {"NSCMYK", Field::Components},
-        {"NSColor", Field::NamedColor}};
-    for (const auto &known : fields) {
-        if (known.name == name)
-            return known.field;
-    }
-    return Field::Other;
-}
-
-ArchivedClass classNamed(QByteArrayView name)
-{
-    static constexpr struct
+        Value::Type type;
+        QByteArrayView bytes; // of data; of a text only the size, in units
+        bool isLarge = false;
+    };
+    struct Name
     {
-        QByteArrayView name;
-        ArchivedClass archivedClass;
-    } classes[] = {{"NSDictionary", ArchivedClass::Dictionary},
-                   {"NSMutableDictionary", ArchivedClass::Dictionary},
-                   {"NSArray", ArchivedClass::Array},
-                   {"NSMutableArray", ArchivedClass::Array},
-                   {"NSString", ArchivedClass::String},
-                   {"NSMutableString", ArchivedClass::String},
-                   // Of a styled text, its characters.
-                   {"NSAttributedString", ArchivedClass::String},
-                   {"NSMutableAttributedString", ArchivedClass::String},
-                   {"NSData", ArchivedClass::Data},
-                   {"NSMutableData", ArchivedClass::Data},
-                   {"NSDate", ArchivedClass::Date},
-                   {"NSColor", ArchivedClass::Color},
-                   {"NSNull", ArchivedClass::Null}};
-    for (const auto &known : classes) {
-        if (known.name == name)
-            return known.archivedClass;
-    }
-    return ArchivedClass::Unknown;
-}
+    };
+    struct DictionaryInWork
+    {
+        operator Content() const { return {Value::Type::Dictionary, {}}; }
+    };
+    struct ArrayInWork
+    {
+        operator Content() const { return {Value::Type::Array, {}}; }
+    };
 
-// Reads one archive. Every step answers nothing as soon as something is wrong, which ends the whole reading.
+    static Content null() { return {Value::Type::ArchivedNull, {}}; }
+    static std::optional<Content> scalar(const Object &object)
+    {
+        const auto type = scalarType(object);
+        if (!type)
+            return std::nullopt;
+        return Content{*type,
+                       {reinterpret_cast<const char *>(object.payload), qsizetype(object.count)},
+                       scalarCost(object) > 0};
+    }
+    static Content date(double) { return {Value::Type::Date, {}}; }
+    static Content color(const Color &) { return {Value::Type::Opaque, {}}; }
+    static Content text(const QString &text)
+    {
+        return {Value::Type::String, {static_cast<const char *>(nullptr), text.size()}, true};
+    }
+    static bool isWorthRemembering(const Content &content) { return content.isLarge; }
+    static Value::Type typeOf(const Content &content) { return content.type; }
+    static bool isColor(const Content &content) { return content.type == Value::Type::Opaque; }
+    static QByteArray data(const Content &content) { return content.bytes.toByteArray(); }
+    static qsizetype textSize(const Content &content) { return content.bytes.size(); }
+    static Name name(const Content &) { return {}; }
+    static DictionaryInWork dictionary(quint64) { return {}; }
+    static void add(DictionaryInWork &, const Name &, bool, Content &&) {}
+    static ArrayInWork array(quint64) { return {}; }
+    static void add(ArrayInWork &, Content &&) {}
+    static bool areDistinct(const std::vector<Name> &) { return true; }
+};
+
+// Reads one archive by rules that are the same whether anything is made of it or not. Every step answers
+// nothing as soon as something is wrong, which ends the whole reading.
+template <class Maker>
 class Unarchiver
 {
 public:
-    static std::optional<Value> root(QByteArrayView bytes, ReadBudget &budget)
-    {
-        const auto table = BinaryObjectTable::open(bytes);
-        if (!table)
-            return std::nullopt;
-        const auto objects = entry(*table, table->object(table->topObject()), "$objects");
-        const auto top = entry(*table, table->object(table->topObject()), "$top");
-        if (!objects || !top || objects->kind != Kind::Array || objects->count == 0)
-            return std::nullopt;
-        const auto rootUid = entry(*table, *top, "root");
-        if (!rootUid || rootUid->kind != Kind::Uid)
-            return std::nullopt;
-        Unarchiver unarchiver(*table, *objects, quint64(bytes.size()), budget);
-        const auto uid = unarchiver.uidOf(*rootUid);
-        if (!uid)
-            return std::nullopt;
-        return *uid == 0 ? Value() : unarchiver.value(*uid);
-    }
+    using Content = typename Maker::Content;
+    using Name = typename Maker::Name;
 
-private:
-    Unarchiver(const BinaryObjectTable &table, const Object &objects, quint64 byteCount, ReadBudget &budget)
+    Unarchiver(const BinaryObjectTable &table, const ArchivedObjects &objects, ReadBudget &budget)
         : m_table(table)
         , m_objects(objects)
-        , m_memo(table.objectCount() + objects.count, byteCount)
+        , m_memo(slotCount(table, objects))
         , m_budget(budget)
     {
     }
 
-    static QByteArrayView asciiOf(const Object &object)
+    static quint64 slotCount(const BinaryObjectTable &table, const ArchivedObjects &objects)
     {
-        if (object.kind != Kind::Ascii)
-            return {};
-        return {reinterpret_cast<const char *>(object.payload), qsizetype(object.count)};
-    }
-
-    // The value of a bare dictionary under a name.
-    static std::optional<Object> entry(const BinaryObjectTable &table, const Object &dictionary,
-                                       QByteArrayView name)
-    {
-        if (dictionary.kind != Kind::Dictionary)
-            return std::nullopt;
-        for (quint64 i = 0; i < dictionary.count; ++i) {
-            if (asciiOf(table.object(table.reference(dictionary.payload, i))) == name)
-                return table.object(table.reference(dictionary.payload, dictionary.count + i));
-        }
-        return std::nullopt;
-    }
-
-    std::optional<quint64> uidOf(const Object &object) const
-    {
-        if (object.kind != Kind::Uid || object.count > 8)
-            return std::nullopt;
-        const quint64 uid = BinaryObjectTable::number(object.payload, int(object.count));
-        return uid < m_objects.count ? std::optional(uid) : std::nullopt;
-    }
-
-    std::optional<quint64> uidAt(const Object &container, quint64 i) const
-    {
-        return uidOf(m_table.object(m_table.reference(container.payload, i)));
+        return table.objectCount() + objects.uidCount();
     }
 
     // The object of a number in the archive.
-    std::optional<Value> value(quint64 uid)
+    std::optional<Content> value(quint64 uid)
     {
-        if (uid == 0)
-            return m_memo.count() ? std::optional(Value::archivedNull()) : std::nullopt;
-        const quint64 index = m_table.reference(m_objects.payload, uid);
+        if (uid == 0) {
+            m_memo.count();
+            return Maker::null();
+        }
+        const quint64 index = m_objects.indexOf(uid);
         const Object object = m_table.object(index);
         const bool isContainer = object.kind == Kind::Dictionary;
         if (object.kind == Kind::Invalid)
             return std::nullopt;
         // Equal texts may stand in the list once and are shared; of dictionaries each UID has its own.
         const quint64 slot = isContainer ? m_table.objectCount() + uid : index;
-        if (const Value *known = m_memo.find(slot))
+        if (const Content *known = m_memo.find(slot))
             return m_memo.isWithinBounds() ? std::optional(*known) : std::nullopt;
-        const ObjectMemo::Extent before = m_memo.met();
-        if (!m_memo.count())
-            return std::nullopt;
+        const quint64 valuesBefore = m_memo.count();
         if (!isContainer) {
             auto made = scalar(object);
-            if (made && made->sharedObject())
+            if (made && Maker::isWorthRemembering(*made))
                 m_memo.rememberScalar(slot, *made);
             return made;
         }
@@ -178,158 +176,64 @@ private:
             return std::nullopt;
         auto made = instance(object);
         if (made)
-            m_memo.close(slot, *made, before);
+            m_memo.close(slot, *made, valuesBefore);
         return made;
     }
 
-    std::optional<Value> scalar(const Object &object)
+private:
+    struct NameList
     {
-        return m_budget.spend(scalarCost(object)) ? scalarValue(object) : std::nullopt;
-    }
-
-    // To be asked before the references of an object are read.
-    bool spendOn(const Object &object, quint64 costOfEach)
-    {
-        return m_budget.spend(ReadBudget::Container + object.count * costOfEach);
-    }
-
-    // The fields of an archived object that the known classes have.
-    struct Fields
-    {
-        std::optional<quint64> classUid;
-        Object keys, objects, time, text, bytes, data, colorSpace, components, namedColor;
+        std::vector<Name> names;
+        bool areDistinct = true;
     };
 
-    std::optional<Fields> fieldsOf(const Object &object)
+    std::optional<Content> scalar(const Object &object)
     {
-        if (!spendOn(object, ReadBudget::Reference))
-            return std::nullopt;
-        Fields fields;
-        for (quint64 i = 0; i < object.count; ++i) {
-            const Field field = fieldOf(m_table.reference(object.payload, i));
-            if (field == Field::Other)
-                continue;
-            const Object content = m_table.object(m_table.reference(object.payload, object.count + i));
-            switch (field) {
-            case Field::Class:
-                fields.classUid = uidOf(content);
-                break;
-            case Field::Keys:
-                fields.keys = content;
-                break;
-            case Field::Objects:
-                fields.objects = content;
-                break;
-            case Field::Time:
-                fields.time = content;
-                break;
-            case Field::String:
-                fields.text = content;
-                break;
-            case Field::Bytes:
-                fields.bytes = content;
-                break;
-            case Field::Data:
-                fields.data = content;
-                break;
-            case Field::ColorSpace:
-                fields.colorSpace = content;
-                break;
-            case Field::Components:
-                fields.components = content;
-                break;
-            case Field::NamedColor:
-                fields.namedColor = content;
-                break;
-            case Field::Other:
-                break;
-            }
-        }
-        return fields.classUid ? std::optional(fields) : std::nullopt;
+        return m_budget.spend(scalarCost(object)) ? Maker::scalar(object) : std::nullopt;
     }
 
-    // A field's name by the number of its text, remembered: an archive has few names and many objects.
-    Field fieldOf(quint64 nameIndex)
+    std::optional<Content> instance(const Object &object)
     {
-        for (const auto &known : m_knownFields) {
-            if (known.nameIndex == nameIndex)
-                return known.field;
-        }
-        const Field field = fieldNamed(asciiOf(m_table.object(nameIndex)));
-        m_knownFields[m_nextKnownField] = {nameIndex, field};
-        m_nextKnownField = (m_nextKnownField + 1) % std::size(m_knownFields);
-        return field;
-    }
-
-    std::optional<Value> instance(const Object &object)
-    {
-        const auto fields = fieldsOf(object);
+        const auto fields = m_objects.fieldsOf(object);
         if (!fields)
             return std::nullopt;
-        switch (classOf(*fields->classUid)) {
-        case ArchivedClass::Dictionary:
+        switch (m_objects.classOf(*fields->classUid)) {
+        case ReadableClass::Dictionary:
             return dictionary(fields->keys, fields->objects);
-        case ArchivedClass::Array:
+        case ReadableClass::Array:
             return array(fields->objects);
-        case ArchivedClass::String:
+        case ReadableClass::String:
             return string(*fields);
-        case ArchivedClass::Data:
+        case ReadableClass::Data:
             return bare(fields->data.kind != Kind::Invalid ? fields->data : fields->bytes, Value::Type::Data);
-        case ArchivedClass::Date:
+        case ReadableClass::Date:
             return date(fields->time);
-        case ArchivedClass::Color:
+        case ReadableClass::Color:
             return color(*fields);
-        case ArchivedClass::Null:
-            return Value::archivedNull();
-        case ArchivedClass::Unknown:
+        case ReadableClass::Null:
+            return Maker::null();
+        case ReadableClass::Unknown:
             break;
         }
         return std::nullopt;
     }
 
-    ArchivedClass classOf(quint64 uid)
-    {
-        const auto known = m_classes.find(uid);
-        if (known != m_classes.end())
-            return known->second;
-        const Object description = m_table.object(m_table.reference(m_objects.payload, uid));
-        ArchivedClass found = ArchivedClass::Unknown;
-        if (description.kind != Kind::Dictionary || !spendOn(description, ReadBudget::Reference))
-            return found;
-        if (const auto name = entry(m_table, description, "$classname"))
-            found = classNamed(asciiOf(*name));
-        // A subclass is read as the nearest class that is known.
-        const auto ancestors = entry(m_table, description, "$classes");
-        if (found == ArchivedClass::Unknown && ancestors && ancestors->kind == Kind::Array &&
-            spendOn(*ancestors, ReadBudget::Reference)) {
-            for (quint64 i = 0; i < ancestors->count && found == ArchivedClass::Unknown; ++i)
-                found = classNamed(asciiOf(m_table.object(m_table.reference(ancestors->payload, i))));
-        }
-        m_classes.emplace(uid, found);
-        return found;
-    }
-
-    std::optional<Value> dictionary(const Object &keys, const Object &objects)
+    std::optional<Content> dictionary(const Object &keys, const Object &objects)
     {
         if (keys.kind != Kind::Array || objects.kind != Kind::Array || keys.count != objects.count ||
-            !spendOn(objects, costOfEntry(objects.count)) || !readKeys(keys))
+            !m_objects.spendOn(objects, costOfEntry(objects.count)) || !readNames(keys))
             return std::nullopt;
-        // Reading the values may read other dictionaries, which have keys of their own.
-        const std::shared_ptr<const KeyList> list = m_keys;
-        auto result = Dictionary::create();
-        result->reserve(keys.count);
+        // Reading the values may read other dictionaries, which have names of their own.
+        const std::shared_ptr<const NameList> list = m_names;
+        auto result = Maker::dictionary(keys.count);
         for (quint64 i = 0; i < objects.count; ++i) {
-            const auto uid = uidAt(objects, i);
+            const auto uid = m_objects.uidAt(objects, i);
             auto content = uid ? value(*uid) : std::nullopt;
             if (!content)
                 return std::nullopt;
-            const Key &key = list->keys[i];
-            if (list->distinct)
-                result->append(key, std::move(*content));
-            else
-                result->setValue(key, std::move(*content));
+            Maker::add(result, list->names[i], list->areDistinct, std::move(*content));
         }
-        return Value(result);
+        return Content(result);
     }
 
     static quint64 costOfEntry(quint64 count)
@@ -338,124 +242,122 @@ private:
                (count > Dictionary::IndexThreshold ? ReadBudget::IndexedEntry : 0);
     }
 
-    struct KeyList
-    {
-        std::vector<Key> keys;
-        bool distinct = true;
-    };
-
-    // Sets m_keys. Records mostly have the keys of the record before them, reference for reference.
-    bool readKeys(const Object &keys)
+    // Sets m_names. Records mostly have the keys of the record before them, reference for reference.
+    bool readNames(const Object &keys)
     {
         const std::size_t bytes = keys.count * quint64(m_table.referenceSize());
-        if (m_keys && m_keys->keys.size() == keys.count &&
-            std::memcmp(m_keyReferences, keys.payload, bytes) == 0)
+        if (m_names && m_names->names.size() == keys.count &&
+            std::memcmp(m_nameReferences, keys.payload, bytes) == 0)
             return true;
-        if (!spendOn(keys, ReadBudget::Reference))
+        if (!m_objects.spendOn(keys, ReadBudget::Reference))
             return false;
-        auto list = std::make_shared<KeyList>();
-        list->keys.reserve(keys.count);
+        auto list = std::make_shared<NameList>();
+        list->names.reserve(keys.count);
         for (quint64 i = 0; i < keys.count; ++i) {
-            const auto uid = uidAt(keys, i);
-            const Key *key = uid ? keyOf(*uid) : nullptr;
-            if (!key)
+            const auto uid = m_objects.uidAt(keys, i);
+            const Name *name = uid ? nameOf(*uid) : nullptr;
+            if (!name)
                 return false;
-            list->keys.push_back(*key);
+            list->names.push_back(*name);
         }
-        std::vector<const void *> identities;
-        identities.reserve(list->keys.size());
-        for (const Key &key : list->keys)
-            identities.push_back(key.identity());
-        std::sort(identities.begin(), identities.end());
-        list->distinct = std::adjacent_find(identities.begin(), identities.end()) == identities.end();
-        m_keys = std::move(list);
-        m_keyReferences = keys.payload;
+        list->areDistinct = Maker::areDistinct(list->names);
+        m_names = std::move(list);
+        m_nameReferences = keys.payload;
         return true;
     }
 
     // Null if the object is no text, or the budget is spent.
-    const Key *keyOf(quint64 uid)
+    const Name *nameOf(quint64 uid)
     {
-        const auto known = m_keysByUid.find(uid);
-        if (known != m_keysByUid.end())
+        const auto known = m_namesByUid.find(uid);
+        if (known != m_namesByUid.end())
             return &known->second;
-        const auto name = value(uid);
-        if (!name || !name->isString() ||
-            !m_budget.spend(ReadBudget::KeyName + 2 * quint64(name->text().size)))
+        const auto text = value(uid);
+        if (!text || Maker::typeOf(*text) != Value::Type::String ||
+            !m_budget.spend(ReadBudget::KeyName + 2 * quint64(Maker::textSize(*text))))
             return nullptr;
-        return &m_keysByUid.emplace(uid, Key(name->stringValue())).first->second;
+        return &m_namesByUid.emplace(uid, Maker::name(*text)).first->second;
     }
 
-    std::optional<Value> array(const Object &objects)
+    std::optional<Content> array(const Object &objects)
     {
-        if (objects.kind != Kind::Array || !spendOn(objects, ReadBudget::Reference))
+        if (objects.kind != Kind::Array || !m_objects.spendOn(objects, ReadBudget::Reference))
             return std::nullopt;
-        auto result = Array::create();
-        result->values.reserve(objects.count);
+        auto result = Maker::array(objects.count);
         for (quint64 i = 0; i < objects.count; ++i) {
-            const auto uid = uidAt(objects, i);
+            const auto uid = m_objects.uidAt(objects, i);
             auto content = uid ? value(*uid) : std::nullopt;
             if (!content)
                 return std::nullopt;
-            result->values.push_back(std::move(*content));
+            Maker::add(result, std::move(*content));
         }
-        return Value(result);
+        return Content(result);
     }
 
     // A field's content, which stands there itself or is referred to.
-    std::optional<Value> bare(const Object &field, Value::Type type)
+    std::optional<Content> bare(const Object &field, Value::Type type)
     {
-        const auto uid = uidOf(field);
+        const auto uid = m_objects.uidOf(field);
         auto content = uid ? value(*uid) : scalar(field);
-        return content && content->type() == type ? content : std::nullopt;
+        return content && Maker::typeOf(*content) == type ? content : std::nullopt;
     }
 
-    std::optional<Value> string(const Fields &fields)
+    std::optional<Content> string(const ArchivedObjects::Fields &fields)
     {
         if (fields.text.kind != Kind::Invalid)
             return bare(fields.text, Value::Type::String);
         const auto utf8 = bare(fields.bytes, Value::Type::Data);
-        return utf8 ? std::optional(Value(QString::fromUtf8(utf8->dataValue()))) : std::nullopt;
+        if (!utf8)
+            return std::nullopt;
+        return Maker::text(QString::fromUtf8(Maker::data(*utf8)));
     }
 
-    static std::optional<Value> date(const Object &time)
+    static std::optional<Content> date(const Object &time)
     {
         const auto seconds = scalarValue(time);
-        return seconds && seconds->isNumber() ? std::optional(Value::date(seconds->doubleValue()))
-                                              : std::nullopt;
+        if (!seconds || !seconds->isNumber())
+            return std::nullopt;
+        return Maker::date(seconds->doubleValue());
     }
 
-    std::optional<Value> color(const Fields &fields)
+    std::optional<Content> color(const ArchivedObjects::Fields &fields)
     {
         const auto space = scalarValue(fields.colorSpace);
         if (!space || !space->isNumber())
             return std::nullopt;
         const auto spaceNumber = ArchivedColorSpace(space->intValue());
         if (spaceNumber == ArchivedColorSpace::Named) {
-            const auto uid = uidOf(fields.namedColor);
+            const auto uid = m_objects.uidOf(fields.namedColor);
             const auto named = uid ? value(*uid) : std::nullopt;
-            return named && named->color() ? named : std::nullopt;
+            return named && Maker::isColor(*named) ? named : std::nullopt;
         }
         const auto components = bare(fields.components, Value::Type::Data);
-        const auto made = components ? colorOfComponents(spaceNumber, components->dataValue()) : std::nullopt;
-        return made ? std::optional(Value(Ref<OpaqueObject>(new ColorObject(*made)))) : std::nullopt;
+        const auto made =
+            components ? colorOfComponents(spaceNumber, Maker::data(*components)) : std::nullopt;
+        return made ? std::optional(Maker::color(*made)) : std::nullopt;
     }
 
     const BinaryObjectTable &m_table;
-    const Object m_objects;
-    ObjectMemo m_memo; // texts by the number of their object, archived objects behind them by UID
+    ArchivedObjects m_objects;
+    ObjectMemo<Content> m_memo; // texts by the number of their object, archived objects behind them by UID
     ReadBudget &m_budget;
-    std::unordered_map<quint64, ArchivedClass> m_classes;
-    std::unordered_map<quint64, Key> m_keysByUid;
-    std::shared_ptr<const KeyList> m_keys; // of the dictionary read last
-    const uchar *m_keyReferences = nullptr;
-    struct
-    {
-        quint64 nameIndex = ~quint64(0);
-        Field field = Field::Other;
-    } m_knownFields[8];
-    std::size_t m_nextKnownField = 0;
+    std::unordered_map<quint64, Name> m_namesByUid;
+    std::shared_ptr<const NameList> m_names; // of the dictionary read last
+    const uchar *m_nameReferences = nullptr;
 };
+
+template <class Maker>
+std::optional<typename Maker::Content> rootOf(QByteArrayView bytes, ReadBudget &budget,
+                                              const typename Maker::Content &contentOfNull)
+{
+    const auto table = BinaryObjectTable::open(bytes);
+    const auto objects = table ? ArchivedObjects::open(*table, budget) : std::nullopt;
+    if (!objects || !budget.spend(ReadBudget::Slot * Unarchiver<Maker>::slotCount(*table, *objects)))
+        return std::nullopt;
+    if (objects->rootUid() == 0)
+        return contentOfNull;
+    return Unarchiver<Maker>(*table, *objects, budget).value(objects->rootUid());
+}
 
 } // namespace
 
@@ -468,7 +370,7 @@ std::optional<Value> unarchivedRoot(const QByteArray &bytes)
 std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget)
 {
     if (BinaryObjectTable::looksLikeOne(bytes))
-        return Unarchiver::root(bytes, budget);
+        return rootOf<Building>(bytes, budget, Value());
     // XML archives come from other programs and are rare: they take the same road in binary form.
     if (!budget.spend(quint64(bytes.size())))
         return std::nullopt;
@@ -477,7 +379,24 @@ std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget)
         return std::nullopt;
     const QByteArray binary = writeBinaryPropertyList(*list);
     list.reset(); // So that it need not stay beside what is read from it.
-    return Unarchiver::root(binary, budget);
+    return rootOf<Building>(binary, budget, Value());
+}
+
+bool mayBeArchive(QByteArrayView head, QByteArrayView tail, qint64 size)
+{
+    if (head.startsWith("bplist"))
+        return BinaryObjectTable::mayBeOne(head, tail, size);
+    // XML in any encoding: marks, the null bytes of wide characters and blanks may come before the first tag.
+    constexpr QByteArrayView BeforeFirstTag("\xFE\xFF\xEF\xBB\xBF\0 \t\r\n", 10);
+    const auto first =
+        std::find_if(head.begin(), head.end(), [&](char byte) { return !BeforeFirstTag.contains(byte); });
+    return first != head.end() && *first == '<';
+}
+
+bool canBeUnarchived(const QByteArray &binaryArchive)
+{
+    ReadBudget budget(quint64(binaryArchive.size()));
+    return rootOf<Checking>(binaryArchive, budget, Checking::null()).has_value();
 }
 
 } // namespace Foundation

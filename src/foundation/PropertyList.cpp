@@ -42,10 +42,19 @@ std::optional<quint64> uidIn(const Dictionary &dictionary)
 class BinaryReader
 {
 public:
-    BinaryReader(const BinaryObjectTable &table, qsizetype byteCount)
+    static std::optional<Value> root(const BinaryObjectTable &table, qsizetype byteCount)
+    {
+        ReadBudget budget{quint64(byteCount)};
+        if (!budget.spend(ReadBudget::Slot * table.objectCount()))
+            return std::nullopt;
+        return BinaryReader(table, budget).value(table.topObject());
+    }
+
+private:
+    BinaryReader(const BinaryObjectTable &table, const ReadBudget &budget)
         : m_table(table)
-        , m_memo(table.objectCount(), quint64(byteCount))
-        , m_budget(quint64(byteCount))
+        , m_memo(table.objectCount())
+        , m_budget(budget)
     {
     }
 
@@ -56,21 +65,21 @@ public:
             return std::nullopt;
         if (const Value *known = m_memo.find(index))
             return m_memo.isWithinBounds() ? std::optional(*known) : std::nullopt;
-        const ObjectMemo::Extent before = m_memo.met();
-        if (!m_memo.count())
-            return std::nullopt;
+        const quint64 valuesBefore = m_memo.count();
         if (object.kind == Kind::Array || object.kind == Kind::Dictionary) {
             if (!m_memo.open(index))
                 return std::nullopt;
             auto container = object.kind == Kind::Array ? array(object) : dictionary(object);
             if (container)
-                m_memo.close(index, *container, before);
+                m_memo.close(index, *container, valuesBefore);
             return container;
         }
         if (object.kind == Kind::Uid) {
             if (object.count > 8 || !m_budget.spend(ReadBudget::Container))
                 return std::nullopt;
-            return uidValue(BinaryObjectTable::number(object.payload, int(object.count)));
+            const Value uid = uidValue(BinaryObjectTable::number(object.payload, int(object.count)));
+            m_memo.rememberScalar(index, uid);
+            return uid;
         }
         auto scalar = m_budget.spend(scalarCost(object)) ? scalarValue(object) : std::nullopt;
         if (scalar && scalar->sharedObject())
@@ -78,7 +87,6 @@ public:
         return scalar;
     }
 
-private:
     std::optional<Value> array(const Object &object)
     {
         if (!m_budget.spend(ReadBudget::Container + object.count * ReadBudget::Reference))
@@ -124,13 +132,14 @@ private:
     }
 
     const BinaryObjectTable &m_table;
-    ObjectMemo m_memo;
+    ObjectMemo<Value> m_memo;
     ReadBudget m_budget;
     std::unordered_map<quint64, Key> m_keys; // by the number of their text
 };
 
-// Gives every object a number, breadth first, and writes them in that order. Only scalars that share their
-// content and containers met again are written once.
+// Gives every object a number, breadth first, and writes them in that order. Scalars that share their
+// content, containers met again and keys are written once: a reader counts what it meets, and must not meet
+// more than there was in the list that this one was read from.
 class BinaryWriter
 {
 public:
@@ -160,13 +169,20 @@ private:
         return m_objects.size() - 1;
     }
 
+    quint64 numberOf(const Key &key)
+    {
+        const auto known = m_keyNumbers.find(key);
+        if (known != m_keyNumbers.end())
+            return known->second;
+        m_names.emplace_back(key.name());
+        return m_keyNumbers.emplace(key, numberOf(m_names.back())).first->second;
+    }
+
     void numberChildren(const Value &value)
     {
         if (const auto dictionary = value.dictionary(); dictionary && !uidIn(*dictionary)) {
-            for (const auto &entry : dictionary->entries()) {
-                m_names.emplace_back(entry.key.name());
-                m_children.push_back(numberOf(m_names.back()));
-            }
+            for (const auto &entry : dictionary->entries())
+                m_children.push_back(numberOf(entry.key));
             for (const auto &entry : dictionary->entries())
                 m_children.push_back(numberOf(entry.value));
         } else if (const auto array = value.array()) {
@@ -228,6 +244,7 @@ private:
     std::vector<const Value *> m_objects;
     std::vector<quint64> m_children;
     std::deque<Value> m_names; // stays where it is while it grows
+    std::unordered_map<Key, quint64> m_keyNumbers;
 };
 
 } // namespace
@@ -237,7 +254,7 @@ std::optional<Value> readPropertyList(const QByteArray &bytes)
     if (!BinaryObjectTable::looksLikeOne(bytes))
         return readXmlPropertyList(bytes);
     const auto table = BinaryObjectTable::open(bytes);
-    return table ? BinaryReader(*table, bytes.size()).value(table->topObject()) : std::nullopt;
+    return table ? BinaryReader::root(*table, bytes.size()) : std::nullopt;
 }
 
 QByteArray writeBinaryPropertyList(const Value &root)

@@ -20,6 +20,7 @@ class ReadBudget
 public:
     // Of one read reference, and of the value in a list that it becomes.
     static constexpr quint64 Reference = 16;
+    static constexpr quint64 Slot = 4; // of what a reader remembers of each object
     static constexpr quint64 DictionaryEntry = 24;
     static constexpr quint64 IndexedEntry = 48; // comes on top beyond the threshold of dictionaries
     static constexpr quint64 KeyName = 220;     // with the tables that hold it; its text comes on top

@@ -4,6 +4,7 @@
 #include "core/DocumentReader.h"
 #include "core/SavePipeline.h"
 #include "foundation/ColorPanel.h"
+#include "foundation/KeyedArchive.h"
 #include "foundation/Services.h"
 #include "helpers/HelperTransformers.h"
 #include "helpers/VLAppSupportUtility.h"
@@ -248,12 +249,10 @@ void MyDocument::doLockDocument()
     if (isDecrypted() && !plainPassword().isEmpty() && !fileURL().isNull())
         setOSXPlatformDictionary(SavePipeline::platformDictionary(windowPlacement()));
     pipeline.encryptData();
-    if (!lastDataCanBeRead()) {
+    if (const QString reason = reasonNotReadable(); !reason.isNull()) {
         // Behind the lock would be nothing that opens.
         m_isLockedByHand = false;
-        showAlert({tr("The document “%1” could not be locked.").arg(displayName()),
-                   tr("It could not be enciphered."),
-                   {tr("OK")}},
+        showAlert({tr("The document “%1” could not be locked.").arg(displayName()), reason, {tr("OK")}},
                   [](int) {});
         return;
     }
@@ -355,9 +354,20 @@ QString MyDocument::reasonNotToWrite() const
     return {};
 }
 
-bool MyDocument::lastDataCanBeRead() const
+QString MyDocument::reasonNotReadable() const
 {
-    return SavePipeline::canBeRead(state());
+    if (SavePipeline::canBeRead(state()))
+        return {};
+    return state().refusesOwnContent
+               ? tr("It holds more than can be read again, or lists that lie in each other too deeply. "
+                    "Delete "
+                    "the contacts that another program has filled in so, and try again.")
+               : tr("It could not be enciphered.");
+}
+
+bool MyDocument::canBeItsFile(QByteArrayView head, QByteArrayView tail, qint64 size) const
+{
+    return Foundation::mayBeArchive(head, tail, size);
 }
 
 bool MyDocument::keepsRecoveryFile() const

@@ -126,7 +126,8 @@ public:
     std::optional<QByteArray> dataOfType(const QString &type) override;
     bool readFromData(const QByteArray &bytes, const QString &type, QString *reason) override;
     QString reasonNotToWrite() const override;
-    bool lastDataCanBeRead() const override;
+    QString reasonNotReadable() const override;
+    bool canBeItsFile(QByteArrayView head, QByteArrayView tail, qint64 size) const override;
     QString autosavingFileType() const override;
     bool keepsRecoveryFile() const override;
 

@@ -247,9 +247,11 @@ TEST(SavePipeline, WhatNoReaderWouldTakeIsFoundByTheGuard)
     document.record(0)->setValue(RecordKey::note, nested);
     document.save();
     EXPECT_FALSE(SavePipeline::canBeRead(document.state));
+    EXPECT_TRUE(document.state.refusesOwnContent);
     document.record(0)->setValue(RecordKey::note, Value());
     document.save();
     EXPECT_TRUE(SavePipeline::canBeRead(document.state));
+    EXPECT_FALSE(document.state.refusesOwnContent);
 }
 
 TEST(SavePipeline, DocumentsWithoutPasswordOrDateCanBeReadAgain)

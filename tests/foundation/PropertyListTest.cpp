@@ -166,6 +166,20 @@ TEST(BinaryPropertyList, SharesWhatTheFileShares)
     EXPECT_EQ(describe(readPropertyList(writeBinaryPropertyList(*value))), describe(value));
 }
 
+// Near the limit of what may be shared, where nothing may be written of which a reader counts more than of
+// what was read.
+TEST(BinaryPropertyList, WritesWhatItReadSuchThatItIsReadAgain)
+{
+    PropertyListBuilder list;
+    const PropertyListBuilder::Numbers keys = {list.ascii("k"), list.ascii("l")};
+    auto nested = list.dictionary({list.ascii("CF$UID")}, {list.integer(1, 1)});
+    for (int doublings = 0; doublings < 18; ++doublings)
+        nested = list.dictionary(keys, {nested, nested});
+    const auto value = readPropertyList(list.bytes(nested));
+    ASSERT_TRUE(value);
+    EXPECT_TRUE(readPropertyList(writeBinaryPropertyList(*value)));
+}
+
 TEST(BinaryPropertyList, WritesNullsAsTexts)
 {
     const auto dictionary = Dictionary::create();

@@ -1,5 +1,6 @@
 #include "foundation/DurableFile.h"
 #include "foundation/FileFixture.h"
+#include "foundation/KeyedArchive.h"
 #include "support/FaultyFileSystem.h"
 
 #include <sys/resource.h>
@@ -135,6 +136,36 @@ TEST_F(RegularFile, SurvivesInterruptionsAndTellsErrors)
             EXPECT_EQ(result.error, expected ? QString() : u"The disk reported an error."_qs);
             EXPECT_EQ(result.bytes, expected ? QByteArray(5000, 'f') : QByteArray());
         }
+    }
+}
+
+TEST_F(RegularFile, ThatCannotBeAnArchiveIsNotReadWhole)
+{
+    const QByteArray archive = archivedData(Value(QByteArray(2 << 20, 'x')));
+    const QByteArray middle = archive.sliced(6, archive.size() - 38);
+    const QByteArray trailer = archive.last(32);
+    const struct
+    {
+        const char *rule;
+        QByteArray bytes;
+        bool isRead;
+    } cases[] = {
+        {"an archive", archive, true},
+        {"without its trailer", "bplist" + middle + QByteArray(32, '\0'), false},
+        {"that is too short for its trailer", "bplist" + middle.first(1 << 20) + trailer, false},
+        {"with another head", "BPLIST" + middle + trailer, false},
+        {"XML", "\xEF\xBB\xBF \n<" + middle, true},
+        {"XML in wide characters", QByteArray("\xFF\xFE<\0", 4) + middle, true},
+        {"nothing", QByteArray(2 << 20, '\0'), false},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.rule);
+        put(u"file"_qs, c.bytes);
+        FaultyFileSystem files;
+        const FileReadResult result = readRegularFile(path(u"file"_qs), 5 << 20, files, &mayBeArchive);
+        EXPECT_TRUE(result.succeeded());
+        EXPECT_EQ(result.bytes, c.isRead ? c.bytes : QByteArray());
+        EXPECT_EQ(files.calls.count("readAt old") > 2, c.isRead);
     }
 }
 

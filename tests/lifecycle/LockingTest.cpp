@@ -150,6 +150,7 @@ TEST_F(Locking, WhatCouldNotBeOpenedAgainIsNotLocked)
     queue.drain();
     EXPECT_TRUE(document->isDecrypted());
     EXPECT_EQ(window->alert().message, u"The document “locked.vexcards” could not be locked.");
+    EXPECT_TRUE(window->alert().informativeText.contains(u"in each other too deeply. Delete"));
     EXPECT_EQ(document->myArray()->count(), 1);
     window->answer(1000);
     typeNote(u"short"_qs);
