@@ -65,6 +65,6 @@ fuzz_target() {
     mkdir -p "$grown" "$findings"
     [[ ! -f $root/fuzz/$1.dict ]] || options+=(-dict="$root/fuzz/$1.dict")
     [[ -n $(ls -A "$kept") ]] || { complain "$kept holds no inputs"; return 1; }
-    timeout --kill-after=10 $(($2 + 300)) "$root/build/fuzz/bin/$1-fuzz" -max_total_time="$2" -timeout=5 \
+    timeout --kill-after=10 $(($2 + 300)) "$root/build/fuzz/bin/$1-fuzz" -max_total_time="$2" -timeout=25 \
         -print_final_stats=1 -artifact_prefix="$findings/$1-" "${options[@]}" "$grown" "$kept"
 }

@@ -19,7 +19,7 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-PATIENCE = 20  # seconds
+PATIENCE = 60  # seconds; for a slow machine with a lot else to do
 PASSWORD = "correct horse"
 DOWN, RETURN, ESCAPE = 0xff54, 0xff0d, 0xff1b  # as the window system numbers the keys
 

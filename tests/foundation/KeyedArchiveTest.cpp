@@ -233,7 +233,7 @@ std::optional<QByteArray> throughProgram(const QString &program, const QStringLi
     process.start(program, arguments);
     process.write(input);
     process.closeWriteChannel();
-    EXPECT_TRUE(process.waitForFinished());
+    EXPECT_TRUE(process.waitForFinished(-1));
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().constData();
     return process.readAllStandardOutput();
 }

@@ -22,7 +22,7 @@ TEST(MacRoman, EveryByteIsTheCharacterThatOtherProgramsRead)
         {u"-c"_qs,
          QStringLiteral(
              "import sys; sys.stdout.buffer.write(bytes(range(256)).decode('mac_roman').encode())")});
-    ASSERT_TRUE(python.waitForFinished());
+    ASSERT_TRUE(python.waitForFinished(-1));
     const QString expected = QString::fromUtf8(python.readAllStandardOutput());
     ASSERT_EQ(expected.size(), 256);
     EXPECT_EQ(textFromMacRoman(all), expected);

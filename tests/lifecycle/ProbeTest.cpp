@@ -17,7 +17,7 @@ protected:
         QProcess process;
         process.setProcessChannelMode(QProcess::SeparateChannels);
         process.start(QStringLiteral(VEXAREL_PROBE), words);
-        EXPECT_TRUE(process.waitForFinished(60000));
+        EXPECT_TRUE(process.waitForFinished(-1));
         output = process.readAllStandardOutput().trimmed();
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }

@@ -52,7 +52,7 @@ TEST_F(SingleInstanceTest, WhatACrashLeftBehindAndForeignTalkAreSurvived)
     QObject::connect(&first, &SingleInstance::startedAgain, [&starts] { ++starts; });
     QLocalSocket foreign;
     foreign.connectToServer(folder.filePath(u"vexarel.socket"_qs));
-    ASSERT_TRUE(foreign.waitForConnected());
+    ASSERT_TRUE(foreign.waitForConnected(-1));
     foreign.write("\xff\xff\xff\xfe nonsense");
     foreign.flush();
     for (int turn = 0; turn < 50; ++turn)

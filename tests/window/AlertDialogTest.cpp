@@ -151,7 +151,7 @@ TEST_F(SheetQueueTest, AQuestionOfTheSheetsOwnEndsBeforeIt)
         EXPECT_EQ(question.exec(), QDialog::Rejected);
         EXPECT_TRUE(queue.hasSheet());
     }
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !queue.hasSheet(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !queue.hasSheet(); }, 60000));
     mainQueue.drain();
     EXPECT_EQ(ended, QStringList{u"a 0"_qs});
 }

@@ -37,7 +37,7 @@ protected:
         controller()->cardPrinter().print();
         QProcess reader;
         reader.start(u"pdftotext"_qs, {u"-layout"_qs, path, u"-"_qs});
-        EXPECT_TRUE(reader.waitForFinished());
+        EXPECT_TRUE(reader.waitForFinished(-1));
         QStringList pages = QString::fromUtf8(reader.readAllStandardOutput()).split(u'\f');
         pages.removeLast();
         return pages;

@@ -106,7 +106,7 @@ TEST_F(ForeignHandsTest, TwoProcessesOnOneFileHearOfEachOther)
     putFile(pathOf(u"password"_qs), password.toUtf8());
     QProcess second;
     second.start(QStringLiteral(VEXAREL_PROBE), {u"save"_qs, path, pathOf(u"password"_qs)});
-    ASSERT_TRUE(second.waitForFinished() && second.exitCode() == 0);
+    ASSERT_TRUE(second.waitForFinished(-1) && second.exitCode() == 0);
     const QByteArray theirs = contentOf(path);
     typeNote(u"mine"_qs);
     save();

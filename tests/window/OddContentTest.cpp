@@ -158,7 +158,7 @@ TEST_F(OddContentTest, DocumentsOfOldReleasesAreOpenedEditedAndSaved)
         QProcess reader;
         reader.start(QStringLiteral("/usr/bin/python3"),
                      {QStringLiteral(VEXAREL_SOURCE_DIR "/tests/core/read_document.py"), path, c.password});
-        ASSERT_TRUE(reader.waitForFinished());
+        ASSERT_TRUE(reader.waitForFinished(-1));
         EXPECT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().constData();
         const QByteArray read = reader.readAllStandardOutput();
         EXPECT_TRUE(read.contains(R"("lastName":"\u00c5ngstr\u00f6m")"));

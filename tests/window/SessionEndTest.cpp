@@ -77,7 +77,9 @@ TEST_F(SessionEndTest, TheWordToQuitThenAsksNobody)
     addContact(u"Ada"_qs, u"Byron"_qs);
     EXPECT_TRUE(mayEnd(1000));
     QTimer::singleShot(0, qApp, [] { QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit)); });
-    QTimer::singleShot(3000, qApp, [] { QCoreApplication::exit(1); });
+    QTimer patience;
+    patience.callOnTimeout([] { QCoreApplication::exit(1); });
+    patience.start(Patience);
     EXPECT_EQ(QCoreApplication::exec(), 0);
     EXPECT_EQ(sheet(), nullptr);
     ASSERT_NE(document(), nullptr);

@@ -9,7 +9,7 @@ const QString WindowTest::password = u"correct horse"_qs;
 
 bool WindowTest::eventually(const std::function<bool()> &condition)
 {
-    return QTest::qWaitFor(condition, 10000);
+    return QTest::qWaitFor(condition, Patience);
 }
 
 void WindowTest::runEvents()

@@ -29,7 +29,9 @@ class WindowTest : public testing::Test
 protected:
     static const QString password;
 
-    // Lets events run until the condition holds; false if it never does.
+    static constexpr int Patience = 60000; // in milliseconds; for a slow machine with a lot else to do
+
+    // Lets events run until the condition holds; false if it does not within Patience.
     static bool eventually(const std::function<bool()> &condition);
     static void runEvents();
 

@@ -87,7 +87,8 @@ void Journey::giveFirstPassword()
     m_stage.press(Qt::Key_Return);
     m_stage.answerAlert(QStringLiteral("Password accepted"), QStringLiteral("OK"),
                         QStringLiteral("password-accepted"));
-    m_stage.expect(m_stage.document()->plainPassword() == password, QStringLiteral("the password is taken"));
+    m_stage.await(QStringLiteral("the password is taken"),
+                  [&] { return m_stage.document()->plainPassword() == password; });
     m_stage.takePicture(QStringLiteral("empty-document"));
 }
 
@@ -128,9 +129,10 @@ void Journey::addContacts()
     auto *isCompany = m_stage.control<QWidget>(QStringLiteral("isCompany"));
     isCompany->setFocus();
     m_stage.press(Qt::Key_Space);
-    m_stage.expect(namesInList() == QStringList({QStringLiteral("Zoë Åström"), QStringLiteral("Борис Кант"),
-                                                 QStringLiteral("Anders & Sons <b>Joinery</b>")}),
-                   QStringLiteral("the list shows the three names"));
+    m_stage.await(QStringLiteral("the list shows the three names"), [&] {
+        return namesInList() == QStringList({QStringLiteral("Zoë Åström"), QStringLiteral("Борис Кант"),
+                                             QStringLiteral("Anders & Sons <b>Joinery</b>")});
+    });
     m_stage.takePicture(QStringLiteral("three-contacts"));
 }
 
@@ -171,7 +173,8 @@ void Journey::chooseCategories()
     auto *popUp = m_stage.control<QComboBox>(QStringLiteral("category"));
     popUp->setFocus();
     m_stage.press(Qt::Key_Down);
-    m_stage.expect(popUp->currentText() == u"Family", QStringLiteral("the pop-up shows the category"));
+    m_stage.await(QStringLiteral("the pop-up shows the category"),
+                  [&] { return popUp->currentText() == u"Family"; });
     selectRow(1);
     popUp->setFocus();
     m_stage.press(Qt::Key_End);
@@ -217,7 +220,8 @@ void Journey::printContact()
     const QString card = QFileInfo(m_file).path() + QStringLiteral("/Contact.pdf");
     cardPrinter.printer().setOutputFileName(card);
     cardPrinter.print();
-    m_stage.expect(QFileInfo(card).size() > 0, QStringLiteral("the file of the print is there"));
+    m_stage.await(QStringLiteral("the file of the print is there"),
+                  [&] { return QFileInfo(card).size() > 0; });
 }
 
 void Journey::readContacts()
@@ -227,8 +231,8 @@ void Journey::readContacts()
         selectRow(row);
         if (row == 0)
             m_stage.press(Qt::Key_F2);
-        m_stage.expect(m_stage.document()->selectedView() == MyDocument::ViewMode,
-                       QStringLiteral("the detail is in view mode"));
+        m_stage.await(QStringLiteral("the detail is in view mode"),
+                      [&] { return m_stage.document()->selectedView() == MyDocument::ViewMode; });
         m_stage.takePicture(QStringLiteral("contact-%1").arg(row + 1));
     }
 }
@@ -257,7 +261,8 @@ void Journey::filterContacts()
 {
     m_stage.step(QStringLiteral("Contacts are searched for and shown by category"));
     const auto expectNames = [this](const QStringList &names) {
-        m_stage.expect(namesInList() == names, QStringLiteral("the list shows ") + names.join(u", "));
+        m_stage.await(QStringLiteral("the list shows ") + names.join(u", "),
+                      [&] { return namesInList() == names; });
     };
     m_stage.press(Qt::Key_F, Qt::ControlModifier);
     m_stage.type(QStringLiteral("blue GLAZE"));
@@ -276,7 +281,7 @@ void Journey::filterContacts()
     expectNames({QStringLiteral("Борис Кант")});
     m_stage.takePicture(QStringLiteral("one-category"));
     m_stage.click(m_stage.control<QPushButton>(QStringLiteral("showAllButton")));
-    m_stage.expect(namesInList().size() == 3, QStringLiteral("all contacts are shown again"));
+    m_stage.await(QStringLiteral("all contacts are shown again"), [&] { return namesInList().size() == 3; });
 }
 
 void Journey::duplicateAndUndo()
@@ -284,12 +289,13 @@ void Journey::duplicateAndUndo()
     m_stage.step(QStringLiteral("A contact is copied"));
     selectRow(0);
     m_stage.press(Qt::Key_D, Qt::ControlModifier);
-    m_stage.expect(namesInList().mid(0, 2) ==
-                       QStringList({QStringLiteral("Zoë Åström"), QStringLiteral("Zoë Åström")}),
-                   QStringLiteral("the copy stands behind the contact"));
+    m_stage.await(QStringLiteral("the copy stands behind the contact"), [&] {
+        return namesInList().mid(0, 2) ==
+               QStringList({QStringLiteral("Zoë Åström"), QStringLiteral("Zoë Åström")});
+    });
     m_stage.takePicture(QStringLiteral("copied"));
     m_stage.press(Qt::Key_Z, Qt::ControlModifier);
-    m_stage.expect(namesInList().size() == 3, QStringLiteral("the copy is gone"));
+    m_stage.await(QStringLiteral("the copy is gone"), [&] { return namesInList().size() == 3; });
 }
 
 void Journey::saveAndQuit()
@@ -321,7 +327,8 @@ void Journey::unlock()
     m_stage.press(Qt::Key_Return);
     m_stage.answerAlert(QStringLiteral("Wrong Password"), QStringLiteral("OK"),
                         QStringLiteral("wrong-password"));
-    m_stage.expect(m_stage.document()->isEncrypted(), QStringLiteral("the document stays locked"));
+    m_stage.await(QStringLiteral("the document stays locked"),
+                  [&] { return m_stage.document()->isEncrypted(); });
     m_stage.await(QStringLiteral("the password field is ready for another try"), [] {
         const auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
         return field && field->objectName() == u"passwordToDecryptField";
@@ -334,24 +341,25 @@ void Journey::unlock()
 void Journey::checkContent()
 {
     m_stage.step(QStringLiteral("Everything is back"));
-    m_stage.expect(namesInList() == QStringList({QStringLiteral("Zoë Åström"), QStringLiteral("Борис Кант"),
-                                                 QStringLiteral("Anders & Sons <b>Joinery</b>")}),
-                   QStringLiteral("the names are back"));
+    m_stage.await(QStringLiteral("the names are back"), [&] {
+        return namesInList() == QStringList({QStringLiteral("Zoë Åström"), QStringLiteral("Борис Кант"),
+                                             QStringLiteral("Anders & Sons <b>Joinery</b>")});
+    });
     const auto &records = m_stage.document()->myArrayController()->arrangedObjects();
     const auto text = [&records](std::size_t row, QStringView keyPath) {
         return row < records.size() ? records[row]->valueForKeyPath(keyPath).stringValue() : QString();
     };
-    m_stage.expect(text(0, u"emailWork") == u"zoe@fjordceramics.example",
-                   QStringLiteral("the address is back"));
-    m_stage.expect(text(0, u"categoryPtr.cat_category") == u"Family",
-                   QStringLiteral("the first category is back"));
-    m_stage.expect(text(1, u"categoryPtr.cat_category") == u"Work",
-                   QStringLiteral("the second category is back"));
+    m_stage.await(QStringLiteral("the address is back"),
+                  [&] { return text(0, u"emailWork") == u"zoe@fjordceramics.example"; });
+    m_stage.await(QStringLiteral("the first category is back"),
+                  [&] { return text(0, u"categoryPtr.cat_category") == u"Family"; });
+    m_stage.await(QStringLiteral("the second category is back"),
+                  [&] { return text(1, u"categoryPtr.cat_category") == u"Work"; });
     selectRow(0);
     m_stage.takePicture(QStringLiteral("opened-again"));
     m_stage.click(toolButton(m_stage.window(), QStringLiteral("Edit")));
-    m_stage.expect(m_stage.document()->selectedView() == MyDocument::EditMode,
-                   QStringLiteral("the detail is in edit mode"));
+    m_stage.await(QStringLiteral("the detail is in edit mode"),
+                  [&] { return m_stage.document()->selectedView() == MyDocument::EditMode; });
     m_stage.takePicture(QStringLiteral("edit-mode"));
 }
 
@@ -388,8 +396,8 @@ void Journey::changePassword()
     m_stage.press(Qt::Key_Return);
     m_stage.answerAlert(QStringLiteral("Password changed successfuly"), QStringLiteral("OK"),
                         QStringLiteral("password-changed"));
-    m_stage.expect(m_stage.document()->plainPassword() == changed,
-                   QStringLiteral("the new password is taken"));
+    m_stage.await(QStringLiteral("the new password is taken"),
+                  [&] { return m_stage.document()->plainPassword() == changed; });
     m_stage.press(Qt::Key_F2);
 }
 
@@ -416,12 +424,12 @@ void Journey::editSeveral()
     fax->setFocus();
     m_stage.type(QStringLiteral("+47 22 00 00 00"));
     for (const auto &record : m_stage.document()->myArrayController()->arrangedObjects())
-        m_stage.expect(record->value(RecordKey::faxWork).stringValue() == u"+47 22 00 00 00",
-                       QStringLiteral("every selected contact has the number"));
+        m_stage.await(QStringLiteral("every selected contact has the number"),
+                      [&] { return record->value(RecordKey::faxWork).stringValue() == u"+47 22 00 00 00"; });
     m_stage.takePicture(QStringLiteral("several-selected"));
     m_stage.press(Qt::Key_F2);
-    m_stage.expect(m_stage.document()->selectedView() == MyDocument::ViewMode,
-                   QStringLiteral("the detail is in view mode again"));
+    m_stage.await(QStringLiteral("the detail is in view mode again"),
+                  [&] { return m_stage.document()->selectedView() == MyDocument::ViewMode; });
     m_stage.takePicture(QStringLiteral("several-selected-view"));
 }
 

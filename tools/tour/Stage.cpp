@@ -11,8 +11,7 @@
 namespace
 {
 
-constexpr int Patience = 10000;   // in milliseconds
-constexpr int TimeToSettle = 250; // for window manager and repainting
+constexpr int TimeToSettle = 250; // in milliseconds, for repainting
 
 void print(const QString &line)
 {
@@ -37,7 +36,7 @@ bool Stage::expect(bool holds, const QString &what)
 
 bool Stage::await(const QString &what, const std::function<bool()> &condition)
 {
-    return expect(QTest::qWaitFor(condition, Patience), what);
+    return expect(QTest::qWaitFor(condition, m_failures == 0 ? Patience : 0), what);
 }
 
 void Stage::takePicture(const QString &name)
@@ -70,10 +69,12 @@ QDialog *Stage::sheet() const
     return qobject_cast<QDialog *>(QApplication::activeModalWidget());
 }
 
-QWindow *Stage::activeWindowHandle() const
+QWindow *Stage::activeWindowHandle()
 {
-    QWidget *owner = sheet() ? static_cast<QWidget *>(sheet()) : window();
-    return owner ? owner->windowHandle() : nullptr;
+    const auto owner = [this] { return sheet() ? static_cast<QWidget *>(sheet()) : window(); };
+    await(QStringLiteral("the window in front is the active one"),
+          [&owner] { return owner() && owner()->isActiveWindow(); });
+    return owner() ? owner()->windowHandle() : nullptr;
 }
 
 void Stage::answerAlert(const QString &message, const QString &button, const QString &picture)
@@ -109,9 +110,10 @@ void Stage::press(int key, Qt::KeyboardModifiers modifiers)
 
 void Stage::type(const QString &text)
 {
+    QWindow *handle = activeWindowHandle();
     for (const QChar letter : text) {
-        if (letter.unicode() < 0x80 && letter.isPrint()) {
-            QTest::keyClick(activeWindowHandle(), letter.toLatin1());
+        if (handle && letter.unicode() < 0x80 && letter.isPrint()) {
+            QTest::keyClick(handle, letter.toLatin1());
             continue;
         }
         if (!expect(QGuiApplication::focusObject(), QStringLiteral("something has the focus to type into")))

@@ -10,6 +10,8 @@
 class Stage
 {
 public:
+    static constexpr int Patience = 60000; // in milliseconds; for a slow machine with a lot else to do
+
     // Pictures go into the folder. The application may be replaced between two acts.
     explicit Stage(const QDir &folder)
         : m_folder(folder)
@@ -23,7 +25,8 @@ public:
     void step(const QString &heading);
     // Prints and counts what is not as it should be.
     bool expect(bool holds, const QString &what);
-    // Lets the application run until the condition holds; a failure if that takes too long.
+    // Lets the application run until the condition holds. If it does not within Patience, that is a failure,
+    // and what comes after a failure is not waited for any more.
     bool await(const QString &what, const std::function<bool()> &condition);
     void takePicture(const QString &name);
 
@@ -41,13 +44,14 @@ public:
 
     // Waits for an alert with that message, takes its picture, and answers it with the button of that title.
     void answerAlert(const QString &message, const QString &button, const QString &picture);
+    // These wait until the window manager has made the window active: keys before that are lost.
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     // Types into what has the focus; letters that no key has come as from an input method.
     void type(const QString &text);
     void click(QWidget *control);
 
 private:
-    QWindow *activeWindowHandle() const;
+    QWindow *activeWindowHandle();
 
     QDir m_folder;
     Application *m_application = nullptr;

@@ -43,7 +43,7 @@ void act(Stage &stage, const QStringList &files, const std::function<void()> &sc
         if (stage.failures() > 0)
             QApplication::exit(1);
         else
-            QTimer::singleShot(10000, &application, [] { QApplication::exit(1); });
+            QTimer::singleShot(Stage::Patience, &application, [] { QApplication::exit(1); });
     });
     stage.expect(QApplication::exec() == 0, QStringLiteral("the application quits"));
 }
