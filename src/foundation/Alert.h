@@ -21,6 +21,9 @@ struct Alert
     QString informativeText;
     QStringList buttons;
     Style style = Style::Warning;
+    // Belongs to the locked face of a document, or tells a failure without any of its content. Every other
+    // alert of a document that is locked is answered with the code of no button, and not shown.
+    bool mayStandOverLock = false;
 };
 
 using AlertAnswer = std::function<void(int returnCode)>;

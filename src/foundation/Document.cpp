@@ -298,7 +298,11 @@ void Document::sayNotSaved(const QString &reason, const Completion &completion)
         completion(false);
         return;
     }
-    const Alert alert{tr("The document “%1” could not be saved.").arg(displayName()), reason, {tr("OK")}};
+    const Alert alert{tr("The document “%1” could not be saved.").arg(displayName()),
+                      reason,
+                      {tr("OK")},
+                      Alert::Style::Warning,
+                      true};
     m_window->beginAlert(alert, [completion](int) { completion(false); });
 }
 

@@ -111,6 +111,7 @@ public:
     void saveWithCompletion(Completion completion);
     // Closes without a question. The document is deleted on a later turn of the event loop.
     void close();
+    bool isClosed() const { return m_isClosed; }
 
 Q_SIGNALS:
     void fileURLChanged();

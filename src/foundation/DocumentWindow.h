@@ -15,6 +15,10 @@ namespace Foundation
 // Sheets and alerts belong to the window and block only it; every call returns at once. Sheets are named as
 // in the interface file. What ends a sheet or answers an alert is called on a later turn of the event loop,
 // after the sheet has gone. One sheet or alert stands at a time; another waits until it has gone.
+//
+// Over a locked document nothing is shown but alerts that may stand there: any other sheet, alert or panel
+// that is asked for ends at once with no button's return code, and so does what stands or waits when the lock
+// comes.
 class DocumentWindow
 {
 public:
@@ -37,9 +41,9 @@ public:
     virtual void beginSheet(const QString &name, SheetEnd ended) = 0;
     // Nothing happens if no such sheet is shown.
     virtual void endSheet(const QString &name, int returnCode = 0) = 0;
-    virtual bool hasAttachedSheet() const = 0;
-    // Ends the sheet, alert or panel that stands, as if the user had gone away: with no button's return code.
-    virtual void endAttachedSheet() = 0;
+    // Ends the sheet, alert or panel that stands and all that wait, as if the user had gone away: with no
+    // button's return code.
+    virtual void endAllSheets() = 0;
     virtual void beginAlert(const Alert &alert, AlertAnswer answered) = 0;
 
     // Asks for the place of a document to save, below `suggestedPath`; a null path if the user gives up.

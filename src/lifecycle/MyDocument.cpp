@@ -219,10 +219,12 @@ void MyDocument::lockDocument(const ActionSender &)
 
 void MyDocument::lockLater()
 {
-    // After the sheet has gone.
+    if (window())
+        window()->endAllSheets();
+    // After the sheets have gone.
     Services::shared().mainQueue().addOperation([document = QPointer(this)] {
         // The hand and the clock may meet in one turn.
-        if (document && document->isDecrypted())
+        if (document && !document->isClosed() && document->isDecrypted())
             document->doLockDocument();
     });
 }
@@ -231,8 +233,6 @@ void MyDocument::lockAutomatically()
 {
     if (isEncrypted() || plainPassword().isEmpty() || fileURL().isNull())
         return;
-    if (window() && window()->hasAttachedSheet())
-        window()->endAttachedSheet();
     lockLater();
 }
 

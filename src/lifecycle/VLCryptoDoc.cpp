@@ -100,14 +100,18 @@ void VLCryptoDoc::decryptRejected()
         showAlert({tr("This document cannot be opened on this computer"),
                    tr("It is of an old release, whose cipher is no longer installed with every system.\n"
                       "Install the “legacy” provider of OpenSSL, and start this application again."),
-                   {tr("OK")}});
+                   {tr("OK")},
+                   Alert::Style::Warning,
+                   true});
         return;
     }
     showAlert(
         {tr("Wrong Password"),
          tr("You inserted a wrong password.\nTo access this document you must insert exactly the password "
             "used to protect it"),
-         {tr("OK")}});
+         {tr("OK")},
+         Alert::Style::Warning,
+         true});
 }
 
 void VLCryptoDoc::askMandatoryPasswordToProtectDocument()

@@ -187,6 +187,7 @@ void DocumentWindowController::updateUndoTitles()
 
 void DocumentWindowController::showFace()
 {
+    m_sheets.setLocked(m_document->isEncrypted());
     // What is only hidden, assistive technology still finds: a locked window must not have the content at
     // all.
     if (m_document->isEncrypted()) {
@@ -317,7 +318,8 @@ void DocumentWindowController::endSheet(const QString &name, int returnCode)
 void DocumentWindowController::beginAlert(const Alert &alert, AlertAnswer answered)
 {
     m_sheets.begin(
-        QString(), [alert](QWidget *parent) { return new AlertDialog(alert, parent); }, std::move(answered));
+        QString(), [alert](QWidget *parent) { return new AlertDialog(alert, parent); }, std::move(answered),
+        alert.mayStandOverLock ? SheetQueue::Over::LockedWindow : SheetQueue::Over::OpenWindow);
 }
 
 void DocumentWindowController::beginSavePanel(const QString &suggestedPath, SavePanel::PathChosen ended)

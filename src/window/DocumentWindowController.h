@@ -54,8 +54,7 @@ public:
 
     void beginSheet(const QString &name, SheetEnd ended) override;
     void endSheet(const QString &name, int returnCode) override;
-    bool hasAttachedSheet() const override { return m_sheets.hasSheet(); }
-    void endAttachedSheet() override { m_sheets.endCurrent(); }
+    void endAllSheets() override { m_sheets.endAll(); }
     void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered) override;
     void beginSavePanel(const QString &suggestedPath, SavePanel::PathChosen ended) override;
 

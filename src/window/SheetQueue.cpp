@@ -9,8 +9,14 @@ SheetQueue::SheetQueue(QWidget *window)
 {
 }
 
-void SheetQueue::begin(const QString &name, DialogMaker make, Ended ended)
+void SheetQueue::begin(const QString &name, DialogMaker make, Ended ended, Over over)
 {
+    if (m_isDropped)
+        return;
+    if (m_isLocked && over != Over::LockedWindow) {
+        tellLater(std::move(ended));
+        return;
+    }
     m_waiting.push_back({name, std::move(make), std::move(ended)});
     beginNext();
 }
@@ -35,7 +41,7 @@ void SheetQueue::finished(int result)
     m_dialog = nullptr;
     Foundation::Services::shared().mainQueue().addOperation(
         [queue = QPointer(this), ended = std::move(m_current.ended), result] {
-            if (!queue || !queue->m_isBusy)
+            if (!queue || queue->m_isDropped)
                 return;
             if (ended)
                 ended(result);
@@ -52,6 +58,29 @@ void SheetQueue::end(const QString &name, int result)
 {
     if (m_dialog && m_current.name == name)
         m_dialog->done(result);
+}
+
+void SheetQueue::tellLater(Ended ended)
+{
+    Foundation::Services::shared().mainQueue().addOperation(
+        [queue = QPointer(this), ended = std::move(ended)] {
+            if (queue && !queue->m_isDropped && ended)
+                ended(QDialog::Rejected);
+        });
+}
+
+void SheetQueue::endAll()
+{
+    endCurrent();
+    for (Sheet &sheet : std::exchange(m_waiting, {}))
+        tellLater(std::move(sheet.ended));
+}
+
+void SheetQueue::setLocked(bool locked)
+{
+    m_isLocked = locked;
+    if (locked)
+        endAll();
 }
 
 void SheetQueue::endCurrent()
@@ -72,8 +101,8 @@ void SheetQueue::endCurrent()
 
 void SheetQueue::drop()
 {
+    m_isDropped = true;
     m_waiting.clear();
-    m_isBusy = false;
     if (!m_dialog)
         return;
     m_dialog->disconnect(this);

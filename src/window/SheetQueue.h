@@ -8,6 +8,8 @@
 
 // The sheets and alerts of one window: dialogs that block only that window. One stands at a time; others wait
 // until it has gone and its end has been told. Ends are told on a later turn of the event loop.
+//
+// While the window is locked only what may stand over the lock is shown, whoever asks.
 class SheetQueue : public QObject
 {
     Q_OBJECT
@@ -18,13 +20,18 @@ public:
 
     explicit SheetQueue(QWidget *window);
 
+    enum class Over { OpenWindow, LockedWindow };
+
     // The name is null for what nobody ends by name. The maker is called when the turn has come; the queue
-    // owns the dialog.
-    void begin(const QString &name, DialogMaker make, Ended ended);
+    // owns the dialog. A sheet that needs an open window and meets a locked one ends with the result of no
+    // button, without having been made.
+    void begin(const QString &name, DialogMaker make, Ended ended, Over over = Over::OpenWindow);
     // Nothing happens unless that sheet stands.
     void end(const QString &name, int result);
-    // Ends the one that stands, with the result of no button.
-    void endCurrent();
+    // Ends the one that stands and all that wait, with the result of no button.
+    void endAll();
+    // Locking ends all.
+    void setLocked(bool locked);
     bool hasSheet() const { return !m_dialog.isNull(); }
     // Takes away the standing one and all that wait; no end is told any more.
     void drop();
@@ -42,11 +49,16 @@ private:
     };
 
     void beginNext();
+    void endCurrent();
     void finished(int result);
+    // Tells the end of a sheet that was never shown.
+    void tellLater(Ended ended);
 
     QWidget *m_window;
     std::deque<Sheet> m_waiting;
     Sheet m_current;
     QPointer<QDialog> m_dialog;
     bool m_isBusy = false; // from the beginning of a sheet until its end has been told
+    bool m_isLocked = false;
+    bool m_isDropped = false;
 };

@@ -53,14 +53,13 @@ public:
         m_sheet = QString();
         m_sheetEnd(returnCode);
     }
-    void endAttachedSheet() override
+    void endAllSheets() override
     {
-        if (hasAlert())
+        while (hasAlert())
             answer(0);
-        else
+        if (!m_sheet.isNull())
             endSheet(m_sheet, 0);
     }
-    bool hasAttachedSheet() const override { return !m_sheet.isNull() || hasAlert(); }
     void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered) override
     {
         m_alerts.emplace_back(alert, std::move(answered));

@@ -107,7 +107,7 @@ class SheetQueueTest : public testing::Test
 protected:
     SheetQueueTest() { window.show(); }
 
-    void begin(const QString &name)
+    void begin(const QString &name, SheetQueue::Over over = SheetQueue::Over::OpenWindow)
     {
         queue.begin(
             name,
@@ -115,7 +115,7 @@ protected:
                 shown.append(name);
                 return new QDialog(parent);
             },
-            [this, name](int result) { ended.append(u"%1 %2"_qs.arg(name).arg(result)); });
+            [this, name](int result) { ended.append(u"%1 %2"_qs.arg(name).arg(result)); }, over);
     }
 
     ManualQueue mainQueue;
@@ -131,7 +131,7 @@ TEST_F(SheetQueueTest, AnAlertOutlivesTheSheetBelow)
     begin(u"a"_qs);
     QApplication::setActiveWindow(window.findChild<QDialog *>());
     QTimer::singleShot(0, &queue, [this] {
-        queue.endCurrent();
+        queue.endAll();
         QTimer::singleShot(10, qApp, [] {
             if (auto *alert = qobject_cast<QDialog *>(QApplication::activeModalWidget()))
                 alert->done(1000);
@@ -145,7 +145,7 @@ TEST_F(SheetQueueTest, AnAlertOutlivesTheSheetBelow)
 TEST_F(SheetQueueTest, AQuestionOfTheSheetsOwnEndsBeforeIt)
 {
     begin(u"a"_qs);
-    QTimer::singleShot(0, &queue, &SheetQueue::endCurrent);
+    QTimer::singleShot(0, &queue, &SheetQueue::endAll);
     {
         QDialog question(window.findChild<QDialog *>());
         EXPECT_EQ(question.exec(), QDialog::Rejected);
@@ -172,6 +172,18 @@ TEST_F(SheetQueueTest, OneStandsAtATime)
     EXPECT_EQ(ended, QStringList({u"a 5"_qs}));
     EXPECT_EQ(shown.last(), u"b"_qs);
     EXPECT_TRUE(queue.hasSheet());
+}
+
+TEST_F(SheetQueueTest, NothingStandsOnALockedWindowButWhatMay)
+{
+    begin(u"a"_qs);
+    begin(u"b"_qs);
+    queue.setLocked(true);
+    begin(u"c"_qs);
+    mainQueue.drain();
+    EXPECT_EQ(ended, QStringList({u"a 0"_qs, u"b 0"_qs, u"c 0"_qs}));
+    begin(u"d"_qs, SheetQueue::Over::LockedWindow);
+    EXPECT_EQ(shown, QStringList({u"a"_qs, u"d"_qs}));
 }
 
 TEST_F(SheetQueueTest, DroppedSheetsTellNothing)

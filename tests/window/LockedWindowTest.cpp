@@ -89,6 +89,25 @@ TEST_F(LockedWindowTest, LocksByItselfUnderASheetWithItsColourPanel)
     EXPECT_TRUE(document()->isDecrypted());
 }
 
+// Assistive technology and the desktop's menus reach the commands of a window under a sheet.
+TEST_F(LockedWindowTest, SheetsThatWaitedForTheLockQuestionNeverCome)
+{
+    press(Qt::Key_L, Qt::ControlModifier);
+    nextAlert();
+    document()->categoryCommands().editCategoriesSheet({});
+    document()->updateChangeCount(Foundation::Document::ChangeDone);
+    std::optional<bool> mayQuit;
+    application.documentController().closeAllDocuments([&](bool quits) { mayQuit = quits; });
+    answer(u"OK"_qs);
+    EXPECT_TRUE(eventually([this] { return document()->isEncrypted(); }));
+    document()->categoryCommands().editCategoriesSheet({});
+    EXPECT_TRUE(windowIsActive()) << "a sheet stands on the locked window";
+    EXPECT_EQ(mayQuit, false) << "a question that was not answered keeps the document";
+    unlock(u"wrong"_qs);
+    EXPECT_EQ(nextAlert().value(0), u"Wrong Password");
+    dismiss(Qt::Key_Return);
+}
+
 TEST_F(LockedWindowTest, TheWholeLifeOfADocumentGoesByKeysAlone)
 {
     const QString changed = u"battery staple"_qs;
