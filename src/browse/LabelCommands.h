@@ -25,6 +25,9 @@ public:
     Q_INVOKABLE void editLabelSheet(const Foundation::ActionSender &sender);
     // Marks the document as edited, whether a caption was touched or not.
     Q_INVOKABLE void closeLabelSheet(const Foundation::ActionSender &sender);
+    // A field or switch of the sheet was changed, which marks the document as edited at once: the sheet may
+    // end without being closed.
+    void captionDidChange() { m_host.updateChangeCount(0); }
 
 private:
     BrowseHost &m_host;

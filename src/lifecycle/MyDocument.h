@@ -50,6 +50,7 @@ public:
     Foundation::ArrayController *categoryArrayControllerForMenu() { return &m_categoriesForMenu; }
     RecordCommands &recordCommands() { return m_recordCommands; }
     CategoryCommands &categoryCommands() { return m_categoryCommands; }
+    LabelCommands &labelCommands() { return m_labelCommands; }
     // Of the name field in the sheet of categories.
     VLCategoryEditFieldDelegate &categoryEditFieldDelegate() { return m_categoryEditFieldDelegate; }
 

@@ -249,6 +249,6 @@ bool Binder::write(const Binding &binding, const Value &value)
 
 void Binder::writeInput(const Binding &binding, const Value &value, int tag)
 {
-    if (write(binding, value) && binding.expression().keyPath().isOfSelection())
+    if (write(binding, value) && binding.expression().keyPath().isOfContent())
         m_textDidChange(binding.expression().keyPath().controller(), tag);
 }

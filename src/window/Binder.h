@@ -39,8 +39,8 @@ class Binder : public QObject
     Q_OBJECT
 
 public:
-    // Called after a keystroke changed a value of the objects selected in a controller, with the tag of the
-    // field.
+    // Called after a keystroke changed a value of the objects selected in a controller, or for a null one a
+    // caption, with the tag of the field.
     using TextDidChange = std::function<void(const Foundation::ArrayController *controller, int tag)>;
 
     Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange);

@@ -409,7 +409,9 @@ void DocumentWindowController::runPageLayout()
 
 void DocumentWindowController::controlTextDidChange(const ArrayController *controller, int tag)
 {
-    if (controller == m_document->myCategoryArrayController())
+    if (!controller)
+        m_document->labelCommands().captionDidChange();
+    else if (controller == m_document->myCategoryArrayController())
         m_document->categoryEditFieldDelegate().controlTextDidChange();
     else
         m_document->controlTextDidChange(tag);

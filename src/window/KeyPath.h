@@ -36,6 +36,8 @@ public:
     // The key path into each object of the controller.
     const QString &keyPathOfObjects() const { return m_keyPath; }
     bool isOfSelection() const { return m_controller && m_isOfSelection; }
+    // Leads into what the document holds, and not to a property of the document itself.
+    bool isOfContent() const { return isOfSelection() || (!m_controller && !m_keyPath.isEmpty()); }
 
     // Connects all signals that tell of another value with `changed`, those that come in numbers (one for
     // each changed object) with `changedOneOfMany`. Both are methods of the receiver without arguments.
