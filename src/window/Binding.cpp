@@ -1,5 +1,7 @@
 #include "window/Binding.h"
 
+#include <algorithm>
+
 using Foundation::Value;
 using Foundation::ValueTransformerRegistry;
 
@@ -19,7 +21,7 @@ bool isTrue(const BoundValue &bound)
 
 QStringList BindingExpression::keyPaths(const QString &text)
 {
-    QStringList paths = text.split(u'|');
+    QStringList paths = text.split(text.contains(u'&') ? u'&' : u'|');
     for (QString &path : paths)
         path = path.remove(u'!').trimmed();
     return paths;
@@ -27,6 +29,7 @@ QStringList BindingExpression::keyPaths(const QString &text)
 
 BindingExpression::BindingExpression(QObject *root, const QString &text, const QString &transformerName)
     : m_isNegated(text.startsWith(u'!'))
+    , m_needsAll(text.contains(u'&'))
 {
     for (const QString &path : keyPaths(text))
         m_keyPaths.emplace_back(root, path);
@@ -46,11 +49,10 @@ bool BindingExpression::holds() const
 {
     if (m_keyPaths.size() == 1)
         return isTrue(value()) != m_isNegated;
-    for (const KeyPath &path : m_keyPaths) {
-        if (isTrue(path.value()))
-            return !m_isNegated;
-    }
-    return m_isNegated;
+    const auto pathHolds = [](const KeyPath &path) { return isTrue(path.value()); };
+    const bool holds = m_needsAll ? std::all_of(m_keyPaths.begin(), m_keyPaths.end(), pathHolds)
+                                  : std::any_of(m_keyPaths.begin(), m_keyPaths.end(), pathHolds);
+    return holds != m_isNegated;
 }
 
 bool BindingExpression::setValue(const Value &value) const

@@ -7,8 +7,8 @@
 #include <vector>
 
 // What an interface file says of a value that a control follows: a key path, or for conditions several of
-// them joined by "|", of which one must hold, with "!" in front for the opposite of it all; and the name of a
-// transformer, null for none.
+// them joined by "|", of which one must hold, or by "&", of which all must hold, with "!" in front for the
+// opposite of it all; and the name of a transformer, null for none.
 class BindingExpression
 {
 public:
@@ -30,6 +30,7 @@ public:
 private:
     std::vector<KeyPath> m_keyPaths;
     bool m_isNegated;
+    bool m_needsAll; // joined by "&"
     std::shared_ptr<Foundation::ValueTransformer> m_transformer;
 };
 

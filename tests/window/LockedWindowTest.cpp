@@ -62,6 +62,7 @@ TEST_F(LockedWindowTest, HasNothingOfTheContentAndOpensAsItWas)
     EXPECT_EQ(window()->frameGeometry().y(), open.y()) << "the upper edge stays";
     EXPECT_EQ(QApplication::focusWidget(), control<QLineEdit>("passwordToDecryptField"));
     EXPECT_FALSE(item("myCategorySuperMenuItem")->isEnabled());
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
 
     unlock(password);
     ASSERT_TRUE(document()->isDecrypted());
