@@ -258,6 +258,7 @@ void VLCryptoDoc::showInsertPasswordSheet(DocumentWindow *window, void *contextI
 void VLCryptoDoc::confirmInsertPasswordSheet(const ActionSender &)
 {
     m_sheetWasConfirmed = true;
+    m_sheetWasConfirmed = false;
     if (windowForSheet())
         windowForSheet()->endSheet(InsertPasswordSheet);
 }
@@ -272,7 +273,8 @@ void VLCryptoDoc::cancelInsertPasswordSheet(const ActionSender &)
 void VLCryptoDoc::insertSheetDidEnd(void *contextInfo)
 {
     setShowClearPasswordInInsertPasswordSheet(true);
-    if (!m_sheetWasConfirmed)
+    // A later sheet may be ended by a lock, and not by a button.
+    if (!std::exchange(m_sheetWasConfirmed, false))
         return;
     if (m_plainPasswordInserted != m_plainPasswordInsertedRetype) {
         passwordNotEqualSheet(windowForSheet(), contextInfo);

@@ -38,6 +38,16 @@ TEST_F(PasswordSheet, GivingUpLeavesEverything)
     EXPECT_FALSE(window->hasAlert());
     EXPECT_EQ(document->plainPassword(), password);
     EXPECT_FALSE(document->isDocumentEdited());
+    const auto insert = [this](const QString &text) {
+        document->showInsertPasswordSheet(window.get(), nullptr);
+        document->setPlainPasswordInserted(text);
+        document->setPlainPasswordInsertedRetype(text);
+    };
+    insert(u"inserted"_qs);
+    document->confirmInsertPasswordSheet({});
+    insert(u"half typed"_qs);
+    window->endAllSheets();
+    EXPECT_EQ(document->plainPassword(), u"inserted") << "as a lock ends it";
 
     document->setPlainPassword(u""_qs);
     document->documentPassword({});
