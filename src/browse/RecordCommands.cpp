@@ -110,7 +110,8 @@ void RecordCommands::controlTextDidChange(int tag)
 
 void RecordCommands::recordInverse(Operation inverse, const Record &record, const QString &actionName)
 {
-    m_host.undoManager().registerUndo([this, inverse, record] { (this->*inverse)(record); });
+    m_host.undoManager().registerUndo(
+        [this, inverse, held = m_undoneRecords.hold(record)] { (this->*inverse)(*held); });
     m_host.undoManager().setActionName(actionName);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browse/FilteringArrayController.h"
+#include "browse/UndoneRecords.h"
 #include "foundation/Actions.h"
 
 // The commands with which the user adds, duplicates and deletes records. Each change goes through a pair of
@@ -40,6 +41,9 @@ public:
     void deleteTheRecord(const Record &record);
     void deleteTheRecordUndo(const Record &record);
 
+    // The records that the undo stack holds, in place of which a decryption puts new ones.
+    UndoneRecords &undoneRecords() { return m_undoneRecords; }
+
     // A field of the form was typed into. Fields of tag 1 feed the name in the table.
     void controlTextDidChange(int tag);
 
@@ -58,4 +62,5 @@ private:
     BrowseHost &m_host;
     FilteringArrayController &m_records;
     VLColoredCategoryArrayController &m_categories;
+    UndoneRecords m_undoneRecords;
 };

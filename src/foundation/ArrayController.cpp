@@ -1,5 +1,7 @@
 #include "foundation/ArrayController.h"
 
+#include "foundation/ReplacedObjects.h"
+
 #include <algorithm>
 #include <numeric>
 #include <unordered_set>
@@ -16,6 +18,17 @@ void ArrayController::setContent(const Ref<Array> &content)
 {
     m_content = content ? content : Array::create();
     rearrange(selectedObjects(), m_selection.empty() ? 0 : m_selection.front());
+}
+
+void ArrayController::replaceContent(const Ref<Array> &content)
+{
+    Objects selected = selectedObjects();
+    std::vector<Object *> places;
+    for (Object &object : selected)
+        places.push_back(&object);
+    replaceObjects(*m_content, *content, places);
+    m_content = content;
+    rearrange(selected, m_selection.empty() ? 0 : m_selection.front());
 }
 
 qsizetype ArrayController::selectionIndex() const

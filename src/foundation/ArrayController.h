@@ -33,6 +33,9 @@ public:
 
     // Shares the array. Entries that are no dictionaries are passed over in showing and never touched.
     void setContent(const Ref<Array> &content);
+    // Takes an array that was read anew and holds a new object at each place: the selection stays at its
+    // places.
+    void replaceContent(const Ref<Array> &content);
     const Ref<Array> &content() const { return m_content; }
 
     // Until the list is arranged anew.

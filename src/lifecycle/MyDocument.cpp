@@ -280,9 +280,11 @@ qint32 MyDocument::Decript()
     if (pipeline.hasReplacedLabels())
         Q_EMIT myLabelDictionaryChanged();
     if (status != DecryptSuccess)
+    const Ref<Array> formerRecords = state().myArray;
         return status;
-    setMyCategoryArray(state().myCategoryArray);
-    setMyArray(state().myArray);
+    m_categories.replaceContent(state().myCategoryArray);
+    m_records.replaceContent(state().myArray);
+    m_recordCommands.undoneRecords().replace(*formerRecords, *state().myArray, *state().myCategoryArray);
     m_allRecords.rearrangeObjects();
     m_categoryCommands.synkCategorySubMenu({});
     updateChangeCount(ChangeCleared);

@@ -180,6 +180,62 @@ TEST_F(Locking, NothingIsUndoneBehindTheLock)
         EXPECT_FALSE(document->validateMenuItem(item));
     }
     document->undo({});
+// Deciphering makes new objects of all records, which the entries of the stack must mean from then on.
+TEST_F(Locking, WhatIsUndoneAfterLocksStandsOnceAndInACategoryOfTheList)
+{
+    const struct
+    {
+        const char *command;
+        std::function<void()> run;
+        int recordsAfterUndo;
+    } cases[] = {
+        {"add", [this] { document->recordCommands().addRow({}); }, 1},
+        {"duplicate", [this] { document->recordCommands().duplicateRow({}); }, 1},
+        {"delete",
+         [this] {
+             document->recordCommands().deleteTheRecord(
+                 document->myArrayController()->selectedObjects().front());
+         },
+         1},
+    };
+    for (const auto &c : cases) {
+        savedDocument();
+        SCOPED_TRACE(c.command);
+        c.run();
+        const qsizetype after = document->myArray()->count();
+        for (int round = 0; round < 3; ++round) {
+            for (const bool isUndo : {true, false}) {
+                document->doLockDocument();
+                submit(password);
+                if (isUndo)
+                    document->undo({});
+                else
+                    document->redo({});
+                ASSERT_EQ(document->myArray()->count(), isUndo ? c.recordsAfterUndo : after);
+                for (const auto &entry : document->myArray()->values) {
+                    const auto category = entry.dictionary()->value(RecordKey::categoryPtr);
+                    EXPECT_EQ(category.dictionary(), document->myCategoryArray()->at(0).dictionary());
+                }
+            }
+        }
+    }
+}
+
+TEST_F(Locking, TheSelectionStaysAtItsContacts)
+{
+    savedDocument();
+    for (const QString &name : {u"b"_qs, u"c"_qs}) {
+        document->recordCommands().addRow({});
+        typeNote(name);
+    }
+    document->myArrayController()->setSortDescriptors({{u"note"_qs, true}});
+    document->myArrayController()->setSelectionIndex(0);
+    typeNote(u"z, not yet arranged"_qs);
+    document->doLockDocument();
+    submit(password);
+    EXPECT_EQ(note(), u"z, not yet arranged");
+}
+
     EXPECT_EQ(document->myArray()->count(), 1);
     EXPECT_FALSE(document->isDocumentEdited());
     submit(password);

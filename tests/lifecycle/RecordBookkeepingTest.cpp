@@ -291,7 +291,8 @@ public:
         else
             putBehindSelection(record);
     }
-    // All objects are new then, and the counts are exact. What can be undone still holds the former ones.
+    // All objects are new then, and the counts are exact. What can be undone means the new ones, and what was
+    // deleted has its category among them.
     void lockAndUnlock()
     {
         const auto file = document->dataOfType({});
@@ -304,13 +305,26 @@ public:
         takeCategories();
         account.content = records().contentObjects();
         ASSERT_EQ(account.content.size(), before.size());
+        const auto successorOf = [this](const Object &former) {
+            const auto found =
+                std::find_if(account.categories.begin(), account.categories.end(),
+                             [&former](const Object &category) { return idOf(category) == idOf(former); });
+            return found == account.categories.end() ? account.categories.front() : *found;
+        };
+        for (auto *stack : {&account.undo, &account.redo}) {
+            for (Account::Step &step : *stack) {
+                const auto place = std::find(before.begin(), before.end(), step.record) - before.begin();
+                Object &category = account.entries.at(step.record).category;
+                if (std::size_t(place) < before.size())
+                    step.record = account.content[std::size_t(place)];
+                else if (!contains(account.categories, category))
+                    category = successorOf(category);
+            }
+        }
         for (std::size_t i = 0; i < before.size(); ++i) {
             const Account::Entry &saved = account.entries.at(before[i]);
-            const qint64 id = idOf(saved.category);
-            const auto found = std::find_if(account.categories.begin(), account.categories.end(),
-                                            [id](const Object &category) { return idOf(category) == id; });
-            const Object category = found == account.categories.end() ? account.categories.front() : *found;
-            account.entries[account.content[i]] = {category, id, saved.note};
+            const Object category = successorOf(saved.category);
+            account.entries[account.content[i]] = {category, idOf(saved.category), saved.note};
             account.count(category, 1);
         }
     }
