@@ -27,6 +27,8 @@ void Document::setUntitledNumber(int number)
 void Document::updateChangeCount(int change)
 {
     const bool wasEdited = isDocumentEdited();
+    if (change != ChangeCleared)
+        ++m_markCount;
     if (change == ChangeCleared)
         m_changeCount = 0;
     else
@@ -68,6 +70,7 @@ bool Document::readFromFile(const QString &path, QString *reason)
         return false;
     m_fileURL = QFileInfo(path).absoluteFilePath();
     m_fileIdentity = file.identity;
+    noteSavedContent();
     Q_EMIT fileURLChanged();
     return true;
 }
@@ -98,6 +101,11 @@ bool Document::autosave(QString *reason)
     const auto isFileOurs = [this] {
         return !m_isAsking && !m_fileURL.isNull() && isOurs(identityOfFile(m_fileURL));
     };
+    if (!hasUnsavedContent()) {
+        if (isFileOurs())
+            updateChangeCount(ChangeCleared);
+        return true;
+    }
     if (isFileOurs()) {
         if (writeToFile(QString(m_fileURL), reason, m_fileIdentity))
             return true;
@@ -113,15 +121,35 @@ bool Document::autosave(QString *reason)
 
 bool Document::writeRecoveryFile(QString *reason)
 {
+    const quint64 content = contentStamp();
+    if (m_recoveryFile && m_recoverableContent == content && QFileInfo::exists(m_recoveryFile->path()))
+        return true;
     const auto bytes = bytesToWrite(reason);
     if (!bytes)
         return false;
     if (!m_recoveryFile)
         m_recoveryFile = RecoveryFile::create();
-    if (m_recoveryFile)
-        return m_recoveryFile->write(*bytes, reason);
-    *reason = tr("The folder for unsaved documents cannot be made.");
-    return false;
+    if (!m_recoveryFile) {
+        *reason = tr("The folder for unsaved documents cannot be made.");
+        return false;
+    }
+    if (!m_recoveryFile->write(*bytes, reason))
+        return false;
+    m_recoverableContent = content;
+    return true;
+}
+
+void Document::keepUnsavedContent()
+{
+    QString ignored; // The change stays unsaved, and is marked as such when it can be seen again.
+    if (hasUnsavedContent() && !autosavingFileType().isNull())
+        writeRecoveryFile(&ignored);
+}
+
+void Document::forgetSavedContent()
+{
+    m_savedContent.reset();
+    m_recoverableContent.reset();
 }
 
 bool Document::recover(std::unique_ptr<RecoveryFile> file, QString *reason)
@@ -131,6 +159,7 @@ bool Document::recover(std::unique_ptr<RecoveryFile> file, QString *reason)
     if (!read.succeeded() || !readFromData(read.bytes, autosavingFileType(), reason))
         return false;
     m_recoveryFile = std::move(file);
+    forgetSavedContent();
     return true;
 }
 
@@ -167,6 +196,7 @@ bool Document::writeToFile(const QString &path, QString *reason, const std::opti
         return false;
     }
     dropRecoveryFile();
+    noteSavedContent();
     updateChangeCount(ChangeCleared);
     return true;
 }

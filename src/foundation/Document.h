@@ -43,6 +43,9 @@ public:
     void setUntitledNumber(int number);
 
     bool isDocumentEdited() const { return m_changeCount != 0; }
+    // Whether the document's file lacks something of the content, told by the content itself: a document may
+    // be marked as edited without a change and unmarked with one. True without a file.
+    bool hasUnsavedContent() const { return m_savedContent != contentStamp(); }
     // One of ChangeType, as a number that stands in the calls of the whole system.
     void updateChangeCount(int change);
     UndoManager &undoManager() { return m_undoManager; }
@@ -80,8 +83,12 @@ public:
     // Saves changes without being asked, where autosavingFileType() permits it: to the document's own file,
     // which counts as saved; or, if it has none, or somebody else touched that, or it cannot be written, or
     // the user is being asked about the changes, to a recovery file, which does not count. True if there is
-    // nothing to do. False with *reason in plain words.
+    // nothing to do: also for a document that is marked as edited while its file has all of it. False with
+    // *reason in plain words.
     bool autosave(QString *reason);
+    // Puts unsaved content into a recovery file, before it can no longer be written. Says nothing of a
+    // failure.
+    void keepUnsavedContent();
     // Takes the content of a recovery file: a document without a name that keeps the file until it gets one
     // or is closed. False with *reason as above.
     bool recover(std::unique_ptr<RecoveryFile> file, QString *reason);
@@ -120,6 +127,13 @@ Q_SIGNALS:
     void changed();
     void closed();
 
+protected:
+    // Differs from what it was if the content has changed. Here, every mark counts as a change.
+    virtual quint64 contentStamp() const { return m_markCount; }
+    // The content is that of the document's file, or may differ from it in what a stamp does not tell.
+    void noteSavedContent() { m_savedContent = contentStamp(); }
+    void forgetSavedContent();
+
 private:
     void revert();
     // Nothing, with *reason, if it cannot be written now or never be opened again.
@@ -142,6 +156,10 @@ private:
     std::optional<FileIdentity> m_fileIdentity;
     int m_untitledNumber = 1;
     int m_changeCount = 0;
+    quint64 m_markCount = 0;
+    // Stamps of the content that the document's file and the recovery file have.
+    std::optional<quint64> m_savedContent;
+    std::optional<quint64> m_recoverableContent;
     UndoManager m_undoManager;
     std::unique_ptr<RecoveryFile> m_recoveryFile;
     bool m_isAsking = false;

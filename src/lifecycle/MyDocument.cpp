@@ -1,5 +1,6 @@
 #include "lifecycle/MyDocument.h"
 
+#include "core/ContentStamp.h"
 #include "core/DecryptPipeline.h"
 #include "core/DocumentReader.h"
 #include "core/SavePipeline.h"
@@ -178,6 +179,8 @@ void MyDocument::windowControllerDidLoadNib()
     if (isEncrypted())
         window()->setToolbarVisible(false);
     updateChangeCount(ChangeCleared); // A document comes up clean, whatever was done so far.
+    if (!fileURL().isNull())
+        noteSavedContent();
     // The interface file has the room of the strip in its layout.
     m_prevFilterInaction = true;
     showSearchInfoView(false);
@@ -224,8 +227,10 @@ void MyDocument::lockLater()
     // After the sheets have gone.
     Services::shared().mainQueue().addOperation([document = QPointer(this)] {
         // The hand and the clock may meet in one turn.
-        if (document && !document->isClosed() && document->isDecrypted())
-            document->doLockDocument();
+        if (!document || document->isClosed() || !document->isDecrypted())
+            return;
+        document->keepUnsavedContent();
+        document->doLockDocument();
     });
 }
 
@@ -275,12 +280,12 @@ qint32 MyDocument::Decript()
 {
     // Made while the controller still holds its former content: the name and id of a default category are
     // those that are free there.
+    const Ref<Array> formerRecords = state().myArray;
     DecryptPipeline pipeline(mutableState(), [this] { return m_categories.newObject(); });
     const qint32 status = pipeline.decript();
     if (pipeline.hasReplacedLabels())
         Q_EMIT myLabelDictionaryChanged();
     if (status != DecryptSuccess)
-    const Ref<Array> formerRecords = state().myArray;
         return status;
     m_categories.replaceContent(state().myCategoryArray);
     m_records.replaceContent(state().myArray);
@@ -344,6 +349,11 @@ bool MyDocument::readFromData(const QByteArray &bytes, const QString &, QString 
     if (VLAppSupportUtility::sayFilecreatedWithANewerVersion(this))
         VLAppSupportUtility::visitUs(this);
     return false;
+}
+
+quint64 MyDocument::contentStamp() const
+{
+    return ::contentStamp(state());
 }
 
 QString MyDocument::reasonNotToWrite() const

@@ -142,6 +142,9 @@ public:
     void updateChangeCount(int change) override { VLCryptoDoc::updateChangeCount(change); }
     Foundation::UndoManager &undoManager() override { return VLCryptoDoc::undoManager(); }
 
+protected:
+    quint64 contentStamp() const override;
+
 Q_SIGNALS:
     void myLabelDictionaryChanged();
     void selectedViewChanged();

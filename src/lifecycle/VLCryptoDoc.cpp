@@ -71,6 +71,8 @@ void VLCryptoDoc::submitPasswordToDecrypt(const ActionSender &sender)
     setPlainPasswordInserted(sender.stringValue);
     if (sender.stringValue.isEmpty())
         return;
+    // The former content is still there, and the edits that were locked in with it.
+    const bool hadUnsavedContent = hasUnsavedContent();
     setPlainPassword(sender.stringValue);
     if (myWindow())
         myWindow()->setDecryptProgressShown(true);
@@ -89,9 +91,13 @@ void VLCryptoDoc::submitPasswordToDecrypt(const ActionSender &sender)
         decryptRejected();
     }
     updateChangeCount(ChangeCleared);
-    // No file of the user's has it, or not all of it.
-    if (succeeded && (isRecoverable() || fileURL().isNull()))
+    if (!succeeded)
+        return;
+    // An attempt leaves the document unedited. What no file of the user's has is marked anew.
+    if (hadUnsavedContent)
         updateChangeCount(ChangeDone);
+    else
+        noteSavedContent();
 }
 
 void VLCryptoDoc::decryptRejected()
@@ -188,6 +194,7 @@ void VLCryptoDoc::sayAccepted(const QString &maker)
 void VLCryptoDoc::acceptInsertedPassword()
 {
     setPlainPassword(m_plainPasswordInserted);
+    forgetSavedContent(); // The file opens with the former one.
     setPlainPasswordInserted(empty);
     setPlainPasswordInsertedRetype(empty);
 }
@@ -251,6 +258,7 @@ void VLCryptoDoc::confirmChangePasswordSheet(const ActionSender &)
 
 void VLCryptoDoc::showInsertPasswordSheet(DocumentWindow *window, void *contextInfo)
 {
+    m_sheetWasConfirmed = false;
     if (window)
         window->beginSheet(InsertPasswordSheet, [this, contextInfo](int) { insertSheetDidEnd(contextInfo); });
 }
@@ -258,7 +266,6 @@ void VLCryptoDoc::showInsertPasswordSheet(DocumentWindow *window, void *contextI
 void VLCryptoDoc::confirmInsertPasswordSheet(const ActionSender &)
 {
     m_sheetWasConfirmed = true;
-    m_sheetWasConfirmed = false;
     if (windowForSheet())
         windowForSheet()->endSheet(InsertPasswordSheet);
 }

@@ -103,7 +103,8 @@ bool Application::mayEndSession(const std::function<bool()> &mayAsk)
 {
     m_autosaver.autosaveAll();
     const auto hasUnsavedWork = [](const Document *document) {
-        return document->isDocumentEdited() && !document->autosavingFileType().isNull();
+        return document->isDocumentEdited() && document->hasUnsavedContent() &&
+               !document->autosavingFileType().isNull();
     };
     const auto &documents = m_documents.documents();
     const auto unsaved = std::find_if(documents.begin(), documents.end(), hasUnsavedWork);

@@ -123,6 +123,89 @@ TEST_F(Autosaving, TheFileStaysWhileTheUserIsAskedAndWhileItIsLockedAndTheChange
     EXPECT_TRUE(recoveryFiles().isEmpty());
 }
 
+TEST_F(Autosaving, AMarkWithoutAChangeWritesAndAsksNothing)
+{
+    const QString path = pathOf("marked.vexcards");
+    MyDocument *marked = newOne(path);
+    putFile(folder.filePath(u"state"_qs), {}); // where the folder should be
+    const struct
+    {
+        const char *which;
+        bool isFileOurs, isEditedAfterwards;
+    } cases[] = {{"its file has it all", true, false}, {"its file was touched", false, true}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.which);
+        if (!c.isFileOurs)
+            putFile(path, "theirs");
+        const QByteArray before = contentOf(path);
+        marked->categoryCommands().colorChanged({}); // Another document's.
+        EXPECT_TRUE(marked->isDocumentEdited());
+        timers.advance(Autosaver::QuietSeconds);
+        EXPECT_FALSE(windows.back()->hasAlert());
+        EXPECT_EQ(contentOf(path), before);
+        EXPECT_EQ(marked->isDocumentEdited(), c.isEditedAfterwards);
+    }
+}
+
+TEST_F(Autosaving, WhatALockTakesAlongIsSafeOrCountsAsEditedAfterwards)
+{
+    const auto byHand = [this](MyDocument *edited) {
+        edited->lockDocument({});
+        windows.back()->answer(1000);
+    };
+    const auto byItself = [](MyDocument *edited) { edited->lockAutomatically(); };
+    const auto discarded = [this](MyDocument *edited) {
+        edited->canCloseDocument([edited](bool closes) { closes ? edited->close() : void(); });
+        windows.back()->answer(1002);
+        edited->lockAutomatically();
+    };
+    const struct
+    {
+        const char *how;
+        std::function<void(MyDocument *)> lock;
+        bool isBlocked, isEdited, isKept;
+    } cases[] = {
+        {"by hand", byHand, false, true, true},
+        {"by the clock", byItself, false, true, true},
+        {"with no place for them", byItself, true, true, false},
+        {"by hand with no place for them", byHand, true, true, false},
+        {"nothing to keep", byItself, false, false, false},
+        {"discarded before the lock comes", discarded, false, true, false},
+    };
+    const QString path = pathOf("kept.vexcards");
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.how);
+        MyDocument *edited = newOne(path);
+        const QString obstacle = folder.filePath(u"state"_qs);
+        if (c.isBlocked) {
+            QDir(obstacle).removeRecursively();
+            putFile(obstacle, {});
+        }
+        if (c.isEdited)
+            type(edited, u"typed just now"_qs);
+        const QByteArray before = contentOf(path);
+        c.lock(edited);
+        queue.drain();
+        EXPECT_EQ(contentOf(path), before);
+        ASSERT_EQ(recoveryFiles().size(), c.isKept ? 1 : 0);
+        for (const QString &name : recoveryFiles())
+            EXPECT_EQ(noteIn(RecoveryFile::folder() + u'/' + name), u"typed just now");
+        if (controller.documents().contains(edited)) {
+            autosaver.autosaveAll(); // as at the end of the session
+            unlock(edited);
+            EXPECT_EQ(edited->isDocumentEdited(), c.isEdited);
+        }
+        if (c.isBlocked)
+            QFile::remove(obstacle);
+        timers.advance(Autosaver::QuietSeconds);
+        EXPECT_TRUE(recoveryFiles().isEmpty()) << "saved";
+        if (controller.documents().contains(edited))
+            edited->close();
+        endEvent();
+        QFile::remove(path);
+    }
+}
+
 TEST_F(Autosaving, ADocumentWithoutAFileIsUnsavedWheneverItIsOpen)
 {
     MyDocument *unnamed = newOne();

@@ -45,8 +45,17 @@ TEST_F(Locking, AsksAndLocksAtOnceWithoutTouchingTheFile)
     submit(password);
     EXPECT_FALSE(document->isEncrypted());
     EXPECT_EQ(note(), u"changed");
-    EXPECT_FALSE(document->isDocumentEdited())
-        << "an attempt counts as clean, though the file lacks the change";
+    EXPECT_TRUE(document->isDocumentEdited()) << "the file lacks the change";
+    document->doLockDocument();
+    submit(u"wrong horse"_qs);
+    EXPECT_FALSE(document->isDocumentEdited()) << "an attempt counts as clean";
+    window->answer(1000);
+    submit(password);
+    EXPECT_TRUE(document->isDocumentEdited());
+    saveTo(pathOf("locked.vexcards"));
+    document->doLockDocument();
+    submit(password);
+    EXPECT_FALSE(document->isDocumentEdited());
     EXPECT_EQ(document->selectedView(), MyDocument::ViewMode);
 }
 
@@ -171,15 +180,6 @@ TEST_F(Locking, TheHandAndTheClockInOneTurnLockOnce)
     EXPECT_TRUE(window->toolbarVisible);
 }
 
-TEST_F(Locking, NothingIsUndoneBehindTheLock)
-{
-    savedDocument();
-    document->doLockDocument();
-    for (const QString &action : {u"undo"_qs, u"redo"_qs}) {
-        Foundation::MenuItem item{action, QString()};
-        EXPECT_FALSE(document->validateMenuItem(item));
-    }
-    document->undo({});
 // Deciphering makes new objects of all records, which the entries of the stack must mean from then on.
 TEST_F(Locking, WhatIsUndoneAfterLocksStandsOnceAndInACategoryOfTheList)
 {
@@ -236,6 +236,15 @@ TEST_F(Locking, TheSelectionStaysAtItsContacts)
     EXPECT_EQ(note(), u"z, not yet arranged");
 }
 
+TEST_F(Locking, NothingIsUndoneBehindTheLock)
+{
+    savedDocument();
+    document->doLockDocument();
+    for (const QString &action : {u"undo"_qs, u"redo"_qs}) {
+        Foundation::MenuItem item{action, QString()};
+        EXPECT_FALSE(document->validateMenuItem(item));
+    }
+    document->undo({});
     EXPECT_EQ(document->myArray()->count(), 1);
     EXPECT_FALSE(document->isDocumentEdited());
     submit(password);
