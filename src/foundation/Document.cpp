@@ -316,10 +316,12 @@ void Document::saveToPath(const QString &path, const Completion &completion,
                           const std::optional<FileIdentity> &expected)
 {
     QString reason;
-    if (writeToFile(path, &reason, expected))
-        completion(true);
-    else
+    if (!writeToFile(path, &reason, expected)) {
         sayNotSaved(reason, completion);
+        return;
+    }
+    Q_EMIT saved();
+    completion(true);
 }
 
 void Document::sayNotSaved(const QString &reason, const Completion &completion)

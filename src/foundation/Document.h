@@ -125,6 +125,8 @@ Q_SIGNALS:
     void documentEditedChanged();
     // At every change, also of an edited document.
     void changed();
+    // A command to save has written the file; what is saved without being asked does not count.
+    void saved();
     void closed();
 
 protected:

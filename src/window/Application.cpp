@@ -2,6 +2,7 @@
 
 #include "helpers/HelperTransformers.h"
 #include "helpers/VLAppSupportUtility.h"
+#include "window/AccessibleFactory.h"
 #include "window/FilePanels.h"
 #include "window/InterfaceTransformers.h"
 #include "window/RecentDocumentsMenu.h"
@@ -32,6 +33,7 @@ Application::Application()
     , m_delegate(m_documents)
 {
     loadResources();
+    installAccessibility();
     keepNoPanelHistory();
     MyAppDelegate::initialize();
     registerHelperTransformers();

@@ -21,6 +21,7 @@ public:
 
     void redrawColumn(const QString &identifier);
     // What an empty table says.
+    const QString &emptyHint() const { return m_emptyHint; }
     void setEmptyHint(const QString &hint);
     // A row that is not there is ignored.
     void scrollRowToVisible(qsizetype row);

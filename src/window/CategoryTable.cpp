@@ -19,14 +19,20 @@ QVariant CategoryTableModel::data(const QModelIndex &index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const Foundation::Dictionary &category = objectOfRow(index.row());
-    // The label is painted; its name is for assistive technology.
-    if (index.column() == CategoryColumn)
-        return role == Qt::AccessibleTextRole
-                   ? Foundation::displayText(category.value(CategoryKey::cat_category))
-                   : QVariant();
+    if (index.column() == CategoryColumn) // The label is painted.
+        return role == Qt::AccessibleTextRole ? sentenceOfRow(index.row()) : QVariant();
     if (role == Qt::DisplayRole)
         return category.value(CategoryKey::cat_howManyUsingThis).intValue();
     return {};
+}
+
+QString CategoryTableModel::sentenceOfRow(int row) const
+{
+    const QString name = Foundation::displayText(objectOfRow(row).value(CategoryKey::cat_category));
+    const int uses = index(row, UseColumn).data().toInt();
+    return tr("%1, %2, %3 of %4")
+        .arg(name, uses == 1 ? tr("1 contact") : tr("%1 contacts").arg(uses), QString::number(row + 1),
+             QString::number(rowCount()));
 }
 
 CategoryTable::CategoryTable(QWidget *parent)

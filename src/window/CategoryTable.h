@@ -14,6 +14,10 @@ public:
     explicit CategoryTableModel(Foundation::ArrayController *categories, QObject *parent = nullptr);
 
     QVariant data(const QModelIndex &index, int role) const override;
+
+private:
+    // What a screen reader says of the row: "Friends, 2 contacts, 3 of 7".
+    QString sentenceOfRow(int row) const;
 };
 
 // The table of the sheet of categories: their labels, and how many contacts bear each.

@@ -5,6 +5,7 @@
 #include "window/CategoryTable.h"
 #include "window/DesktopText.h"
 #include "window/DetailPlaceholder.h"
+#include "window/DocumentAnnouncer.h"
 #include "window/FilePanels.h"
 #include "window/InterfaceStyle.h"
 #include "window/MyTableDelegate.h"
@@ -80,6 +81,7 @@ void DocumentWindowController::setUpControls()
                           {m_ui->detailPlaceholder, m_ui->placeholderTitle, m_ui->placeholderHint,
                            m_ui->detailView, m_ui->myTableView},
                           &m_window);
+    new DocumentAnnouncer(m_document, new Announcer(&m_window));
     m_binder.bind(&m_window);
 }
 

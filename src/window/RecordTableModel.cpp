@@ -1,6 +1,8 @@
 #include "window/RecordTableModel.h"
 
 #include "browse/RecordName.h"
+#include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 #include "window/CategoryPill.h"
 
 RecordTableModel::RecordTableModel(Foundation::ArrayController *records, QObject *parent)
@@ -22,16 +24,26 @@ void RecordTableModel::sort(int column, Qt::SortOrder order)
     rows()->rearrangeObjects();
 }
 
+QString RecordTableModel::sentenceOfRow(int row) const
+{
+    constexpr qsizetype LongestPart = 200;
+    const Foundation::Dictionary &record = objectOfRow(row);
+    QStringList parts{displayedNameOfRecord(record).left(LongestPart),
+                      Foundation::displayText(record.value(RecordKey::company)).left(LongestPart)};
+    parts.removeDuplicates();
+    parts.removeAll(QString());
+    if (const auto pill = CategoryPill::ofRecord(record))
+        parts.append(tr("category %1").arg(pill->name.left(LongestPart)));
+    parts.append(tr("%1 of %2").arg(row + 1).arg(rowCount()));
+    return parts.join(QStringLiteral(", "));
+}
+
 QVariant RecordTableModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    // The label is painted; its name is for assistive technology.
-    if (index.column() == CategoryColumn) {
-        const auto pill =
-            role == Qt::AccessibleTextRole ? CategoryPill::ofRecord(objectOfRow(index.row())) : std::nullopt;
-        return pill ? pill->name : QVariant();
-    }
+    if (index.column() == CategoryColumn) // The label is painted.
+        return role == Qt::AccessibleTextRole ? sentenceOfRow(index.row()) : QVariant();
     if (role == Qt::DisplayRole)
         return displayedNameOfRecord(objectOfRow(index.row()));
     return {};

@@ -17,4 +17,8 @@ public:
     // By what a column shows, contacts of one category by their names. No such column: in the order of the
     // document.
     void sort(int column, Qt::SortOrder order) override;
+
+private:
+    // What a screen reader says of the row: "Anna Berger, Acme, category Friends, 3 of 312".
+    QString sentenceOfRow(int row) const;
 };

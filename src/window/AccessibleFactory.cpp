@@ -1,0 +1,31 @@
+#include "window/AccessibleFactory.h"
+
+#include "window/AccessibilityEventFilter.h"
+#include "window/AccessibleTable.h"
+#include "window/Announcer.h"
+
+#include <QListView>
+#include <QTableView>
+#include <QTreeView>
+
+namespace
+{
+
+// Called for the object's own class first, and for its base classes only if that gives nothing.
+QAccessibleInterface *newInterface(const QString &, QObject *object)
+{
+    if (qobject_cast<QTableView *>(object) || qobject_cast<QListView *>(object) ||
+        qobject_cast<QTreeView *>(object))
+        return new AccessibleTable(static_cast<QAbstractItemView *>(object));
+    if (auto *announcer = qobject_cast<Announcer *>(object))
+        return new QAccessibleWidget(announcer, QAccessible::Notification);
+    return nullptr;
+}
+
+} // namespace
+
+void installAccessibility()
+{
+    QAccessible::installFactory(newInterface);
+    AccessibilityEventFilter::install();
+}

@@ -1,0 +1,7 @@
+#pragma once
+
+// Installs the application's own accessible classes and its filter of events. Once, with a QApplication.
+//
+// Item views get an AccessibleTable in place of the toolkit's own class, those in the toolkit's dialogs and
+// pop-ups included. An Announcer becomes a notification. Everything else keeps the toolkit's class.
+void installAccessibility();
