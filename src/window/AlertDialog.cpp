@@ -79,7 +79,9 @@ QWidget *AlertDialog::newTexts(const Alert &alert)
     if (!alert.informativeText.isEmpty())
         layout->addWidget(newTextLabel(alert.informativeText));
     layout->addStretch();
-    setAccessibleDescription(message->text());
+    // What a screen reader says when the alert comes.
+    setAccessibleName(alert.message);
+    setAccessibleDescription(alert.informativeText);
     return texts;
 }
 

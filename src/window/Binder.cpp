@@ -72,7 +72,9 @@ void Binder::bindConditions(QWidget *control)
     const QString format = textProperty(control, InterfaceProperty::BindFormat);
     follow(control, InterfaceProperty::BindToolTip, InterfaceProperty::Transformer,
            [control, format](const BindingExpression &expression) {
-               const QString text = format.arg(displayText(expression.value().value));
+               const QString caption = displayText(expression.value().value);
+               const QString text =
+                   format.arg(nameOfField(caption, textProperty(control, InterfaceProperty::BindToolTip)));
                control->setAccessibleName(text);
                control->setToolTip(text.toHtmlEscaped());
            });
@@ -161,6 +163,12 @@ void Binder::bindLabel(QLabel *label)
                const QString text = format.isEmpty() ? value : format.arg(value);
                // With a buddy, "&" would mark a mnemonic.
                label->setText(label->buddy() ? titleOfText(text) : text);
+               if (label->buddy()) {
+                   // A pop-up takes its name from the label alone.
+                   const QString name = nameOfField(text, textProperty(label, InterfaceProperty::BindValue));
+                   label->setAccessibleName(text.isEmpty() ? name : QString());
+                   label->buddy()->setAccessibleName(name);
+               }
            });
 }
 

@@ -1,5 +1,6 @@
 #include "window/ControlAccess.h"
 
+#include "core/RecordModel.h"
 #include "foundation/DisplayText.h"
 #include "window/ActionDispatcher.h"
 #include "window/InterfaceProperties.h"
@@ -75,6 +76,16 @@ int rowOfObject(const KeyPath &rows, const Value &object)
 {
     const auto dictionary = object.dictionary();
     return rows.controller() && dictionary ? int(rows.controller()->arrangedIndexOf(dictionary)) : -1;
+}
+
+QString nameOfField(const QString &caption, const QString &captionPath)
+{
+    QString name = caption.trimmed();
+    if (name.isEmpty())
+        name = Foundation::displayText(defaultLabelDictionary()->value(captionPath.section(u'.', -1)));
+    if (name.endsWith(u':'))
+        name.chop(1);
+    return name;
 }
 
 ActionSender senderOfControl(const QWidget *control)

@@ -29,5 +29,9 @@ void setRowsOfPopUp(QComboBox *popUp, const KeyPath &rows);
 // -1 for an object that is not there.
 int rowOfObject(const KeyPath &rows, const Foundation::Value &object);
 
+// The name of a field for assistive technology: its caption without the colon at the end, or the caption that
+// new documents have where the user left it empty. The path is that of the caption in the document.
+QString nameOfField(const QString &caption, const QString &captionPath);
+
 // What an action learns of the control that sent it.
 Foundation::ActionSender senderOfControl(const QWidget *control);

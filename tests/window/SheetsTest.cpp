@@ -72,7 +72,8 @@ TEST_F(SheetsTest, ACategoryIsMadeNamedAndColouredByKeys)
     enterField("categoryName", u"R&D"_qs);
     EXPECT_EQ(category(1)->value(CategoryKey::cat_category).stringValue(), u"R&D");
     EXPECT_TRUE(document()->isDocumentEdited());
-    EXPECT_EQ(table->model()->index(1, 0).data(Qt::AccessibleTextRole).toString(), u"R&D");
+    EXPECT_EQ(table->model()->index(1, 0).data(Qt::AccessibleTextRole).toString(),
+              u"R&D, 0 contacts, 2 of 2");
 
     auto *back = control<ColorWell>("backColorWell");
     choose(back, QColor(204, 51, 0));
@@ -147,6 +148,8 @@ TEST_F(SheetsTest, CaptionsReachTheFormAtEveryLetterAndFlagsShowTheirButton)
     EXPECT_TRUE(document()->isDocumentEdited());
     EXPECT_FALSE(button->isHidden());
     EXPECT_EQ(button->accessibleName(), u"Open Boat & car");
+    const auto *nameless = window()->findChild<QLineEdit *>(u"phoneWork"_qs);
+    EXPECT_EQ(nameless->accessibleName(), u"Phone work") << "without a caption it is still called something";
     dismiss(u"Done"_qs);
 
     chooseNextPath(pathOf(u"captions.vexcards"_qs));
