@@ -4,6 +4,7 @@
 #include "window/WindowTest.h"
 
 #include <QDir>
+#include <QMenuBar>
 #include <QXmlStreamReader>
 
 namespace
@@ -43,7 +44,7 @@ void readProperty(QXmlStreamReader &xml, Element &element)
         return;
     const bool isTranslated = xml.name() == u"string" && attribute(xml, "notr") != u"true";
     const QString value = xml.readElementText(QXmlStreamReader::IncludeChildElements);
-    if (isDynamic || name == u"buddy" || name == u"symbol")
+    if (isDynamic || name == u"buddy" || name == u"symbol" || name == u"echoMode")
         element.properties.insert(name, value);
     if (isDynamic && isTranslated)
         element.translated.append(name);
@@ -155,6 +156,7 @@ TEST_F(InterfaceFilesTest, NamesLeadSomewhere)
                                                               u"symbol"_qs,
                                                               u"fontScale"_qs,
                                                               u"looksLikeLink"_qs,
+                                                              u"echoMode"_qs,
                                                               u"buddy"_qs};
     auto &transformers = Foundation::ValueTransformerRegistry::shared();
     forEachElement([&](const InterfaceFile &file, const Element &element) {
@@ -167,10 +169,29 @@ TEST_F(InterfaceFilesTest, NamesLeadSomewhere)
             EXPECT_TRUE(!isControl || file.has(it.value()));
             EXPECT_FALSE(it.key() == u"symbol" && symbolIcon(it.value()).pixmap(16).isNull());
         }
+        EXPECT_EQ(element.className == u"PasswordField", element.properties.contains(u"echoMode"_qs))
+            << "only a PasswordField keeps its text from the accessibility bus when it shows it";
         // A translated key path would lead elsewhere in another language.
         for (const QString &name : element.translated)
             EXPECT_EQ(name, u"bindFormat"_qs);
     });
+}
+
+TEST_F(InterfaceFilesTest, NoMnemonicStandsTwiceInAMenu)
+{
+    makeNewDocument();
+    QList<QWidget *> menus{window()->menuBar()};
+    for (QMenu *menu : window()->findChildren<QMenu *>())
+        menus.append(menu);
+    for (const QWidget *menu : menus) {
+        QMap<QKeySequence, QString> items;
+        for (const QAction *item : menu->actions()) {
+            const auto key = QKeySequence::mnemonic(item->text());
+            EXPECT_FALSE(!key.isEmpty() && items.contains(key))
+                << item->text().toStdString() << " and " << items[key].toStdString();
+            items[key] = item->text();
+        }
+    }
 }
 
 TEST_F(InterfaceFilesTest, TagsAreThoseThatAreAskedFor)
