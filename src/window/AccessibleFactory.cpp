@@ -5,7 +5,9 @@
 #include "window/Announcer.h"
 
 #include <QListView>
+#include <QPlainTextEdit>
 #include <QTableView>
+#include <QTextEdit>
 #include <QTreeView>
 
 namespace
@@ -17,6 +19,9 @@ QAccessibleInterface *newInterface(const QString &, QObject *object)
     if (qobject_cast<QTableView *>(object) || qobject_cast<QListView *>(object) ||
         qobject_cast<QTreeView *>(object))
         return new AccessibleTable(static_cast<QAbstractItemView *>(object));
+    const bool isText = qobject_cast<QTextEdit *>(object) || qobject_cast<QPlainTextEdit *>(object);
+    if (auto *area = isText ? nullptr : qobject_cast<QAbstractScrollArea *>(object))
+        return new QAccessibleWidget(area);
     if (auto *announcer = qobject_cast<Announcer *>(object))
         return new QAccessibleWidget(announcer, QAccessible::Notification);
     return nullptr;

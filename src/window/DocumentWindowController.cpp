@@ -82,7 +82,16 @@ void DocumentWindowController::setUpControls()
                            m_ui->detailView, m_ui->myTableView},
                           &m_window);
     new DocumentAnnouncer(m_document, new Announcer(&m_window));
+    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::releaseFocus);
     m_binder.bind(&m_window);
+}
+
+void DocumentWindowController::releaseFocus()
+{
+    // The bindings hide what has the focus next, which would give it to the toolbar on the way to the new
+    // face.
+    if (QWidget *focused = m_window.focusWidget())
+        focused->clearFocus();
 }
 
 void DocumentWindowController::giveListItsWidth()

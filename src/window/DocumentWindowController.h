@@ -90,6 +90,7 @@ private:
     void updateTitle();
     void updateUndoTitles();
     void showFace();
+    void releaseFocus();
     void changeFace();
     void keepFocusInSight();
     void prepareForTyping();

@@ -9,6 +9,7 @@ The steps build on one another; what each found wrong is told as GoogleTest tell
 import json
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -20,12 +21,23 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
 PATIENCE = 60  # seconds; for a slow machine with a lot else to do
-PASSWORD = "correct horse"
+PASSWORD, NEW_PASSWORD = "JQQJQJ", "QJQQJJ"  # Nothing else on the screen holds two of these letters in a row.
+PART_OF_PASSWORD = re.compile("[JQ]{2}|^[JQ]$")
 DOWN, RETURN, ESCAPE = 0xff54, 0xff0d, 0xff1b  # as the window system numbers the keys
 
 
 class Missing(Exception):
     """Something that should be there does not come."""
+
+
+class Late:
+    """A text that is made when it is needed."""
+
+    def __init__(self, make):
+        self.make = make
+
+    def __str__(self):
+        return self.make()
 
 
 def until(condition, what):
@@ -38,6 +50,8 @@ def until(condition, what):
             found = None
         if found:
             return found
+        while GLib.MainContext.default().iteration(False):  # Events are heard here.
+            pass
         time.sleep(0.05)
     raise Missing(what)
 
@@ -75,6 +89,29 @@ class Client:
         self.program = program
         self.folder = folder
         self.process = None
+        self.spoken = []  # what a screen reader says: the names of what gets the focus, and notifications
+        self.texts = []  # of all events
+        self.listener = Atspi.EventListener.new(self.hear)
+        self.listener.register("object:")
+
+    def hear(self, event):
+        if isinstance(event.any_data, str):
+            self.texts.append(event.any_data)
+        kind = event.type.rpartition(":")[2]
+        try:
+            if event.detail1 and (kind == "focused"
+                                  or kind == "showing" and event.source.get_role() == Atspi.Role.NOTIFICATION):
+                name = event.source.get_name()
+                if self.spoken[-1:] != [name]:  # A window that comes to the front repeats the focus.
+                    self.spoken.append(name)
+        except GLib.Error:  # It has gone already.
+            pass
+
+    def expect_spoken(self, *names, perhaps=None):
+        """And nothing else since the last time, but perhaps what has the focus in a window that comes to the front."""
+        until(lambda: [name for name in self.spoken if name != perhaps] == list(names),
+              Late(lambda: f"to hear {names} and not {self.spoken}"))
+        self.spoken.clear()
 
     def start(self, *arguments):
         environment = dict(os.environ, HOME=str(self.folder), XDG_STATE_HOME="", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
@@ -132,7 +169,8 @@ class Client:
                 for row in range(Atspi.Table.get_n_rows(table))]
 
     def categories_in_list(self):
-        return self.names_in_column("Contacts", 0)
+        """As the first cells of the rows say them, which speak for their rows."""
+        return [re.search("category (.*), ", name)[1] for name in self.names_in_column("Contacts", 0)]
 
     def select(self, row):
         table = self.find("table", "Contacts")
@@ -149,8 +187,18 @@ class Client:
         extents = Atspi.Component.get_extents(frame, Atspi.CoordType.SCREEN)
         Atspi.generate_mouse_event(extents.x + 20, extents.y + extents.height - 20, "b1c")
 
-    def key(self, symbol):
+    def focus(self, role, name):
+        node = self.find(role, name)
+        Atspi.Component.grab_focus(node)
+        until(lambda: is_focused(node), f"the focus in {name}")
+
+    @staticmethod
+    def key(symbol):
         Atspi.generate_keyboard_event(symbol, None, Atspi.KeySynthType.SYM)
+
+    @staticmethod
+    def type(text):
+        Atspi.generate_keyboard_event(0, text, Atspi.KeySynthType.STRING)
 
 
 # The steps, in the order in which they are taken.
@@ -176,7 +224,19 @@ def give_first_password(client):
 
 def a_new_document_takes_its_password(client):
     client.start()
-    give_first_password(client)
+    client.focus("password text", "Password:")
+    client.type(NEW_PASSWORD)  # in secret, then shown
+    client.press(client.find("check box", "Show password"))
+    until(lambda: client.text("Password:") == NEW_PASSWORD, "the password shown")
+    client.put("Retype password:", PASSWORD)
+    client.press(client.find("check box", "Show password"))
+    client.click("OK")
+    client.click("Retry")  # What was typed is back, and shown.
+    client.put("Password:", PASSWORD)
+    client.click("OK")
+    client.find("label", "Password accepted")
+    client.click("OK")
+    until(lambda: not client.find_all("label", "Password accepted"), "the end of the alert")
     client.find("label", "Press Add to make your first contact")
 
 
@@ -206,7 +266,8 @@ def a_category_is_made_coloured_and_given(client):
     client.click("Label colour")
     for component, value in (("Red:", 192), ("Green:", 57), ("Blue:", 43)):
         Atspi.Value.set_current_value(client.find("spin button", component), value)
-    until(lambda: client.names_in_column("Categories", 0) == ["Generic", "Family"], "the name in the table")
+    until(lambda: client.names_in_column("Categories", 0) == ["Generic, 2 contacts, 1 of 2",
+                                                              "Family, 0 contacts, 2 of 2"], "the name in the table")
     client.click("Done")
     until(lambda: not client.find_all("table", "Categories"), "the end of the sheet")
     client.press(client.find("combo box", "Category:"))
@@ -224,6 +285,105 @@ def the_list_is_searched(client):
     client.find("combo box", "Category to show")
     client.click("Show all records")
     client.expect_names("Zoë Åström", "Boris Kant")
+
+
+def a_screen_reader_speaks_what_is_done_and_nothing_else(client):
+    client.focus("text", "Search")
+    client.spoken.clear()
+    client.type("kant")
+    client.expect_spoken("1 contact found")
+    client.type("x")
+    client.expect_spoken("No contact matches")
+    client.key(ESCAPE)
+    client.expect_spoken("All contacts: 2")
+    client.key(DOWN)
+    client.expect_spoken("Zoë Åström, category Generic, 1 of 2")
+    client.key(DOWN)
+    client.expect_spoken("Boris Kant, category Family, 2 of 2")
+    client.focus("text", "Search")
+    client.click("Add")
+    client.expect_spoken("Search", "First name")
+    client.type("anna")
+    client.expect_names("Zoë Åström", "Boris Kant", "anna Last Name")
+    client.choose("Lock Document…")
+    client.expect_spoken("OK")
+    client.click("OK")
+    client.expect_spoken("Enter the master password to open it", "Document locked", perhaps="First name")
+    client.put("Enter the master password to open it", PASSWORD, "password text")
+    client.click("Open")
+    client.expect_spoken("anna Last Name, category Family, 3 of 3", "Document unlocked",
+                         perhaps="Enter the master password to open it")
+
+
+def positions_beyond_the_ends_are_answered(client):
+    """A screen reader asks for positions that it saw before rows went."""
+    client.put("Search", "anna")
+    client.expect_names("anna Last Name")
+    tables = [client.find("table", "Contacts")]
+    ask_beyond_the_ends(client, tables)
+    client.select(0)
+    client.choose("Delete Contact…")
+    client.click("Delete Contact")
+    client.expect_names()
+    ask_beyond_the_ends(client, tables)
+    client.click("Show all records")
+    client.expect_names("Zoë Åström", "Boris Kant")
+    client.choose("Edit Categories…")
+    tables.append(client.find("table", "Categories"))
+    ask_beyond_the_ends(client, tables)
+    client.click("Done")
+    client.choose("Lock Document…")
+    client.click("OK")
+    client.find("password text", "Enter the master password to open it")
+    ask_beyond_the_ends(client, tables)
+    client.put("Enter the master password to open it", PASSWORD, "password text")
+    client.click("Open")
+    client.expect_names("Zoë Åström", "Boris Kant")
+
+
+def ask_beyond_the_ends(client, tables):
+    cells = ("is_selected", "get_row_extent_at", "get_column_extent_at", "get_accessible_at", "get_index_at")
+    lines = ("get_row_column_extents_at_index", "get_row_at_index", "get_column_at_index", "is_row_selected",
+             "is_column_selected", "add_row_selection", "remove_row_selection", "add_column_selection",
+             "remove_column_selection", "get_row_header", "get_column_header", "get_row_description",
+             "get_column_description")
+    questions = [(question, place) for question in cells for place in ((-1, -1), (99, 0), (0, 99), (2**31 - 1, 0))]
+    questions += [(question, (place,)) for question in lines for place in (-1, 99999)]
+    for table in tables:
+        for question, place in questions:
+            try:
+                getattr(Atspi.Table, question)(table, *place)
+            except GLib.Error:  # Refused, or the table has gone.
+                pass
+            assert client.application(), f"{question}{place} ended it"
+
+
+def no_event_holds_a_part_of_a_password(client):
+    client.choose("Change Master Password…")
+    for name, password in (("Old Master Password:", PASSWORD), ("New Password:", NEW_PASSWORD),
+                           ("Retype New Password:", NEW_PASSWORD)):
+        client.focus("password text", name)
+        client.type(password)
+    client.press(client.find("check box", "Show password"))
+    until(lambda: client.text("New Password:") == NEW_PASSWORD, "the password shown")
+    client.put("New Password:", PASSWORD)
+    client.press(client.find("check box", "Show password"))
+    client.put("Retype New Password:", PASSWORD, "password text")
+    client.click("OK")
+    client.find("label", "Password changed successfuly")
+    client.click("OK")
+    client.choose("Lock Document…")
+    client.click("OK")
+    for password, button in ((NEW_PASSWORD, "OK"), (PASSWORD, None)):
+        client.focus("password text", "Enter the master password to open it")
+        client.type(password)
+        client.key(RETURN)
+        if button:
+            client.click(button)
+    client.expect_names("Zoë Åström", "Boris Kant")
+    leaks = [text for text in client.texts if PART_OF_PASSWORD.search(text)]
+    assert client.texts and not leaks, f"events hold {leaks}"
+    client.press(client.find("check box", "Edit"))
 
 
 def captions_are_renamed_and_flagged(client):
@@ -254,6 +414,7 @@ def the_document_is_saved_and_opened_again(client):
     client.put("File name:", str(file))
     client.click("Save")
     until(file.exists, "the file")
+    until(lambda: "Document saved" in client.spoken, "to hear that the document is saved")
     client.choose("Quit")
     assert client.process.wait(PATIENCE) == 0
 
@@ -309,8 +470,11 @@ def what_was_never_saved_outlives_a_kill(client):
     assert not client.find_all("table", "Contacts"), "a locked window has no list"
 
 
-STEPS = [the_keyboard_stays_with_a_sheet, a_new_document_takes_its_password, contacts_are_added_and_edited, a_category_is_made_coloured_and_given,
-         the_list_is_searched, captions_are_renamed_and_flagged, a_copy_is_undone_and_a_contact_deleted,
+STEPS = [the_keyboard_stays_with_a_sheet, a_new_document_takes_its_password, contacts_are_added_and_edited,
+         a_category_is_made_coloured_and_given, the_list_is_searched,
+         a_screen_reader_speaks_what_is_done_and_nothing_else, positions_beyond_the_ends_are_answered,
+         no_event_holds_a_part_of_a_password, captions_are_renamed_and_flagged,
+         a_copy_is_undone_and_a_contact_deleted,
          the_document_is_saved_and_opened_again, a_print_and_a_save_are_given_up,
          nothing_that_can_be_used_is_without_a_name, what_was_never_saved_outlives_a_kill]
 
