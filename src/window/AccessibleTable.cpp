@@ -146,9 +146,9 @@ int AccessibleTable::indexOfChild(const QAccessibleInterface *child) const
 
 QAccessibleInterface *AccessibleTable::child(int index) const
 {
-    if (index < 0 || index >= childCount())
-        return nullptr;
     const int width = columnCount() + headerColumns();
+    if (index < 0 || width == 0 || index >= childCount())
+        return nullptr;
     return member(index / width - headerRows(), index % width - headerColumns());
 }
 
