@@ -100,10 +100,21 @@ int FileRights::giveTo(int descriptor, FileSystem &files) const
         if (const int error = giveAttributes(descriptor, files, mode))
             return error;
     }
-    // File systems without modes of their own refuse; the mode of the creation is never wider.
-    if (uninterrupted([&] { return files.fchmod(descriptor, mode); }) < 0 && !cannotBeKept(errno))
+    return giveMode(descriptor, files, mode);
+}
+
+int FileRights::giveMode(int descriptor, FileSystem &files, mode_t mode)
+{
+    struct stat made;
+    if (uninterrupted([&] { return files.fstat(descriptor, &made); }) < 0)
         return errno;
-    return 0;
+    // Some shared folders deny every change of a mode, even one that changes nothing.
+    if ((made.st_mode & 07777) == mode || uninterrupted([&] { return files.fchmod(descriptor, mode); }) == 0)
+        return 0;
+    // File systems without modes of their own answer EPERM or one of the numbers after it. Any other answer,
+    // EACCES included, is a failure: the file would be saved, and other users silently lose it.
+    constexpr int NoModes[] = {EPERM, ENOTSUP, ENOSYS, EINVAL};
+    return std::ranges::find(NoModes, errno) != std::end(NoModes) ? 0 : errno;
 }
 
 int FileRights::giveOwner(int descriptor, FileSystem &files, mode_t &mode) const
@@ -117,7 +128,7 @@ int FileRights::giveOwner(int descriptor, FileSystem &files, mode_t &mode) const
     if (made.st_uid == m_owner && made.st_gid == m_group)
         return 0;
     int error = change(m_owner, m_group);
-    constexpr uid_t SameOwner = uid_t(-1);
+    constexpr auto SameOwner = uid_t(-1);
     if (cannotBeKept(error))
         error = made.st_gid == m_group ? 0 : change(SameOwner, m_group);
     if (!cannotBeKept(error))

@@ -31,6 +31,7 @@ public:
 private:
     int takeAttributesFrom(int descriptor, FileSystem &files);
     int giveOwner(int descriptor, FileSystem &files, mode_t &mode) const;
+    static int giveMode(int descriptor, FileSystem &files, mode_t mode);
     int giveAttributes(int descriptor, FileSystem &files, mode_t &mode) const;
 
     bool m_replacing = false;
