@@ -71,6 +71,7 @@ bool Document::readFromFile(const QString &path, QString *reason)
     m_fileURL = QFileInfo(path).absoluteFilePath();
     m_fileIdentity = file.identity;
     noteSavedContent();
+    removeAbandonedFiles(path);
     Q_EMIT fileURLChanged();
     return true;
 }

@@ -186,11 +186,22 @@ FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes,
         return result;
     }
     FileReplacement replacement(files);
-    if (replacement.locate(*name) && replacement.examineOldFile(expected) &&
-        replacement.writeTemporaryFile(bytes))
-        result.identity = replacement.putInPlace();
+    if (replacement.locate(*name) && replacement.examineOldFile(expected)) {
+        // Before anything is written: on a full disk what is left of a killed save may be what is missing.
+        replacement.removeAbandonedFiles();
+        if (replacement.writeTemporaryFile(bytes))
+            result.identity = replacement.putInPlace();
+    }
     result.error = replacement.error();
     return result;
+}
+
+void removeAbandonedFiles(const QString &path, FileSystem &files)
+{
+    const std::optional<QByteArray> name = encodedPath(path);
+    FileReplacement replacement(files);
+    if (name && replacement.locate(*name))
+        replacement.removeAbandonedFiles();
 }
 
 } // namespace Foundation

@@ -62,10 +62,14 @@ struct FileWriteResult
 // - A flush that failed is never repeated on the same file, since the system may have dropped the data and
 //   then report success. The next save writes a fresh file.
 //
-// A killed process leaves a file named ".vexarel-" and 16 hexadecimal digits in the folder. Nothing removes
-// it automatically: it may be the one that another process is writing.
+// A killed process leaves its temporary file. The next save into the folder removes it, and so does
+// removeAbandonedFiles; see TemporaryFile for which files are removed.
 FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes,
                                  const std::optional<FileIdentity> &expected = std::nullopt,
                                  FileSystem &files = FileSystem::system());
+
+// Removes what killed saves of this user left in the folder of the file `path`, links followed. Nothing is
+// told: what cannot be removed stays.
+void removeAbandonedFiles(const QString &path, FileSystem &files = FileSystem::system());
 
 } // namespace Foundation

@@ -1,7 +1,6 @@
 #include "foundation/FileReplacement.h"
 
 #include "foundation/FileErrorText.h"
-#include "foundation/RandomNumbers.h"
 
 #include <climits>
 #include <fcntl.h>
@@ -120,50 +119,28 @@ bool FileReplacement::writeTemporaryFile(const QByteArray &bytes)
     constexpr int MaximumAttempts = 3;
     int error = EINTR;
     for (int attempt = 0; attempt < MaximumAttempts && error == EINTR; ++attempt) {
-        FileDescriptor file(m_files);
-        removeTemporaryFile();
-        if (!createTemporaryFile(file))
-            return false;
-        error = fillTemporaryFile(file, bytes);
+        if (const int failure = m_temporary.create(m_folder.get()))
+            return fail(
+                fileErrorText(failure, QStringLiteral("The folder is not writable."), missingFolderText()));
+        error = fillTemporaryFile(bytes);
     }
     return error == 0 || fail(writeErrorText(error));
 }
 
-bool FileReplacement::createTemporaryFile(FileDescriptor &file)
+int FileReplacement::fillTemporaryFile(const QByteArray &bytes)
 {
-    constexpr int Flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    constexpr int MaximumAttempts = 10;
-    for (int attempt = 0; attempt < MaximumAttempts; ++attempt) {
-        const std::optional<QByteArray> digits = secureRandomBytes(8);
-        if (!digits)
-            return fail(QStringLiteral("The system gives no random numbers."));
-        // Independent of the real name, which may be as long as names can be.
-        const QByteArray name = ".vexarel-" + digits->toHex();
-        file.reset(uninterrupted(
-            [&] { return m_files.openAt(m_folder.get(), name.constData(), Flags, S_IRUSR | S_IWUSR); }));
-        if (file.isOpen()) {
-            m_temporaryName = name;
-            return true;
-        }
-        if (errno != EEXIST)
-            break;
-    }
-    return fail(fileErrorText(errno, QStringLiteral("The folder is not writable."), missingFolderText()));
-}
-
-int FileReplacement::fillTemporaryFile(FileDescriptor &file, const QByteArray &bytes)
-{
-    if (const int error = writeAll(file.get(), bytes))
+    const int file = m_temporary.descriptor();
+    if (const int error = writeAll(file, bytes))
         return error;
-    if (const int error = m_rights.giveTo(file.get(), m_files))
+    if (const int error = m_rights.giveTo(file, m_files))
         return error;
-    if (m_files.fsync(file.get()) < 0)
+    if (m_files.fsync(file) < 0)
         return errno;
     struct stat status;
-    if (uninterrupted([&] { return m_files.fstat(file.get(), &status); }) < 0)
+    if (uninterrupted([&] { return m_files.fstat(file, &status); }) < 0)
         return errno;
     m_newFile = FileIdentity::fromStatus(status);
-    return file.close() < 0 ? errno : 0;
+    return m_temporary.close();
 }
 
 int FileReplacement::writeAll(int descriptor, const QByteArray &bytes)
@@ -181,28 +158,15 @@ int FileReplacement::writeAll(int descriptor, const QByteArray &bytes)
     return 0;
 }
 
-void FileReplacement::removeTemporaryFile()
-{
-    if (m_temporaryName.isEmpty())
-        return;
-    // If this fails too there is nothing more to do; the error that led here is the one to tell.
-    uninterrupted([&] { return m_files.unlinkAt(m_folder.get(), m_temporaryName.constData()); });
-    m_temporaryName.clear();
-}
-
 std::optional<FileIdentity> FileReplacement::putInPlace()
 {
     if (!oldFileUnchanged())
         return std::nullopt;
-    const auto rename = [&] {
-        return m_files.renameAt(m_folder.get(), m_temporaryName.constData(), m_name.constData());
-    };
-    if (uninterrupted(rename) < 0) {
-        fail(fileErrorText(errno, QStringLiteral("You do not have permission to replace the file."),
+    if (const int error = m_temporary.renameTo(m_name)) {
+        fail(fileErrorText(error, QStringLiteral("You do not have permission to replace the file."),
                            interferenceText()));
         return std::nullopt;
     }
-    m_temporaryName.clear();
     const FileIdentity identity = identityInPlace();
     // Unlike a file, a folder holds no data of ours that an interrupted flush could lose: it may be repeated.
     // Some file systems have no flush for folders and say that the call is invalid.

@@ -3,6 +3,7 @@
 #include "foundation/FileDescriptor.h"
 #include "foundation/FileIdentity.h"
 #include "foundation/FileRights.h"
+#include "foundation/TemporaryFile.h"
 
 #include <QByteArray>
 #include <QString>
@@ -20,13 +21,15 @@ public:
     explicit FileReplacement(FileSystem &files)
         : m_files(files)
         , m_folder(files)
+        , m_temporary(files)
     {
     }
-    ~FileReplacement() { removeTemporaryFile(); }
     Q_DISABLE_COPY_MOVE(FileReplacement)
 
     // Follows links to the real file, which need not exist, and opens its folder.
     bool locate(const QByteArray &path);
+    // Removes what killed processes left in that folder; see TemporaryFile.
+    void removeAbandonedFiles() { TemporaryFile::removeAbandoned(m_folder.get(), m_files); }
     // Refuses what must not be replaced, or is not the expected file, and takes the rights of what may be.
     bool examineOldFile(const std::optional<FileIdentity> &expected);
     // Returns with the bytes on the disk.
@@ -40,10 +43,8 @@ public:
 private:
     bool fail(const QString &text);
     bool followLinks(QByteArray &path);
-    bool createTemporaryFile(FileDescriptor &file);
-    int fillTemporaryFile(FileDescriptor &file, const QByteArray &bytes);
+    int fillTemporaryFile(const QByteArray &bytes);
     int writeAll(int descriptor, const QByteArray &bytes);
-    void removeTemporaryFile();
     bool oldFileUnchanged();
     FileIdentity identityInPlace();
 
@@ -51,10 +52,10 @@ private:
     // Held open, so that all happens in one folder even if it is moved meanwhile.
     FileDescriptor m_folder;
     QByteArray m_name;
-    QByteArray m_temporaryName; // Empty while there is no such file.
     std::optional<FileIdentity> m_oldFile;
     FileIdentity m_newFile;
     FileRights m_rights;
+    TemporaryFile m_temporary;
     QString m_error;
 };
 

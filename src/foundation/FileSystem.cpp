@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -51,6 +52,16 @@ ssize_t FileSystem::write(int descriptor, const void *bytes, std::size_t size)
 int FileSystem::fsync(int descriptor)
 {
     return ::fsync(descriptor);
+}
+
+int FileSystem::duplicate(int descriptor)
+{
+    return ::fcntl(descriptor, F_DUPFD_CLOEXEC, 0);
+}
+
+int FileSystem::lock(int descriptor)
+{
+    return ::flock(descriptor, LOCK_EX | LOCK_NB);
 }
 
 int FileSystem::fstat(int descriptor, struct stat *status)

@@ -31,6 +31,10 @@ public:
     virtual ssize_t readAt(int descriptor, void *buffer, std::size_t size, off_t offset);
     virtual ssize_t write(int descriptor, const void *bytes, std::size_t size);
     virtual int fsync(int descriptor);
+    // The same open file, and thus the same lock, under a second number (fcntl with F_DUPFD_CLOEXEC).
+    virtual int duplicate(int descriptor);
+    // An exclusive lock on the open file (flock), without waiting for it.
+    virtual int lock(int descriptor);
     virtual int fstat(int descriptor, struct stat *status);
     // Tells of a link itself, not of what it leads to.
     virtual int fstatAt(int folder, const char *name, struct stat *status);

@@ -6,7 +6,6 @@
 #include <QUuid>
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace Foundation
@@ -40,8 +39,13 @@ std::unique_ptr<RecoveryFile> RecoveryFile::hold(const QString &path)
     const QByteArray name = QFile::encodeName(path + LockSuffix);
     file->m_lock.reset(uninterrupted(
         [&] { return FileSystem::system().openAt(AT_FDCWD, name.constData(), Flags, S_IRUSR | S_IWUSR); }));
-    const bool isHeld = file->m_lock.isOpen() && ::flock(file->m_lock.get(), LOCK_EX | LOCK_NB) == 0;
-    return isHeld ? std::move(file) : nullptr;
+    if (!file->m_lock.isOpen() || FileSystem::system().lock(file->m_lock.get()) < 0)
+        return nullptr;
+    // Its former holder may have removed it in the moment before it was locked. A lock without a name keeps
+    // nobody away.
+    struct stat locked;
+    const bool isNamed = FileSystem::system().fstat(file->m_lock.get(), &locked) == 0 && locked.st_nlink > 0;
+    return isNamed ? std::move(file) : nullptr;
 }
 
 std::unique_ptr<RecoveryFile> RecoveryFile::create()
@@ -58,8 +62,16 @@ std::vector<std::unique_ptr<RecoveryFile>> RecoveryFile::takeAbandoned()
     const QDir directory(folder());
     for (const QString &name :
          directory.entryList({u'*' + Suffix}, QDir::Files, QDir::Time | QDir::Reversed)) {
-        if (auto file = hold(directory.filePath(name)))
+        auto file = hold(directory.filePath(name));
+        if (file && QFile::exists(file->path())) // Its holder may have removed it since it was listed.
             files.push_back(std::move(file));
+    }
+    removeAbandonedFiles(directory.filePath(Suffix));
+    // What is left of a process that was killed before it had written anything, or after it had removed it.
+    for (const QString &name : directory.entryList({u'*' + Suffix + LockSuffix}, QDir::Files)) {
+        const QString path = directory.filePath(name.chopped(LockSuffix.size()));
+        if (const auto file = QFile::exists(path) ? nullptr : hold(path))
+            file->remove();
     }
     return files;
 }

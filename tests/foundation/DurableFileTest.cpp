@@ -5,6 +5,7 @@
 
 #include <QRegularExpression>
 
+#include <csignal>
 #include <sys/xattr.h>
 
 using namespace Foundation;
@@ -43,15 +44,15 @@ protected:
     static qsizetype openFiles() { return QDir(u"/proc/self/fd"_qs).entryList(QDir::AllEntries).size(); }
 };
 
-// What may fail without a failed save: closing what was only looked at, the look at the placed file, and
-// whatever is kept as far as permitted.
+// What may fail without a failed save: closing what was only looked at or locked, the lock, the look at the
+// placed file, and whatever is kept as far as permitted.
 bool isTolerated(const QByteArray &call, int error)
 {
-    if (call == "close old" || call == "close folder" || call == "fstatAt placed")
-        return true;
+    const QList<QByteArray> anyError = {"close old", "close folder", "close lock", "lock lock",
+                                        "fstatAt placed"};
     const QList<QByteArray> permissions = {"openAt old", "flistxattr old", "fgetxattr old",
                                            "fchown new", "fsetxattr new",  "fremovexattr new"};
-    return ((error == EACCES || error == EPERM) && permissions.contains(call)) ||
+    return anyError.contains(call) || ((error == EACCES || error == EPERM) && permissions.contains(call)) ||
            (error == EPERM && call == "fchmod new");
 }
 
@@ -155,6 +156,74 @@ TEST_F(DurableFile, APowerCutLeavesAWholeFileAndTheNewOneAfterSuccess)
     FaultyFileSystem files;
     files.before = [](const QByteArray &title, qsizetype) { return title == "fsync folder" ? EINVAL : 0; };
     EXPECT_EQ(save(files).error, QString());
+}
+
+TEST_F(DurableFile, RemovesWhatKilledSavesLeftAndNothingElse)
+{
+    const auto leaveOne = [&] {
+        const int ending = inChild([&] {
+            FaultyFileSystem files;
+            files.before = [](const QByteArray &title, qsizetype) {
+                return title == "fsync new" ? raise(SIGKILL) : 0;
+            };
+            save(files);
+        });
+        EXPECT_EQ(ending, SIGKILL);
+        EXPECT_EQ(temporaryFiles().size(), 1);
+        return temporaryFiles().value(0);
+    };
+    put(Name, Old);
+    const QString leftover = leaveOne();
+    EXPECT_EQ(save().error, QString());
+    EXPECT_EQ(temporaryFiles(), QStringList()) << "by the next save";
+    leaveOne();
+    removeAbandonedFiles(path(Name));
+    EXPECT_EQ(temporaryFiles(), QStringList()) << "or by an opening";
+
+    const auto withDigits = [&](QChar digit) { return leftover.chopped(16) + QString(16, digit); };
+    QStringList others = {u".vexarel-0123456789abcdef"_qs, leftover + u'0', leftover.chopped(1),
+                          withDigits(u'A'), u".vexarel-0123456789abcdef-0123456789abcdef"_qs};
+    for (const QString &other : others)
+        put(other, Old);
+    if (isAdministrator()) {
+        others += withDigits(u'0');
+        put(others.last(), Old);
+        EXPECT_EQ(chown(encoded(others.last()).constData(), 1234, 5678), 0);
+    }
+    put(withDigits(u'1'), Old);
+    EXPECT_EQ(::link(encoded(withDigits(u'1')).constData(), encoded(u"kept"_qs).constData()), 0);
+    QFile::link(path(Name), path(withDigits(u'2')));
+    mkfifo(encoded(withDigits(u'3')).constData(), 0600);
+    QDir(path()).mkdir(withDigits(u'4'));
+    const auto all = [&] { return QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System); };
+    const QStringList before = all();
+    FaultyFileSystem files;
+    files.before = [&](const QByteArray &title, qsizetype) {
+        if (title == "fsync new") {
+            const QStringList withOneInUse = temporaryFiles();
+            EXPECT_EQ(save().error, QString());
+            EXPECT_EQ(temporaryFiles(), withOneInUse);
+        }
+        return 0;
+    };
+    EXPECT_EQ(save(files).error, u"Another program changed the file while it was being saved.");
+    EXPECT_EQ(all(), before);
+}
+
+// Another process that looks for abandoned files sees the new one in the moment before it is locked.
+TEST_F(DurableFile, AFileThatWasTakenForAbandonedIsMadeAgain)
+{
+    putOldFile();
+    int made = 0;
+    FaultyFileSystem files;
+    files.before = [&](const QByteArray &title, qsizetype) {
+        if (title == "lock lock" && ++made == 1)
+            removeAbandonedFiles(path(Name));
+        return 0;
+    };
+    EXPECT_EQ(save(files).error, QString());
+    EXPECT_EQ(made, 2);
+    EXPECT_EQ(content(Name), New);
 }
 
 TEST_F(DurableFile, TellsWhatStandsInTheWay)

@@ -1,5 +1,9 @@
 #include "foundation/Autosaver.h"
+#include "support/ChildProcess.h"
 #include "support/DocumentFixture.h"
+#include "support/FaultyFileSystem.h"
+
+#include <csignal>
 
 using namespace Foundation;
 
@@ -369,6 +373,33 @@ TEST_F(Autosaving, WhatSomebodyDecidedToLoseIsGoneAndNothingElse)
     controller.closeAllDocuments([](bool) {});
     endEvent();
     EXPECT_EQ(recoveryFiles().size(), 1) << "nobody has looked at it yet";
+}
+
+TEST_F(Autosaving, WhatKilledSavesLeftGoesAtTheNextOpening)
+{
+    const auto numberOfFiles = [](const QString &in) {
+        return QDir(in).entryList(QDir::Files | QDir::Hidden).size();
+    };
+    const QString path = pathOf("killed.vexcards");
+    type(newOne(path), u"lost"_qs);
+    FaultyFileSystem files;
+    files.before = [](const QByteArray &title, qsizetype) {
+        return title == "fsync new" ? raise(SIGKILL) : 0;
+    };
+    for (const bool isNamed : {true, false}) {
+        EXPECT_EQ(inChild([&] {
+                      FileSystem::setSystem(&files);
+                      QString reason;
+                      isNamed ? controller.documents()[0]->autosave(&reason) : newOne()->autosave(&reason);
+                  }),
+                  SIGKILL);
+    }
+    EXPECT_EQ(numberOfFiles(folder.path()), 2);
+    EXPECT_EQ(numberOfFiles(RecoveryFile::folder()), 2) << "a temporary file and a lock";
+    EXPECT_TRUE(open(path));
+    EXPECT_EQ(controller.recoverDocuments(), 0);
+    EXPECT_EQ(numberOfFiles(folder.path()), 1);
+    EXPECT_EQ(numberOfFiles(RecoveryFile::folder()), 0);
 }
 
 TEST(SystemTimers, MayBeDroppedByWhatTheyCallAndAreSilentThen)

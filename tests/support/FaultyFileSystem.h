@@ -11,8 +11,8 @@
 #include <functional>
 
 // The real file system with faults that a test orders. Each call is recorded as "write new": what is done,
-// and to what: the "folder", the "old" file, the "new" one, or the one "placed" under the name after the
-// renaming.
+// and to what: the "folder", the "old" file, the "new" one or its "lock", or the one "placed" under the name
+// after the renaming.
 class FaultyFileSystem : public Foundation::FileSystem
 {
 public:
@@ -52,6 +52,13 @@ public:
     {
         return onFile("write", &FileSystem::write, file, bytes, std::min(size, largestTransfer));
     }
+    int duplicate(int file) override
+    {
+        const int second = onFile("duplicate", &FileSystem::duplicate, file);
+        m_open.insert(second, "lock");
+        return second;
+    }
+    int lock(int file) override { return onFile("lock", &FileSystem::lock, file); }
     int fsync(int file) override { return onFile("fsync", &FileSystem::fsync, file); }
     int fstat(int file, struct stat *to) override { return onFile("fstat", &FileSystem::fstat, file, to); }
     int fstatAt(int folder, const char *name, struct stat *to) override

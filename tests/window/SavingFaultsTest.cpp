@@ -38,9 +38,8 @@ protected:
         press(Qt::Key_S, Qt::ControlModifier);
     }
     // What the file would show to somebody who opened it; null if it does not open.
-    QString noteInTheFile() const
+    QString noteInTheFile()
     {
-        Foundation::FileSystem realFiles;
         const auto file = Foundation::readRegularFile(path, Foundation::Document::LargestFile, realFiles);
         DocumentState state;
         if (readDocument(file.bytes, state) != ReadOutcome::Loaded)
@@ -51,6 +50,10 @@ protected:
             return {};
         return state.myArray->values[0].dictionary()->value(RecordKey::note).stringValue();
     }
+    qsizetype temporaryFiles() const
+    {
+        return QFileInfo(path).dir().entryList({u".vexarel-*"_qs}, QDir::Files | QDir::Hidden).size();
+    }
     static int runs(qsizetype otherwise)
     {
         const int wanted = qEnvironmentVariableIntValue("VEXAREL_FAULT_RUNS");
@@ -59,6 +62,7 @@ protected:
 
     const QString path = pathOf(u"Faulty.vexcards"_qs);
     ManualTimers timers; // Nothing is saved but by the test.
+    Foundation::FileSystem realFiles;
     FaultyFileSystem files;
     qsizetype calls = 0;
 };
@@ -103,6 +107,7 @@ TEST_F(SavingFaultsTest, WhateverFailsTheUserIsToldAndNothingIsLost)
 TEST_F(SavingFaultsTest, AKilledApplicationLeavesTheOldOrTheNewFile)
 {
     int replaced = 0;
+    qsizetype left = 0;
     for (int run = 0; run < runs(2 * calls); ++run) {
         const qsizetype moment = run % (2 * calls);
         SCOPED_TRACE(moment);
@@ -117,6 +122,9 @@ TEST_F(SavingFaultsTest, AKilledApplicationLeavesTheOldOrTheNewFile)
         EXPECT_TRUE(WIFSIGNALED(ending)) << ending;
         const QString after = noteInTheFile();
         EXPECT_TRUE(after == before || after == written) << after.toStdString();
+        left += temporaryFiles();
+        Foundation::removeAbandonedFiles(path, realFiles);
+        EXPECT_EQ(temporaryFiles(), 0);
         if (after == before)
             continue;
         // For this process another one wrote the file.
@@ -127,6 +135,7 @@ TEST_F(SavingFaultsTest, AKilledApplicationLeavesTheOldOrTheNewFile)
         EXPECT_EQ(noteInTheFile(), u"mine");
     }
     EXPECT_GT(replaced, 0);
+    EXPECT_GT(left, 0);
 }
 
 } // namespace
