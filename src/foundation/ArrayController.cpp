@@ -17,7 +17,7 @@ ArrayController::ArrayController(QObject *parent)
 void ArrayController::setContent(const Ref<Array> &content)
 {
     m_content = content ? content : Array::create();
-    rearrange(selectedObjects(), m_selection.empty() ? 0 : m_selection.front());
+    rearrangeObjects();
 }
 
 void ArrayController::replaceContent(const Ref<Array> &content)
@@ -65,6 +65,7 @@ void ArrayController::setSelectionIndexes(std::vector<std::size_t> indexes)
     if (indexes == m_selection)
         return;
     m_selection = std::move(indexes);
+    ++m_selectionStamp;
     Q_EMIT selectionChanged();
 }
 
@@ -127,20 +128,39 @@ ArrayController::Objects ArrayController::objectsAt(const Objects &objects, cons
 
 void ArrayController::rearrangeObjects()
 {
-    rearrange(selectedObjects(), m_selection.empty() ? 0 : m_selection.front());
+    const Objects selected = selectedObjects();
+    const std::size_t place = firstSelectedPosition();
+    arrange();
+    selectAgain(selected, place);
 }
 
-void ArrayController::rearrange(const Objects &selected, std::size_t fallbackIndex)
+void ArrayController::arrange()
 {
     // An object that has gone from the content lives as long as it is shown.
     const std::shared_ptr<const Objects> objects = updatedContentObjects();
     m_arranged = arrangedPositions(*objects);
     m_arrangedFrom = objects;
-    m_selection = positionsOf(selected);
-    if (m_selection.empty() && !m_arranged.empty())
-        m_selection.push_back(std::min(fallbackIndex, m_arranged.size() - 1));
+}
+
+void ArrayController::select(std::vector<std::size_t> positions, std::size_t fallbackIndex,
+                             bool isSameSelection)
+{
+    if (positions.empty() && !m_arranged.empty()) {
+        positions.push_back(std::min(fallbackIndex, m_arranged.size() - 1));
+        isSameSelection = false;
+    }
+    m_selection = std::move(positions);
+    if (!isSameSelection)
+        ++m_selectionStamp;
     Q_EMIT arrangedObjectsChanged();
     Q_EMIT selectionChanged();
+}
+
+void ArrayController::selectAgain(const Objects &former, std::size_t fallbackIndex)
+{
+    std::vector<std::size_t> positions = positionsOf(former);
+    const bool isSameSelection = positions.size() == former.size();
+    select(std::move(positions), fallbackIndex, isSameSelection);
 }
 
 std::vector<std::size_t> ArrayController::positionsOf(const Objects &objects) const
@@ -169,21 +189,48 @@ ArrayController::Object ArrayController::newObject()
 
 void ArrayController::addObject(const Object &object)
 {
-    insertObject(object, qsizetype(m_arranged.size()));
+    const Objects selected = selectedObjects();
+    const std::size_t place = firstSelectedPosition();
+    m_content->values.emplace_back(object);
+    showAtItsPlace(object);
+    // A filter may hide the new object: then the selection stays as it was.
+    if (const qsizetype index = arrangedIndexOf(object); index >= 0)
+        select({std::size_t(index)}, place, false);
+    else
+        selectAgain(selected, place);
+}
+
+void ArrayController::showAtItsPlace(const Object &object)
+{
+    const Positions arranged = arrangedPositions(*updatedContentObjects());
+    const ArrangedObjects fresh(*m_contentObjects, arranged);
+    auto place = std::find(fresh.begin(), fresh.end(), object);
+    if (place == fresh.end())
+        return;
+    // After the next object before it that is shown now.
+    qsizetype index = 0;
+    while (index == 0 && place != fresh.begin())
+        index = arrangedIndexOf(*--place) + 1;
+    auto objects = std::make_shared<Objects>(*m_arrangedFrom);
+    objects->push_back(object);
+    m_arranged.insert(m_arranged.begin() + index, quint32(objects->size() - 1));
+    m_arrangedFrom = std::move(objects);
 }
 
 void ArrayController::insertObject(const Object &object, qsizetype arrangedIndex)
 {
+    const Objects selected = selectedObjects();
+    const std::size_t fallback = firstSelectedPosition();
     auto position = m_content->values.end();
     if (arrangedIndex >= 0 && std::size_t(arrangedIndex) < m_arranged.size())
         position = std::find(m_content->values.begin(), m_content->values.end(),
                              Value(arrangedObjects()[std::size_t(arrangedIndex)]));
     m_content->values.insert(position, Value(object));
-    Objects selected = selectedObjects();
-    rearrange({object}, m_selection.empty() ? 0 : m_selection.front());
-    // A filter may hide the new object: then the selection stays as it was.
-    if (arrangedIndexOf(object) < 0)
-        rearrange(selected, 0);
+    arrange();
+    if (const qsizetype index = arrangedIndexOf(object); index >= 0)
+        select({std::size_t(index)}, fallback, false);
+    else
+        selectAgain(selected, fallback);
 }
 
 void ArrayController::removeObject(const Object &object)
@@ -191,11 +238,12 @@ void ArrayController::removeObject(const Object &object)
     const auto position = std::find(m_content->values.begin(), m_content->values.end(), Value(object));
     if (position == m_content->values.end())
         return;
-    const std::size_t fallback = m_selection.empty() ? 0 : m_selection.front();
-    Objects selected = selectedObjects();
+    const std::size_t fallback = firstSelectedPosition();
+    const Objects selected = selectedObjects();
     m_content->values.erase(position);
-    std::erase(selected, object);
-    rearrange(selected, fallback);
+    if (const qsizetype index = arrangedIndexOf(object); index >= 0)
+        m_arranged.erase(m_arranged.begin() + index);
+    selectAgain(selected, fallback);
 }
 
 void ArrayController::removeSelectedObjects()
@@ -204,14 +252,16 @@ void ArrayController::removeSelectedObjects()
         return;
     const std::size_t fallback = m_selection.front();
     std::unordered_set<const RefCounted *> removed;
-    for (const Object &object : selectedObjects())
-        removed.insert(object.get());
+    for (const std::size_t index : m_selection)
+        removed.insert(arrangedObjects()[index].get());
     std::erase_if(m_content->values,
                   [&removed](const Value &value) { return removed.contains(value.sharedObject()); });
-    rearrange({}, fallback);
+    std::erase_if(m_arranged,
+                  [&](quint32 position) { return removed.contains((*m_arrangedFrom)[position].get()); });
+    select({}, fallback, false);
 }
 
-Value ArrayController::valueForSelection(QStringView keyPath, bool *isMixed) const
+Value ArrayController::valueForSelection(QStringView keyPath, bool *isMixed, Likeness alike) const
 {
     if (isMixed)
         *isMixed = false;
@@ -220,7 +270,8 @@ Value ArrayController::valueForSelection(QStringView keyPath, bool *isMixed) con
     const ArrangedObjects arranged = arrangedObjects();
     Value first = arranged[m_selection.front()]->valueForKeyPath(keyPath);
     for (const std::size_t index : m_selection) {
-        if (arranged[index]->valueForKeyPath(keyPath) == first)
+        const Value value = arranged[index]->valueForKeyPath(keyPath);
+        if (value == first || (alike && alike(value, first)))
             continue;
         if (isMixed)
             *isMixed = true;
@@ -235,6 +286,17 @@ void ArrayController::setValueForSelection(const Key &key, const Value &value)
         arrangedObjects()[index]->setValue(key, value);
         Q_EMIT objectChanged(qsizetype(index));
     }
+}
+
+void ArrayController::setValues(const Key &key, const std::vector<std::pair<Object, Value>> &values)
+{
+    Objects objects;
+    for (const auto &[object, value] : values) {
+        object->setValue(key, value);
+        objects.push_back(object);
+    }
+    for (const std::size_t index : positionsOf(objects))
+        Q_EMIT objectChanged(qsizetype(index));
 }
 
 void ArrayController::noteChange(const Object &object)

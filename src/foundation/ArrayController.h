@@ -23,6 +23,7 @@ class ArrayController : public QObject
     Q_OBJECT
     Q_PROPERTY(bool canRemove READ canRemove NOTIFY selectionChanged)
     Q_PROPERTY(bool hasSelection READ canRemove NOTIFY selectionChanged)
+    Q_PROPERTY(bool selectsOneObject READ selectsOneObject NOTIFY selectionChanged)
     Q_PROPERTY(bool holdsOneObject READ holdsOneObject NOTIFY arrangedObjectsChanged)
 
 public:
@@ -44,12 +45,18 @@ public:
     const std::vector<std::size_t> &selectionIndexes() const { return m_selection; }
     // The first selected position, -1 without a selection.
     qsizetype selectionIndex() const;
+    // Tells selections apart: the number changes whenever other objects are selected, and stays the same
+    // while the same objects stay selected, wherever the list shows them.
+    quint64 selectionStamp() const { return m_selectionStamp; }
     Objects selectedObjects() const;
     // True while something is selected.
     bool canRemove() const { return !m_selection.empty(); }
+    bool selectsOneObject() const { return m_selection.size() == 1; }
     bool holdsOneObject() const { return m_arranged.size() == 1; }
     // -1 if the object is not shown.
     qsizetype arrangedIndexOf(const Object &object) const;
+    // Where these are shown, ascending; those that are not are left out.
+    std::vector<std::size_t> positionsOf(const Objects &objects) const;
 
     void setSelectionIndex(qsizetype index);
     // Positions beyond the end are left out.
@@ -65,23 +72,34 @@ public:
 
     // A new object, not yet in the content. Null if none can be made.
     virtual Object newObject();
-    // Appends to the content, rearranges and selects.
+    // Appends to the content and selects. The object takes its place in the list by the sort order, if the
+    // filters let it through. Nothing else in the list moves, comes or goes.
     void addObject(const Object &object);
-    // Inserts into the content in front of the object that is shown at `index`, or at the end, and selects.
+    // Inserts into the content in front of the object that is shown at `index`, or at the end, rearranges and
+    // selects.
     void insertObject(const Object &object, qsizetype arrangedIndex);
-    // Removes the object from content and list, whether it is shown or not.
+    // Removes the object from content and list, whether it is shown or not, without rearranging.
     virtual void removeObject(const Object &object);
-    // Removes the selected objects.
+    // Removes the selected objects, without rearranging.
     void removeSelectedObjects();
 
     // The dictionaries of the content, in its order.
     const Objects &contentObjects() { return *updatedContentObjects(); }
 
-    // The value under a key path of the selected objects: of all of them if they agree, otherwise nothing
-    // with *isMixed set. Null without a selection.
-    Value valueForSelection(QStringView keyPath, bool *isMixed = nullptr) const;
+    // Whether two values count as one.
+    using Likeness = bool (*)(const Value &a, const Value &b);
+    // The value under a key path of the selected objects: of the first if all of them agree, by the likeness
+    // given or exactly, otherwise nothing with *isMixed set. Null without a selection.
+    Value valueForSelection(QStringView keyPath, bool *isMixed = nullptr, Likeness alike = nullptr) const;
     // Sets a value of every selected object and tells the views.
     void setValueForSelection(const Key &key, const Value &value);
+    // The same for what the user put into a control.
+    virtual void takeInputForSelection(const Key &key, const Value &value)
+    {
+        setValueForSelection(key, value);
+    }
+    // Sets each object's value and tells the views of those that are shown.
+    void setValues(const Key &key, const std::vector<std::pair<Object, Value>> &values);
     // Nothing ever waits to be taken over: fields write at every keystroke.
     bool commitEditing() const { return true; }
     // Tells the views that something in the object has changed.
@@ -104,11 +122,15 @@ protected:
     static Objects objectsAt(const Objects &objects, const Positions &positions);
 
 private:
-    // Rearranges and selects what is left of `selected`, or what stands where it stood.
-    void rearrange(const Objects &selected, std::size_t fallbackIndex);
-    // Where these are shown, ascending; those that are not are left out.
-    std::vector<std::size_t> positionsOf(const Objects &objects) const;
-
+    void arrange();
+    // Selects these positions of a new arrangement, or, if there are none, what stands at the fallback, and
+    // tells the views.
+    void select(std::vector<std::size_t> positions, std::size_t fallbackIndex, bool isSameSelection);
+    // The same for what is left of the former selection.
+    void selectAgain(const Objects &former, std::size_t fallbackIndex);
+    std::size_t firstSelectedPosition() const { return m_selection.empty() ? 0 : m_selection.front(); }
+    // Into the list as it stands, `m_arrangedFrom` included.
+    void showAtItsPlace(const Object &object);
     const std::shared_ptr<const Objects> &updatedContentObjects();
 
     Ref<Array> m_content = Array::create();
@@ -117,6 +139,7 @@ private:
     std::shared_ptr<const Objects> m_arrangedFrom = m_contentObjects;
     Positions m_arranged;
     std::vector<std::size_t> m_selection;
+    quint64 m_selectionStamp = 0;
     SortOrder m_sortOrder;
 };
 

@@ -72,4 +72,11 @@ QString displayText(const Value &value)
     return {};
 }
 
+bool isShownAlike(const Value &a, const Value &b)
+{
+    if (a.isString() && b.isString())
+        return a == b;
+    return a == b || displayText(a) == displayText(b);
+}
+
 } // namespace Foundation

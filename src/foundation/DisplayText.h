@@ -11,4 +11,8 @@ namespace Foundation
 // of all else.
 QString displayText(const Value &value);
 
+// Whether a field shows the same of both: an absent text and an empty one look alike, and so do a number and
+// its digits.
+bool isShownAlike(const Value &a, const Value &b);
+
 } // namespace Foundation

@@ -30,6 +30,9 @@ public:
 
     bool canUndo() const { return !m_undo.empty(); }
     bool canRedo() const { return !m_redo.empty(); }
+    // True while undo() or redo() runs an entry.
+    bool isUndoing() const { return m_direction == Direction::Undoing; }
+    bool isRedoing() const { return m_direction == Direction::Redoing; }
     // Null without an entry.
     QString undoActionName() const { return canUndo() ? m_undo.back().name : QString(); }
     QString redoActionName() const { return canRedo() ? m_redo.back().name : QString(); }

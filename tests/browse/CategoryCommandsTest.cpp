@@ -97,6 +97,7 @@ TEST_F(CategoryCommandsTest, TheFiltersLeaveTheOrderToTheSortDescriptorsAndFollo
     EXPECT_EQ(records.arrangedObjects(), (Objects{a, b}));
     category(1)->setValue(CategoryKey::cat_category, u"Zoo"_qs); // No record changes with it.
     const Record c = add(1, u"A TEA of mine"_qs);
+    records.rearrangeObjects();
     EXPECT_EQ(records.arrangedObjects(), (Objects{c, b, a}));
     b->setValue(RecordKey::note, u"water"_qs);
     records.rearrangeObjects();

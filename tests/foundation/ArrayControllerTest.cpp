@@ -92,6 +92,28 @@ TEST(ArrayController, SelectionStaysWithItsObjectsOverRearrangements)
     EXPECT_EQ(controller.arrangedObjects().size(), 3U);
 }
 
+TEST(ArrayController, AddingAndRemovingLeaveAllElseInTheListWhereItStands)
+{
+    Controller controller;
+    controller.fill({"b", "d", "f"});
+    controller.setSortDescriptors({{u"name"_qs, true}});
+    controller.arrangedObjects()[0]->setValue(u"hidden", Value(true)); // From the next arrangement on.
+    controller.arrangedObjects()[1]->setValue(u"name", u"z"_qs);
+    const quint64 stamp = controller.selectionStamp();
+    controller.addObject(Controller::named(u"ghost"_qs, true));
+    EXPECT_EQ(controller.shown(), u"[b] z f");
+    EXPECT_EQ(controller.selectionStamp(), stamp) << "the same object is selected";
+    const auto c = Controller::named(u"c"_qs);
+    controller.addObject(c);
+    EXPECT_EQ(controller.shown(), u"[c] b z f");
+    EXPECT_NE(controller.selectionStamp(), stamp);
+    controller.removeObject(c);
+    controller.removeSelectedObjects();
+    EXPECT_EQ(controller.shown(), u"[z] f");
+    controller.rearrangeObjects();
+    EXPECT_EQ(controller.shown(), u"f [z]");
+}
+
 TEST(ArrayController, SortsNumbersAroundOneThatIsNone)
 {
     Controller controller;
