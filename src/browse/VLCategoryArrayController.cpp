@@ -30,7 +30,7 @@ QString VLCategoryArrayController::unusedCategoryNameWithPostfix(const QString &
         taken.insert(Foundation::displayText(row->value(CategoryKey::cat_category)));
     QString name = word;
     for (int number = 1; taken.contains(name) && number <= LastNumberTried; ++number)
-        name = QStringLiteral("%1 %2").arg(word).arg(number);
+        name = QStringLiteral("%1 %2").arg(word, QString::number(number));
     return name;
 }
 

@@ -35,6 +35,8 @@ TEST(CategoryController, NamesAndIdsAreTheFirstFreeOnes)
     EXPECT_EQ(nameOf(again), u"Generic 1");
     EXPECT_EQ(idOf(again), 2);
     EXPECT_EQ(categories.getLastCategory(), again);
+    categories.addWithName(u"%1 %2"_qs);
+    EXPECT_EQ(categories.unusedCategoryNameWithPostfix(u"%1 %2"_qs), u"%1 %2 1");
 }
 
 TEST(CategoryController, ANameIsTheFirstFreeOneWhateverTheirOrder)
