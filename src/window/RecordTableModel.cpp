@@ -21,7 +21,6 @@ void RecordTableModel::sort(int column, Qt::SortOrder order)
     if (column == CategoryColumn || column == NameColumn)
         descriptors.push_back({QString(), column == CategoryColumn || isAscending, displayedNameOfRecord});
     rows()->setSortDescriptors(std::move(descriptors));
-    rows()->rearrangeObjects();
 }
 
 QString RecordTableModel::sentenceOfRow(int row) const
