@@ -1,5 +1,6 @@
 #pragma once
 
+#include "browse/CategoryUses.h"
 #include "browse/FieldCommands.h"
 #include "browse/LabelCommands.h"
 #include "browse/RecordCommands.h"
@@ -21,6 +22,7 @@ class MyDocument : public VLCryptoDoc, public DocumentProperties, private Browse
         VLColoredCategoryArrayController *myCategoryArrayController READ myCategoryArrayController CONSTANT)
     Q_PROPERTY(Foundation::ArrayController *categoryArrayControllerForMenu READ categoryArrayControllerForMenu
                    CONSTANT)
+    Q_PROPERTY(CategoryUses *categoryUses READ categoryUses CONSTANT)
     Q_PROPERTY(
         QString categoryString READ categoryString WRITE setCategoryString NOTIFY categoryStringChanged)
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
@@ -48,6 +50,7 @@ public:
     VLColoredCategoryArrayController *myCategoryArrayController() { return &m_categories; }
     // The same categories in the order of the items in the record form's pop-up.
     Foundation::ArrayController *categoryArrayControllerForMenu() { return &m_categoriesForMenu; }
+    CategoryUses *categoryUses() { return &m_categoryUses; }
     RecordCommands &recordCommands() { return m_recordCommands; }
     CategoryCommands &categoryCommands() { return m_categoryCommands; }
     LabelCommands &labelCommands() { return m_labelCommands; }
@@ -168,6 +171,7 @@ private:
     FilteringArrayController m_records;
     Foundation::ArrayController m_allRecords;
     Foundation::ArrayController m_categoriesForMenu;
+    CategoryUses m_categoryUses;
     RecordCommands m_recordCommands;
     CategoryCommands m_categoryCommands;
     LabelCommands m_labelCommands;

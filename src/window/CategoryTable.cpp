@@ -6,11 +6,13 @@
 
 #include <QHeaderView>
 
-CategoryTableModel::CategoryTableModel(Foundation::ArrayController *categories, QObject *parent)
+CategoryTableModel::CategoryTableModel(Foundation::ArrayController *categories, CategoryUses *uses,
+                                       QObject *parent)
     : ArrayTableModel(categories,
                       {{QStringLiteral("cat_category"), tr("Category")},
                        {QStringLiteral("cat_howManyUsingThis"), tr("Contacts")}},
                       parent)
+    , m_uses(uses)
 {
 }
 
@@ -22,7 +24,7 @@ QVariant CategoryTableModel::data(const QModelIndex &index, int role) const
     if (index.column() == CategoryColumn) // The label is painted.
         return role == Qt::AccessibleTextRole ? sentenceOfRow(index.row()) : QVariant();
     if (role == Qt::DisplayRole)
-        return category.value(CategoryKey::cat_howManyUsingThis).intValue();
+        return m_uses->usesOf(category);
     return {};
 }
 
@@ -41,10 +43,10 @@ CategoryTable::CategoryTable(QWidget *parent)
     setSelectionMode(SingleSelection);
 }
 
-void CategoryTable::setCategories(Foundation::ArrayController *categories)
+void CategoryTable::setCategories(Foundation::ArrayController *categories, CategoryUses *uses)
 {
     constexpr int LabelWidth = 190;
-    setRows(categories, new CategoryTableModel(categories, this));
+    setRows(categories, new CategoryTableModel(categories, uses, this));
     setColumnWidth(CategoryTableModel::CategoryColumn, LabelWidth);
     setItemDelegateForColumn(CategoryTableModel::CategoryColumn,
                              new MyCategoryTableDelegate(categories, this));

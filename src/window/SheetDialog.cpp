@@ -49,7 +49,8 @@ void setUpSheet(const QString &name, MyDocument *document, SheetDialog *sheet)
     if (name == CategoryCommands::CategorySheet) {
         Ui::CategoriesSheet ui;
         ui.setupUi(sheet);
-        ui.myCategoryTableView->setCategories(document->myCategoryArrayController());
+        ui.myCategoryTableView->setCategories(document->myCategoryArrayController(),
+                                              document->categoryUses());
         // A new category wants a name; its own comes with the action, which is connected later.
         QObject::connect(
             ui.addCategory, &QPushButton::clicked, ui.categoryName,

@@ -93,6 +93,19 @@ TEST_F(SheetsTest, ACategoryIsMadeNamedAndColouredByKeys)
     EXPECT_EQ(popUp->itemText(popUp->count() - 1), u"R&D");
 }
 
+TEST_F(SheetsTest, CategoriesAreCountedByTheContactsThatHaveThem)
+{
+    press(Qt::Key_D, Qt::ControlModifier);
+    document()->undoManager().undo(); // The stored count is one too low now.
+    openCategories();
+    addCategory();
+    auto *table = control<CategoryTable>("myCategoryTableView");
+    table->selectRow(0);
+    EXPECT_EQ(table->model()->index(0, CategoryTableModel::UseColumn).data().toInt(), 1);
+    EXPECT_FALSE(control<QPushButton>("removeCategory")->isEnabled());
+    dismiss(Qt::Key_Escape);
+}
+
 TEST_F(SheetsTest, ThePanelWritesWhatTheUserChoosesAndNothingElse)
 {
     const auto exact = VLColorUtilOSX::dictFromNSColor({0.1, 0.123456789, 0.3, 0.5});
