@@ -1,15 +1,18 @@
 #include "window/CardPrinter.h"
 
+#include "lifecycle/MyDocument.h"
 #include "window/AlertDialog.h"
+#include "window/PrintedCard.h"
 #include "window/VLWhiteView.h"
 
 #include <QGuiApplication>
 #include <QPageSetupDialog>
+#include <QPainter>
 #include <QPrintDialog>
 
-CardPrinter::CardPrinter(SheetQueue &sheets, VLWhiteView *page)
+CardPrinter::CardPrinter(SheetQueue &sheets, MyDocument &document)
     : m_sheets(sheets)
-    , m_page(page)
+    , m_document(document)
 {
 }
 
@@ -46,11 +49,28 @@ void CardPrinter::beginPageLayout()
                    {});
 }
 
+bool CardPrinter::printCards()
+{
+    PrintedCard card(m_document.myLabelDictionary());
+    // The page's fonts and distances are those of the screen.
+    printer().setResolution(card.page().logicalDpiX());
+    QPainter painter;
+    if (!painter.begin(&printer()))
+        return false;
+    bool isFirst = true;
+    for (const auto &record : m_document.myArrayController()->selectedObjects()) {
+        if (!std::exchange(isFirst, false) && !printer().newPage())
+            return false;
+        card.show(record);
+        if (!card.page().print(painter, printer()))
+            return false;
+    }
+    return painter.end();
+}
+
 void CardPrinter::print()
 {
-    // The page's fonts and distances are those of the screen.
-    printer().setResolution(m_page->logicalDpiX());
-    if (m_page->print(printer()))
+    if (printCards())
         return;
     const Foundation::Alert alert{QPrintDialog::tr("The contact could not be printed"),
                                   QPrintDialog::tr("The printer or the file did not take it."),

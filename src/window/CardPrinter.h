@@ -6,15 +6,15 @@
 
 #include <memory>
 
-class VLWhiteView;
+class MyDocument;
 
-// Prints the page of the selected contact, and keeps paper and margins between two prints. Both ways begin
-// with a dialog of the desktop as a sheet.
+// Prints the pages of the selected contacts, each on sheets of its own, and keeps paper and margins between
+// two prints. Both ways begin with a dialog of the desktop as a sheet.
 class CardPrinter
 {
 public:
     // Neither is owned; both outlive the printer.
-    CardPrinter(SheetQueue &sheets, VLWhiteView *page);
+    CardPrinter(SheetQueue &sheets, MyDocument &document);
 
     void beginPrint();
     void beginPageLayout();
@@ -25,7 +25,9 @@ public:
     QPrinter &printer();
 
 private:
+    bool printCards();
+
     SheetQueue &m_sheets;
-    VLWhiteView *m_page;
+    MyDocument &m_document;
     std::unique_ptr<QPrinter> m_printer;
 };

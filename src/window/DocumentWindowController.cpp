@@ -51,7 +51,7 @@ DocumentWindowController::DocumentWindowController(MyDocument *document, QList<Q
     m_ui->setupUi(&m_window);
     m_window.resize(document->isEncrypted() ? LeastLockedSize : UsualSize);
     m_textCommands = std::make_unique<TextCommands>(&m_window);
-    m_cardPrinter = std::make_unique<CardPrinter>(m_sheets, m_ui->whiteView);
+    m_cardPrinter = std::make_unique<CardPrinter>(m_sheets, *m_document);
     setUpControls();
     followDocument();
     followItems();

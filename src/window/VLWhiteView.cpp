@@ -45,23 +45,8 @@ static void layOut(const QWidget *widget)
         layOut(child);
 }
 
-bool VLWhiteView::print(QPagedPaintDevice &device)
+bool VLWhiteView::print(QPainter &painter, QPagedPaintDevice &device)
 {
-    // Nothing of this is seen: the screen is painted when it is over.
-    setUpdatesEnabled(false);
-    const QRect shown = geometry();
-    const bool isPrinted = paintSheets(device);
-    setGeometry(shown);
-    layOut(this);
-    setUpdatesEnabled(true);
-    return isPrinted;
-}
-
-bool VLWhiteView::paintSheets(QPagedPaintDevice &device)
-{
-    QPainter painter;
-    if (!painter.begin(&device))
-        return false;
     const double width = device.width();
     const double height = device.height();
     resize(int(width), layout()->totalHeightForWidth(int(width)));
@@ -80,5 +65,5 @@ bool VLWhiteView::paintSheets(QPagedPaintDevice &device)
         if (top < end && !device.newPage())
             return false;
     }
-    return painter.end();
+    return true;
 }

@@ -119,6 +119,13 @@ TEST_F(DetailTest, ACardIsPrintedAsTextAndNeverCutsALine)
     for (const QString &line : lines)
         EXPECT_EQ(all.count(line), 1) << line.toStdString();
 
+    addContact(u"Борис"_qs, u"Кант"_qs);
+    document()->myArrayController()->setSelectionIndexes({0, 1});
+    const QStringList both = printedPages();
+    EXPECT_EQ(both.size(), pages.size() + 1) << "each contact has pages of its own";
+    EXPECT_TRUE(both.last().contains(u"Борис Кант"_qs)) << both.last().toStdString();
+    EXPECT_FALSE(both.join(u' ').contains(u"Multiple Values"_qs));
+
     // What no printer takes is told.
     controller()->cardPrinter().printer().setOutputFileName(u"/no/such/folder/card.pdf"_qs);
     controller()->cardPrinter().print();
