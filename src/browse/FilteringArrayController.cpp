@@ -56,6 +56,7 @@ FilteringArrayController::FilteringArrayController(BrowseHost &host,
     : ArrayController(parent)
     , m_host(host)
     , m_categories(categories)
+    , m_sharedFieldEdits(host, *this)
 {
 }
 
@@ -269,6 +270,13 @@ void FilteringArrayController::setCurrentObjectAccordingToCategory(const Object 
 {
     if (selectionIndex() >= 0)
         assignCategory(category, arrangedObjects()[std::size_t(selectionIndex())]);
+}
+
+void FilteringArrayController::takeInputForSelection(const Foundation::Key &key, const Value &value)
+{
+    if (selectionIndexes().size() > 1)
+        m_sharedFieldEdits.willSetValueOfSelection(key, value);
+    ArrayController::setValueForSelection(key, value);
 }
 
 void FilteringArrayController::controlTextDidChange()

@@ -2,6 +2,7 @@
 
 #include "browse/BrowseHost.h"
 #include "browse/SearchIndex.h"
+#include "browse/SharedFieldEdits.h"
 #include "browse/VLColoredCategoryArrayController.h"
 #include "foundation/Actions.h"
 
@@ -80,6 +81,10 @@ public:
     // For the record shown at selectionIndex(); nothing happens without a selection.
     void setCurrentObjectAccordingToCategory(const Object &category);
 
+    // Can be undone by the document's undo manager if several records are selected.
+    void takeInputForSelection(const Foundation::Key &key, const Foundation::Value &value) override;
+    SharedFieldEdits &sharedFieldEdits() { return m_sharedFieldEdits; }
+
     // For records read from old files, which are not in the list: see adjustRecordsFromOldRelease.
     void adjustFromOldRelease(Foundation::Array &records);
 
@@ -110,6 +115,7 @@ private:
     bool m_filterInAction = false;
     Object m_newObj;
     SearchIndex m_index;
+    SharedFieldEdits m_sharedFieldEdits;
     // The category of each record. Kept alive by its record, as long as that does not change.
     Foundation::DerivedRows<const Foundation::Dictionary *> m_recordCategories;
 };

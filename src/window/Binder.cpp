@@ -2,6 +2,7 @@
 
 #include "foundation/DisplayText.h"
 #include "foundation/OpaqueObject.h"
+#include "window/BoundField.h"
 #include "window/ColorWell.h"
 #include "window/ControlAccess.h"
 #include "window/FieldText.h"
@@ -18,6 +19,19 @@
 
 using Foundation::displayText;
 using Foundation::Value;
+
+namespace
+{
+
+// Selected objects agree where the control shows the same of them.
+Foundation::ArrayController::Likeness likenessFor(const QObject *control)
+{
+    if (qobject_cast<const QCheckBox *>(control))
+        return [](const Value &a, const Value &b) { return a.boolValue() == b.boolValue(); };
+    return qobject_cast<const ColorWell *>(control) ? nullptr : Foundation::isShownAlike;
+}
+
+} // namespace
 
 Binder::Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange)
     : m_document(document)
@@ -44,7 +58,8 @@ Binding *Binder::follow(QObject *control, const char *property, const char *tran
     if (text.isEmpty())
         return nullptr;
     const QString transformer = transformerProperty ? textProperty(control, transformerProperty) : QString();
-    return new Binding(BindingExpression(m_document, text, transformer), std::move(show), control);
+    return new Binding(BindingExpression(m_document, text, transformer, likenessFor(control)),
+                       std::move(show), control);
 }
 
 void Binder::bindItem(QAction *item)
@@ -109,25 +124,16 @@ void Binder::bindValue(QWidget *control)
 template <class Field>
 void Binder::bindField(Field *field)
 {
-    liftLengthLimit(field);
-    const QString placeholder = field->placeholderText();
+    const auto bound = std::make_shared<BoundField<Field>>(field);
     const Binding *binding =
         follow(field, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
-               [field, placeholder](const BindingExpression &expression) {
-                   const BoundValue bound = expression.value();
-                   setTextOfField(field, displayText(bound.value));
-                   field->setPlaceholderText(bound.isMixed ? tr("Multiple Values") : placeholder);
-                   enableBySelection(field, bound);
-               });
+               [bound](const BindingExpression &expression) { bound->show(expression); });
     if (!binding)
         return;
     // Not at edits of the user alone: assistive technology and input methods change the text too.
-    connect(field, &Field::textChanged, this, [this, field, binding] {
-        const BoundValue bound = binding->expression().value();
-        const QString text = textOfField(field);
-        // An absent value shows like an empty one, and looking at it must not change it.
-        if (bound.isMixed || text != displayText(bound.value))
-            writeInput(*binding, text, tagOf(field));
+    connect(field, &Field::textChanged, this, [this, field, bound, binding] {
+        if (!binding->isShowing() && bound->hasInput(binding->expression()))
+            writeInput(*binding, textOfField(field), tagOf(field));
     });
 }
 

@@ -27,9 +27,11 @@ QStringList BindingExpression::keyPaths(const QString &text)
     return paths;
 }
 
-BindingExpression::BindingExpression(QObject *root, const QString &text, const QString &transformerName)
+BindingExpression::BindingExpression(QObject *root, const QString &text, const QString &transformerName,
+                                     Foundation::ArrayController::Likeness alike)
     : m_isNegated(text.startsWith(u'!'))
     , m_needsAll(text.contains(u'&'))
+    , m_alike(alike)
 {
     for (const QString &path : keyPaths(text))
         m_keyPaths.emplace_back(root, path);
@@ -39,7 +41,7 @@ BindingExpression::BindingExpression(QObject *root, const QString &text, const Q
 
 BoundValue BindingExpression::value() const
 {
-    BoundValue bound = m_keyPaths.front().value();
+    BoundValue bound = m_keyPaths.front().value(m_alike);
     if (m_transformer && !bound.isMixed)
         bound.value = m_transformer->transformedValue(bound.value);
     return bound;
@@ -49,7 +51,7 @@ bool BindingExpression::holds() const
 {
     if (m_keyPaths.size() == 1)
         return isTrue(value()) != m_isNegated;
-    const auto pathHolds = [](const KeyPath &path) { return isTrue(path.value()); };
+    const auto pathHolds = [this](const KeyPath &path) { return isTrue(path.value(m_alike)); };
     const bool holds = m_needsAll ? std::all_of(m_keyPaths.begin(), m_keyPaths.end(), pathHolds)
                                   : std::any_of(m_keyPaths.begin(), m_keyPaths.end(), pathHolds);
     return holds != m_isNegated;

@@ -12,7 +12,9 @@
 class BindingExpression
 {
 public:
-    BindingExpression(QObject *root, const QString &text, const QString &transformerName);
+    // The likeness says which values of several selected objects agree.
+    BindingExpression(QObject *root, const QString &text, const QString &transformerName,
+                      Foundation::ArrayController::Likeness alike);
 
     // The key paths that such a text names.
     static QStringList keyPaths(const QString &text);
@@ -31,6 +33,7 @@ private:
     std::vector<KeyPath> m_keyPaths;
     bool m_isNegated;
     bool m_needsAll; // joined by "&"
+    Foundation::ArrayController::Likeness m_alike;
     std::shared_ptr<Foundation::ValueTransformer> m_transformer;
 };
 

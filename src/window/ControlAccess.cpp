@@ -43,6 +43,31 @@ void setTextOfField(QPlainTextEdit *field, const QString &text)
         field->setPlainText(text);
 }
 
+void startFieldWithText(QLineEdit *field, const QString &text)
+{
+    field->setText(text);
+    field->setCursorPosition(0);
+}
+
+void startFieldWithText(QPlainTextEdit *field, const QString &text)
+{
+    field->setPlainText(text);
+}
+
+void keepUndoStepsOfField(QLineEdit *field, bool keep)
+{
+    if (keep || !(field->isUndoAvailable() || field->isRedoAvailable()))
+        return;
+    const int caret = field->cursorPosition();
+    field->setText(field->text());
+    field->setCursorPosition(caret);
+}
+
+void keepUndoStepsOfField(QPlainTextEdit *field, bool keep)
+{
+    field->setUndoRedoEnabled(keep);
+}
+
 void liftLengthLimit(QLineEdit *field)
 {
     field->setMaxLength(std::numeric_limits<int>::max());

@@ -16,6 +16,12 @@ QString textOfField(const QPlainTextEdit *field);
 // Leaves the field alone, with its caret and its undo steps, if it shows that text already.
 void setTextOfField(QLineEdit *field, const QString &text);
 void setTextOfField(QPlainTextEdit *field, const QString &text);
+// The same, but the undo steps, the selection and the caret go in any case.
+void startFieldWithText(QLineEdit *field, const QString &text);
+void startFieldWithText(QPlainTextEdit *field, const QString &text);
+// The undo steps go and all else stays. A text editor makes none from here on, unless it is to keep them.
+void keepUndoStepsOfField(QLineEdit *field, bool keep);
+void keepUndoStepsOfField(QPlainTextEdit *field, bool keep);
 // Lets a field hold any text: a cut one would be written back at the next keystroke.
 void liftLengthLimit(QLineEdit *field);
 void liftLengthLimit(QPlainTextEdit *field);

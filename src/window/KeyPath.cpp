@@ -78,13 +78,23 @@ KeyPath::KeyPath(QObject *root, const QString &path)
     }
 }
 
-BoundValue KeyPath::value() const
+KeyPath::Subject KeyPath::subject() const
+{
+    if (m_controller)
+        return {isOfSelection() ? m_controller->selectionStamp() : 0, nullptr};
+    const Step *step = lastStep();
+    if (!step || !step->object || m_keyPath.isEmpty())
+        return {};
+    return {0, valueOfVariant(step->property.read(step->object)).dictionary()};
+}
+
+BoundValue KeyPath::value(ArrayController::Likeness alike) const
 {
     BoundValue bound;
     if (m_controller) {
         bound.hasObject = m_controller->canRemove();
         if (m_isOfSelection)
-            bound.value = m_controller->valueForSelection(m_keyPath, &bound.isMixed);
+            bound.value = m_controller->valueForSelection(m_keyPath, &bound.isMixed, alike);
         return bound;
     }
     const Step *step = lastStep();
@@ -107,7 +117,7 @@ bool KeyPath::setValue(const Value &value) const
         // A nested path would change what other objects share.
         if (!present.hasObject || m_keyPath.contains(u'.'))
             return false;
-        m_controller->setValueForSelection(Key(m_keyPath), value);
+        m_controller->takeInputForSelection(Key(m_keyPath), value);
         return true;
     }
     const Step *step = lastStep();

@@ -27,8 +27,21 @@ class KeyPath
 public:
     KeyPath(QObject *root, const QString &path);
 
-    BoundValue value() const;
-    // False, and nothing happens, where the value is this one already or cannot be set.
+    // What the path leads to at present: it leads elsewhere when other objects are selected, or when the
+    // dictionary that it goes through is replaced.
+    struct Subject
+    {
+        quint64 selectionStamp = 0;
+        Foundation::Ref<Foundation::Dictionary> dictionary;
+
+        friend bool operator==(const Subject &, const Subject &) = default;
+    };
+    Subject subject() const;
+
+    // Selected objects that are alike agree; without a likeness those with the same value.
+    BoundValue value(Foundation::ArrayController::Likeness alike = nullptr) const;
+    // Takes what was put into a control. False, and nothing happens, where the value is this one already or
+    // cannot be set.
     bool setValue(const Foundation::Value &value) const;
 
     // The controller of a path through "selection" or "arrangedObjects", otherwise null.

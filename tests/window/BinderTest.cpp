@@ -129,12 +129,17 @@ TEST_F(BinderTest, SeveralRecordsShowWhatTheyShareAndAreWrittenTogether)
     auto *note = add<QPlainTextEdit>({{"bindValue", Note}});
     auto *isCompany = add<QCheckBox>({{"bindValue", u"myArrayController.selection.isCompany"_qs}});
     field->setPlaceholderText(u"hint"_qs);
-    record(1)->setValue(RecordKey::isCompany, Value(true));
+    record(0)->setValue(RecordKey::note, {});
+    record(1)->setValue(RecordKey::isCompany, Value(false));
     bind();
+    select({0, 1});
+    EXPECT_EQ(isCompany->checkState(), Qt::Unchecked) << "absent and false look alike";
+    select({1});
+    record(1)->setValue(RecordKey::isCompany, Value(true));
     select({0, 1});
     EXPECT_EQ(field->text(), QString());
     EXPECT_EQ(field->placeholderText(), u"Multiple Values"_qs);
-    EXPECT_EQ(note->placeholderText(), QString()) << "both are empty";
+    EXPECT_EQ(note->placeholderText(), QString()) << "absent and empty look alike";
     EXPECT_EQ(isCompany->checkState(), Qt::PartiallyChecked);
     EXPECT_TRUE(changedTags.isEmpty());
 
@@ -150,6 +155,55 @@ TEST_F(BinderTest, SeveralRecordsShowWhatTheyShareAndAreWrittenTogether)
     EXPECT_EQ(isCompany->checkState(), Qt::Unchecked) << "the third state is gone with the difference";
     select({1});
     EXPECT_EQ(field->placeholderText(), u"hint"_qs);
+}
+
+TEST_F(BinderTest, AFieldsUndoStepsSelectionAndCaretGoWithTheRecordThatItShows)
+{
+    auto *line = add<QLineEdit>({{"bindValue", FirstName}});
+    auto *note = add<QPlainTextEdit>({{"bindValue", Note}});
+    auto *caption = add<QLineEdit>({{"bindValue", u"myLabelDictionary.note"_qs}});
+    record(1)->setValue(RecordKey::firstName, u"xAda"_qs);
+    record(1)->setValue(RecordKey::note, u"x"_qs);
+    bind();
+    for (QWidget *field :
+         {static_cast<QWidget *>(line), static_cast<QWidget *>(note), static_cast<QWidget *>(caption)})
+        QTest::keyClicks(field, u"x"_qs);
+    line->selectAll();
+    EXPECT_TRUE(line->isUndoAvailable() && note->document()->isUndoAvailable() && caption->isUndoAvailable());
+    select({1}); // With equal texts.
+    document.setMyLabelDictionary(document.myLabelDictionary()->copy());
+    EXPECT_FALSE(line->isUndoAvailable() || note->document()->isUndoAvailable() ||
+                 caption->isUndoAvailable());
+    EXPECT_FALSE(line->hasSelectedText());
+    EXPECT_EQ(line->cursorPosition(), 0);
+    EXPECT_EQ(note->textCursor().position(), 0);
+    for (const std::size_t row : {0U, 1U})
+        EXPECT_EQ(text(row, RecordKey::firstName) + text(row, RecordKey::note), u"xAdax"_qs);
+}
+
+TEST_F(BinderTest, TypingIntoSeveralRecordsIsOneStepThatGivesEachItsOwnBack)
+{
+    auto *note = add<QPlainTextEdit>({{"bindValue", Note}});
+    record(0)->setValue(RecordKey::note, {});
+    record(1)->setValue(RecordKey::note, u"tea"_qs);
+    bind();
+    const auto notes = [this] {
+        return QList<Value>{record(0)->value(RecordKey::note), record(1)->value(RecordKey::note)};
+    };
+    select({0, 1});
+    QTest::keyClicks(note, u"ab"_qs);
+    EXPECT_EQ(notes(), (QList<Value>{u"ab"_qs, u"ab"_qs}));
+    select({0});
+    document.undoManager().undo();
+    EXPECT_EQ(notes(), (QList<Value>{{}, u"tea"_qs}));
+    EXPECT_EQ(document.myArrayController()->selectionIndexes().size(), 2U) << "what has changed is seen";
+    EXPECT_FALSE(document.undoManager().canUndo());
+    document.undoManager().redo();
+    EXPECT_EQ(notes(), (QList<Value>{u"ab"_qs, u"ab"_qs}));
+    select({0});
+    QTest::keyClicks(note, u"c"_qs);
+    document.undoManager().undo();
+    EXPECT_EQ(notes(), (QList<Value>{u"cab"_qs, u"tea"_qs})) << "what was typed since stays";
 }
 
 TEST_F(BinderTest, WithoutASelectionNothingCanBeTyped)
