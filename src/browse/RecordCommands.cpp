@@ -131,7 +131,7 @@ void RecordCommands::addTheRecord(const Record &record)
     if (BrowseWindow *window = m_host.browseWindow())
         window->scrollRowToVisible(m_records.arrangedIndexOf(record));
     m_host.switchToEditMode();
-    Q_EMIT recordAdded();
+    Q_EMIT recordAdded(record);
 }
 
 void RecordCommands::addTheRecordUndo(const Record &record)

@@ -48,8 +48,8 @@ public:
     void controlTextDidChange(int tag);
 
 Q_SIGNALS:
-    // A record was added, anew or by redo, and the form is to be ready for typing.
-    void recordAdded();
+    // A record was added, anew or by redo. A filter may hide it.
+    void recordAdded(const Foundation::ArrayController::Object &record);
 
 private:
     using Operation = void (RecordCommands::*)(const Record &);

@@ -1,5 +1,7 @@
 #include "browse/SharedFieldEdits.h"
 
+#include "foundation/ReplacedObjects.h"
+
 #include <unordered_set>
 
 using Foundation::ArrayController;
@@ -38,10 +40,25 @@ void SharedFieldEdits::record(const std::shared_ptr<Edit> &edit)
                 endVisit();
         });
     }
+    std::erase_if(m_edits, [](const auto &known) { return known.expired(); });
+    m_edits.push_back(edit);
     m_isRecording = true;
     manager.registerUndo([this, edit] { undo(*edit); });
     manager.setActionName(tr("Change in Several Contacts"));
     m_isRecording = false;
+}
+
+void SharedFieldEdits::replaceRecords(const Foundation::Array &former, const Foundation::Array &present)
+{
+    std::vector<Record *> records;
+    for (const auto &known : m_edits) {
+        if (const auto edit = known.lock()) {
+            for (Change &change : edit->changes)
+                records.push_back(&change.record);
+        }
+    }
+    Foundation::replaceObjects(former, present, records);
+    endVisit();
 }
 
 std::vector<SharedFieldEdits::Change> SharedFieldEdits::changesOfPresentRecords(const Edit &edit) const

@@ -23,6 +23,8 @@ public:
     void willSetValueOfSelection(const Foundation::Key &key, const Foundation::Value &value);
     // What is set from now on is another step.
     void endVisit() { m_current = nullptr; }
+    // A decryption made new objects of the records: the steps mean these from then on.
+    void replaceRecords(const Foundation::Array &former, const Foundation::Array &present);
 
 private:
     using Record = Foundation::ArrayController::Object;
@@ -46,7 +48,8 @@ private:
 
     BrowseHost &m_host;
     Foundation::ArrayController &m_records;
-    std::shared_ptr<Edit> m_current; // goes on with the next value that is set
+    std::vector<std::weak_ptr<Edit>> m_edits; // of the undo manager's entries
+    std::shared_ptr<Edit> m_current;          // goes on with the next value that is set
     bool m_isRecording = false;
     bool m_followsUndoManager = false;
 };

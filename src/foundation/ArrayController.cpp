@@ -27,8 +27,10 @@ void ArrayController::replaceContent(const Ref<Array> &content)
     for (Object &object : selected)
         places.push_back(&object);
     replaceObjects(*m_content, *content, places);
+    const std::size_t place = firstSelectedPosition();
     m_content = content;
-    rearrange(selected, m_selection.empty() ? 0 : m_selection.front());
+    arrange();
+    select(positionsOf(selected), place, false);
 }
 
 qsizetype ArrayController::selectionIndex() const

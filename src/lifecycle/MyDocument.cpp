@@ -290,6 +290,7 @@ qint32 MyDocument::Decript()
         return status;
     m_categories.replaceContent(state().myCategoryArray);
     m_records.replaceContent(state().myArray);
+    m_records.sharedFieldEdits().replaceRecords(*formerRecords, *state().myArray);
     m_recordCommands.undoneRecords().replace(*formerRecords, *state().myArray, *state().myCategoryArray);
     m_allRecords.rearrangeObjects();
     m_categoryCommands.synkCategorySubMenu({});

@@ -54,6 +54,7 @@ Application::Application()
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &Application::endSession,
             Qt::DirectConnection);
     qApp->installEventFilter(this);
+    qApp->installEventFilter(&m_wheelGuard);
     connect(&m_terminationSignals, &Foundation::TerminationSignals::terminationRequested, this,
             &Application::terminateAtOnce);
     connect(&m_documents, &DocumentController::documentAdded, this, &Application::makeWindow);

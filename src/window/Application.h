@@ -10,6 +10,7 @@
 #include "window/DesktopWorkspace.h"
 #include "window/DocumentWindowController.h"
 #include "window/RecentDocuments.h"
+#include "window/WheelGuard.h"
 
 #include <QFileDialog>
 #include <QSessionManager>
@@ -69,6 +70,7 @@ private:
     QList<QPointer<DocumentWindowController>> m_windows;
     QPointer<QFileDialog> m_openPanel;
     Foundation::TerminationSignals m_terminationSignals;
+    WheelGuard m_wheelGuard;
     Foundation::Timers::Timer m_autosaveWhenLeft;
     bool m_isSessionEnding = false;
 };

@@ -1,9 +1,13 @@
 #include "window/CategoryFilter.h"
 
-#include "browse/CategoryCommands.h"
+#include "core/RecordModel.h"
+#include "foundation/DisplayText.h"
 
 #include <QStandardItemModel>
 
+#include <algorithm>
+
+using Foundation::ArrayController;
 using Foundation::MenuItem;
 
 namespace
@@ -11,19 +15,31 @@ namespace
 
 constexpr int TitleItem = 0;
 constexpr int ShowAllItem = 1;
+constexpr int FirstCategoryItem = 2;
+
+QString nameOfCategory(const ArrayController::Object &category)
+{
+    return Foundation::displayText(category->value(CategoryKey::cat_category));
+}
 
 } // namespace
 
-CategoryFilter::CategoryFilter(FilteringArrayController *records, ActionDispatcher &dispatcher,
-                               Foundation::Document &document, QComboBox *popUp)
-    : m_records(records)
+CategoryFilter::CategoryFilter(MyDocument &document, ActionDispatcher &dispatcher, QComboBox *popUp)
+    : m_document(document)
+    , m_records(document.myArrayController())
     , m_dispatcher(dispatcher)
-    , m_document(document)
     , m_popUp(popUp)
     , m_categoryMenu(tr("Show &Category"))
 {
     setUpPopUp();
-    connect(records, &FilteringArrayController::filterChanged, this, &CategoryFilter::showFilter);
+    connect(m_records, &FilteringArrayController::filterChanged, this, [this] {
+        takeFilter();
+        showFilter();
+    });
+    const auto *categories = document.myCategoryArrayController();
+    connect(categories, &ArrayController::objectChanged, this, &CategoryFilter::followName);
+    // Unlocking brings new objects.
+    connect(categories, &ArrayController::arrangedObjectsChanged, this, &CategoryFilter::takeFilter);
     connect(&m_categoryMenu, &QMenu::aboutToShow, this, &CategoryFilter::fillMenu);
 }
 
@@ -59,6 +75,10 @@ void CategoryFilter::selectItemWithTitle(const QString &title)
 
 void CategoryFilter::sendActionOfItem(int index)
 {
+    const auto categories = m_document.myCategoryArrayController()->arrangedObjects();
+    const std::size_t row = std::size_t(index - FirstCategoryItem);
+    if (index >= FirstCategoryItem && row < categories.size())
+        m_category = categories[row]; // Others may have the same name.
     Foundation::ActionSender sender;
     sender.title = m_popUp->itemText(index);
     m_dispatcher.send(m_popUp->itemData(index).toString(), sender);
@@ -69,6 +89,34 @@ void CategoryFilter::showFilter()
     const QString category = m_records->categoryString();
     selectItemWithTitle(category.isEmpty() ? CategoryCommands::ShowAllTitle : category);
     m_popUp->setPlaceholderText(category); // Its item may have gone, or bear another name.
+}
+
+bool CategoryFilter::isFiltered(const ArrayController::Object &category) const
+{
+    return nameOfCategory(category) == m_records->categoryString();
+}
+
+void CategoryFilter::takeFilter()
+{
+    const auto categories = m_document.myCategoryArrayController()->arrangedObjects();
+    const bool isThere = std::find(categories.begin(), categories.end(), m_category) != categories.end();
+    if (isThere && isFiltered(m_category))
+        return;
+    m_category = nullptr;
+    if (m_records->categoryString().isEmpty())
+        return;
+    const auto found = std::find_if(categories.begin(), categories.end(),
+                                    [this](const auto &category) { return isFiltered(category); });
+    if (found != categories.end())
+        m_category = *found;
+}
+
+void CategoryFilter::followName()
+{
+    if (!m_category || isFiltered(m_category))
+        return;
+    m_records->setCategoryString(nameOfCategory(m_category));
+    m_records->rearrangeObjects();
 }
 
 void CategoryFilter::fillMenu()

@@ -1,21 +1,20 @@
 #pragma once
 
-#include "browse/FilteringArrayController.h"
-#include "foundation/Document.h"
+#include "lifecycle/MyDocument.h"
 #include "window/ActionDispatcher.h"
 
 #include <QComboBox>
 #include <QMenu>
 
-// The pop-up of categories that narrows the list, and the same categories in a menu.
+// The pop-up of categories that narrows the list, and the same categories in a menu. The list's filter is a
+// name; when the category that was chosen gets another one, the filter follows.
 class CategoryFilter : public QObject, public PopUpMenu
 {
     Q_OBJECT
 
 public:
     // None is owned; all outlive this.
-    CategoryFilter(FilteringArrayController *records, ActionDispatcher &dispatcher,
-                   Foundation::Document &document, QComboBox *popUp);
+    CategoryFilter(MyDocument &document, ActionDispatcher &dispatcher, QComboBox *popUp);
 
     // As the pop-up has it.
     QMenu &categoryMenu() { return m_categoryMenu; }
@@ -31,10 +30,14 @@ private:
     void sendActionOfItem(int index);
     void showFilter();
     void fillMenu();
+    void takeFilter();
+    void followName();
+    bool isFiltered(const Foundation::ArrayController::Object &category) const;
 
+    MyDocument &m_document;
     FilteringArrayController *m_records;
     ActionDispatcher &m_dispatcher;
-    Foundation::Document &m_document;
     QComboBox *m_popUp;
+    Foundation::ArrayController::Object m_category; // whose name is the filter; null without one
     QMenu m_categoryMenu;
 };

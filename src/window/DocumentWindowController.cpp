@@ -72,9 +72,12 @@ void DocumentWindowController::setUpControls()
     // Reading and editing show the same contact, and go on where the other was left.
     m_ui->viewScrollArea->follow(m_ui->editScrollArea);
     m_ui->editScrollArea->follow(m_ui->viewScrollArea);
+    m_formFocus = std::make_unique<FormFocus>(
+        m_document, FormFocus::Parts{m_ui->editScrollArea, m_ui->firstName, m_ui->myTableView});
+    m_hiddenContact = std::make_unique<HiddenContact>(
+        m_document, *m_formFocus, HiddenContact::Parts{m_ui->hiddenContactNotice, m_ui->showAllButton});
     setUpTable();
-    m_categoryFilter = std::make_unique<CategoryFilter>(m_document->myArrayController(), m_dispatcher,
-                                                        *m_document, m_ui->myActionPopup);
+    m_categoryFilter = std::make_unique<CategoryFilter>(*m_document, m_dispatcher, m_ui->myActionPopup);
     setUpToolbar();
     new RecordCard(m_document->myArrayController(), {m_ui->recordName, m_ui->recordSubtitle}, &m_window);
     new DetailPlaceholder(m_document,
@@ -112,7 +115,7 @@ void DocumentWindowController::setUpTable()
     connect(records, &ArrayController::selectionChanged, delegate, refreshLabels);
     connect(m_document->myCategoryArrayController(), &ArrayController::objectChanged, delegate,
             refreshLabels);
-    connect(table, &RecordTable::editRequested, m_document, &MyDocument::switchToEditMode);
+    connect(table, &RecordTable::editRequested, m_formFocus.get(), &FormFocus::beginEditing);
     connect(table, &RecordTable::contextMenuRequested, this,
             [this](const QPoint &place) { m_ui->myActionMenu->popup(place); });
 }
@@ -140,9 +143,6 @@ void DocumentWindowController::followDocument()
     connect(m_document, &Document::documentEditedChanged, this, &DocumentWindowController::updateTitle);
     connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::updateTitle);
     connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::changeFace);
-    connect(m_document, &MyDocument::selectedViewChanged, this, &DocumentWindowController::keepFocusInSight);
-    connect(&m_document->recordCommands(), &RecordCommands::recordAdded, this,
-            &DocumentWindowController::prepareForTyping);
 }
 
 void DocumentWindowController::followItems()
@@ -165,7 +165,7 @@ QList<QObject *> DocumentWindowController::responders(const QString &action)
     QList<QObject *> chain;
     if (m_textCommands->takes(action))
         chain.append(m_textCommands.get());
-    chain.append(this);
+    chain.append({this, m_formFocus.get(), m_hiddenContact.get()});
     chain.append(m_document->responders());
     chain.append(m_lastResponders);
     return chain;
@@ -235,19 +235,6 @@ QWidget *DocumentWindowController::initialControl() const
 {
     return m_document->isEncrypted() ? static_cast<QWidget *>(m_ui->passwordToDecryptField)
                                      : m_ui->myTableView;
-}
-
-void DocumentWindowController::keepFocusInSight()
-{
-    // The field that had it has gone with the form, and the arrow keys are of use in the list.
-    if (m_document->selectedView() == MyDocument::ViewMode && m_document->isDecrypted())
-        m_ui->myTableView->setFocus();
-}
-
-void DocumentWindowController::prepareForTyping()
-{
-    m_ui->firstName->setFocus();
-    m_ui->firstName->selectAll();
 }
 
 Rect DocumentWindowController::frame() const

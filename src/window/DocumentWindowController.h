@@ -6,6 +6,8 @@
 #include "window/CardPrinter.h"
 #include "window/CategoryFilter.h"
 #include "window/DocumentMainWindow.h"
+#include "window/FormFocus.h"
+#include "window/HiddenContact.h"
 #include "window/MenuItemValidator.h"
 #include "window/SavePanel.h"
 #include "window/SheetQueue.h"
@@ -92,8 +94,6 @@ private:
     void showFace();
     void releaseFocus();
     void changeFace();
-    void keepFocusInSight();
-    void prepareForTyping();
     void controlTextDidChange(const Foundation::ArrayController *controller, int tag);
     QWidget *initialControl() const;
 
@@ -107,6 +107,8 @@ private:
     Binder m_binder;
     std::unique_ptr<TextCommands> m_textCommands;
     std::unique_ptr<CategoryFilter> m_categoryFilter;
+    std::unique_ptr<FormFocus> m_formFocus;
+    std::unique_ptr<HiddenContact> m_hiddenContact;
     SheetQueue m_sheets;
     SavePanel m_savePanel;
     std::unique_ptr<CardPrinter> m_cardPrinter;

@@ -65,7 +65,13 @@ TEST_F(LockedWindowTest, HasNothingOfTheContentAndOpensAsItWas)
     press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
 
     unlock(password);
+    press(Qt::Key_Return); // Twice, as impatient users do.
     ASSERT_TRUE(document()->isDecrypted());
+    EXPECT_EQ(document()->selectedView(), MyDocument::ViewMode);
+    EXPECT_TRUE(eventually([this] {
+        press(Qt::Key_Return);
+        return document()->selectedView() == MyDocument::EditMode;
+    }));
     EXPECT_EQ(names(), QStringList{secret + u" Åström"_qs});
     EXPECT_TRUE(control<QToolBar>("modernToolbar")->isVisible());
     EXPECT_EQ(control<QLineEdit>("searchField")->text(), secret) << "the search survives";

@@ -1,0 +1,210 @@
+#include "window/RecordTable.h"
+#include "window/WindowTest.h"
+
+#include <QSpinBox>
+#include <QWheelEvent>
+
+namespace
+{
+
+const QString zoe = u"Zoë Åström"_qs;
+const QString boris = u"Борис Кант"_qs;
+
+// What is typed, undone or chosen lands in the contact that the user sees, and in no other.
+class EditingTest : public WindowTest
+{
+protected:
+    void SetUp() override
+    {
+        makeProtectedDocument();
+        addContact(u"Zoë"_qs, u"Åström"_qs);
+        addContact(u"Борис"_qs, u"Кант"_qs);
+        document()->undoManager().removeAllActions();
+        document()->switchToViewMode();
+        press(Qt::Key_Home);
+    }
+    RecordTable *list() const { return control<RecordTable>("myTableView"); }
+    QLineEdit *firstName() const { return control<QLineEdit>("firstName"); }
+    QPushButton *showAll() const { return control<QPushButton>("showAllButton"); }
+    std::size_t contacts() const { return document()->myArrayController()->contentObjects().size(); }
+    bool isHiddenContactTold() const { return control<QWidget>("hiddenContactNotice")->isVisible(); }
+    void search(const QString &text) const
+    {
+        press(Qt::Key_F, Qt::ControlModifier);
+        type(text);
+    }
+    void add() const { press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier); }
+    void undo() const { press(Qt::Key_Z, Qt::ControlModifier); }
+    // As the keyboard sends them while the key is held.
+    void holdUndo(int repeats) const
+    {
+        for (int i = 0; i < repeats; ++i)
+            QTest::simulateEvent(window()->windowHandle(), true, Qt::Key_Z, Qt::ControlModifier, QString(),
+                                 true);
+        runEvents();
+    }
+    static void turnWheel(QWidget *over)
+    {
+        const QPointF place = over->rect().center();
+        QWheelEvent turn(place, over->mapToGlobal(place), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(over, &turn);
+    }
+};
+
+TEST_F(EditingTest, ANewContactThatTheFilterHidesIsToldOfAndTakesNoTyping)
+{
+    search(u"Zo"_qs);
+    for (int i = 0; i < 2; ++i) { // The second time, the first one is still hidden.
+        add();
+        type(u"Eve"_qs);
+        EXPECT_EQ(names(), QStringList{zoe});
+        EXPECT_EQ(contacts(), 3U);
+        EXPECT_EQ(QApplication::focusWidget(), showAll());
+        EXPECT_TRUE(isHiddenContactTold());
+    }
+    undo(); // Takes nothing that is hidden away.
+    EXPECT_EQ(contacts(), 3U);
+    EXPECT_TRUE(isHiddenContactTold());
+    press(Qt::Key_Space);
+    EXPECT_EQ(QApplication::focusWidget(), firstName());
+    EXPECT_EQ(firstName()->selectedText(), u"First Name");
+    type(u"Eve"_qs);
+    EXPECT_EQ(names(), (QStringList{zoe, boris, u"Eve Last Name"_qs}));
+    EXPECT_FALSE(isHiddenContactTold());
+}
+
+TEST_F(EditingTest, AHiddenContactIsNotToldOfAnyMoreOnceItIsFoundOrTheDocumentWasLocked)
+{
+    search(u"nobody"_qs);
+    add();
+    EXPECT_TRUE(isHiddenContactTold());
+    search(u"First Name"_qs);
+    EXPECT_EQ(names(), QStringList{u"First Name Last Name"_qs});
+    EXPECT_FALSE(isHiddenContactTold());
+
+    search(u"nobody"_qs);
+    add();
+    saveTo(u"hidden.vexcards"_qs);
+    document()->doLockDocument();
+    unlock(password);
+    EXPECT_FALSE(isHiddenContactTold());
+    EXPECT_EQ(contacts(), 4U);
+}
+
+TEST_F(EditingTest, AHeldKeyStopsAtTheFirstStepOfTheFieldAndANewPressGoesOnToTheList)
+{
+    add();
+    type(u"Eve"_qs);
+    undo();
+    holdUndo(5);
+    EXPECT_EQ(field("firstName"), u"First Name");
+    EXPECT_EQ(contacts(), 3U);
+    EXPECT_EQ(QApplication::focusWidget(), firstName());
+    undo();
+    EXPECT_EQ(names(), (QStringList{zoe, boris}));
+    EXPECT_EQ(QApplication::focusWidget(), list());
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(contacts(), 3U);
+    EXPECT_EQ(QApplication::focusWidget(), list());
+    holdUndo(5);
+    EXPECT_EQ(contacts(), 3U);
+}
+
+TEST_F(EditingTest, TypingOverSeveralContactsIsUndoneAsAWhole)
+{
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_F2);
+    EXPECT_FALSE(control<QComboBox>("category")->isEnabled()) << "its command is for one contact";
+    EXPECT_EQ(QApplication::focusWidget(), firstName());
+    type(u"K"_qs);
+    type(u"im"_qs);
+    EXPECT_EQ(names(), (QStringList{u"Kim Åström"_qs, u"Kim Кант"_qs}));
+    undo();
+    EXPECT_EQ(names(), (QStringList{zoe, boris}));
+    undo();
+    EXPECT_EQ(names(), (QStringList{zoe, boris}));
+    EXPECT_EQ(QApplication::focusWidget(), firstName()) << "the same contacts are selected";
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(names(), (QStringList{u"Kim Åström"_qs, u"Kim Кант"_qs}));
+    document()->doLockDocument();
+    unlock(password);
+    undo();
+    EXPECT_EQ(names(), (QStringList{zoe, boris}));
+}
+
+TEST_F(EditingTest, AFieldLosesTheFocusWithItsContact)
+{
+    press(Qt::Key_Return);
+    const struct
+    {
+        const char *what;
+        std::function<void()> step;
+    } cases[] = {{"a filter comes", [this] { control<QLineEdit>("searchField")->setText(u"Кант"_qs); }},
+                 {"the contact is deleted", [this] {
+                      document()->recordCommands().deleteRows({});
+                      nextAlert();
+                      dismiss(u"Delete Contact"_qs);
+                  }}};
+    for (const auto &c : cases) {
+        firstName()->setFocus();
+        c.step();
+        EXPECT_EQ(QApplication::focusWidget(), list()) << c.what;
+    }
+}
+
+TEST_F(EditingTest, EditingBeginsInTheFirstName)
+{
+    const auto doubleClick = [this] {
+        QTest::mouseDClick(list()->viewport(), Qt::LeftButton, {},
+                           list()->visualRect(list()->currentIndex()).center());
+    };
+    for (const auto &begin : std::initializer_list<std::function<void()>>{
+             [this] { press(Qt::Key_Return); }, doubleClick, [this] { press(Qt::Key_F2); }}) {
+        document()->switchToViewMode();
+        ASSERT_EQ(QApplication::focusWidget(), list());
+        begin();
+        EXPECT_EQ(QApplication::focusWidget(), firstName());
+        EXPECT_FALSE(firstName()->hasSelectedText()) << "what comes next must not replace it";
+    }
+}
+
+TEST_F(EditingTest, TheWheelChangesNoValue)
+{
+    press(Qt::Key_K, Qt::ControlModifier);
+    ASSERT_TRUE(sheetComes(u"myCategorySheet"_qs));
+    QTest::mouseClick(control<QPushButton>("addCategory"), Qt::LeftButton);
+    dismiss(Qt::Key_Escape);
+    press(Qt::Key_F2);
+    auto *category = control<QComboBox>("category");
+    QSpinBox madeLater;
+    madeLater.setValue(50);
+    for (QWidget *control : {static_cast<QWidget *>(category), static_cast<QWidget *>(&madeLater)}) {
+        control->setFocus();
+        turnWheel(control);
+    }
+    EXPECT_EQ(category->currentIndex(), 0);
+    EXPECT_EQ(madeLater.value(), 50);
+}
+
+TEST_F(EditingTest, TheFilterFollowsTheNameOfItsCategory)
+{
+    auto *popUp = control<QComboBox>("myActionPopup");
+    popUp->setFocus();
+    press(Qt::Key_End);
+    press(Qt::Key_K, Qt::ControlModifier);
+    ASSERT_TRUE(sheetComes(u"myCategorySheet"_qs));
+    for (const QString &name : {u""_qs, u"Friends"_qs}) {
+        auto *field = control<QLineEdit>("categoryName");
+        field->setFocus();
+        field->selectAll();
+        name.isEmpty() ? field->del() : type(name);
+        EXPECT_EQ(document()->myArrayController()->arrangedObjects().size(), 2U);
+    }
+    dismiss(Qt::Key_Escape);
+    document()->myArrayController()->rearrangeObjects();
+    EXPECT_EQ(names(), (QStringList{zoe, boris}));
+    EXPECT_EQ(popUp->currentText(), u"Friends");
+    EXPECT_EQ(control<QLabel>("usedFilter")->text(), u"category \"Friends\"");
+}
+
+} // namespace
