@@ -1,12 +1,36 @@
 #include "window/FilePanels.h"
 
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QSettings>
 
 const QString DocumentSuffix = QStringLiteral("vexcards");
 
 namespace
 {
+
+// Takes a name with quotation marks as it stands. The toolkit takes these marks for the ends of several
+// names, and would silently take what stands between them for the name.
+class DocumentPanel : public QFileDialog
+{
+public:
+    using QFileDialog::QFileDialog;
+
+protected:
+    void accept() override
+    {
+        const auto *name = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        const QFileInfo file(directory().absoluteFilePath(name ? name->text() : QString()));
+        const bool isOneName = file.isFile() || (acceptMode() == AcceptSave && !file.isDir());
+        if (!name || !name->text().contains(u'"') || !isOneName) {
+            QFileDialog::accept();
+            return;
+        }
+        Q_EMIT fileSelected(file.filePath());
+        Q_EMIT filesSelected({file.filePath()});
+        QDialog::accept();
+    }
+};
 
 void setUpPanel(QFileDialog *panel)
 {
@@ -21,7 +45,7 @@ void setUpPanel(QFileDialog *panel)
 
 QFileDialog *newSavePanel(const QString &suggestedPath, QWidget *parent)
 {
-    auto *panel = new QFileDialog(parent, QFileDialog::tr("Save Document"));
+    auto *panel = new DocumentPanel(parent, QFileDialog::tr("Save Document"));
     setUpPanel(panel);
     panel->setAcceptMode(QFileDialog::AcceptSave);
     panel->setDefaultSuffix(DocumentSuffix);
@@ -35,7 +59,7 @@ QFileDialog *newSavePanel(const QString &suggestedPath, QWidget *parent)
 
 QFileDialog *newOpenPanel(QWidget *parent)
 {
-    auto *panel = new QFileDialog(parent, QFileDialog::tr("Open Documents"));
+    auto *panel = new DocumentPanel(parent, QFileDialog::tr("Open Documents"));
     setUpPanel(panel);
     panel->setFileMode(QFileDialog::ExistingFiles);
     return panel;

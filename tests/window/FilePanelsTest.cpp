@@ -1,9 +1,13 @@
 #include "window/FilePanels.h"
 
+#include "support/Files.h"
+#include "support/Printers.h"
+
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -42,6 +46,41 @@ TEST(FilePanels, LeaveNoTraceOfWhatTheyShowed)
     QSettings settings(u"QtProject"_qs);
     EXPECT_TRUE(settings.allKeys().isEmpty());
     EXPECT_TRUE(QDir(home.path()).isEmpty());
+}
+
+TEST(FilePanels, QuotationMarksBelongToTheName)
+{
+    const QTemporaryDir folder;
+    const QString quoted = folder.filePath(u"My \"best\" friends.vexcards"_qs);
+    const QString plain = folder.filePath(u"plain.vexcards"_qs);
+    const QString other = folder.filePath(u"other.vexcards"_qs);
+    putFile(plain, {});
+    putFile(other, {});
+    const struct
+    {
+        const char *how;
+        QFileDialog *panel;
+        QString typed;
+        QStringList chosen;
+    } cases[] = {
+        {"saved", newSavePanel(folder.filePath(u"a"_qs), nullptr), quoted, {quoted}},
+        {"suggested", newSavePanel(quoted, nullptr), {}, {quoted}},
+        {"opened", newOpenPanel(nullptr), quoted, {quoted}},
+        {"several names", newOpenPanel(nullptr), u"\"%1\" \"%2\""_qs.arg(plain, other), {plain, other}},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.how);
+        c.panel->setDirectory(folder.path());
+        QStringList chosen;
+        QObject::connect(c.panel, &QFileDialog::filesSelected,
+                         [&chosen](const QStringList &files) { chosen = files; });
+        if (!c.typed.isEmpty())
+            c.panel->findChild<QLineEdit *>(u"fileNameEdit"_qs)->setText(c.typed);
+        QMetaObject::invokeMethod(c.panel, "accept");
+        EXPECT_EQ(chosen, c.chosen);
+        delete c.panel;
+        putFile(quoted, {});
+    }
 }
 
 TEST(FilePanels, SavePanelSuggestsTheNameAndLeavesTheQuestionToUs)
