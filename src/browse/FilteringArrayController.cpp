@@ -250,19 +250,19 @@ bool FilteringArrayController::removeRecordFromCategory(const Object &record)
     return true;
 }
 
-bool FilteringArrayController::assignCategory(const Object &category, const Object &record)
+bool FilteringArrayController::assignCategory(const Object &category, const Object &toRecord)
 {
-    const Object former = record->value(RecordKey::categoryPtr).dictionary();
+    const Object former = toRecord->value(RecordKey::categoryPtr).dictionary();
     if (former == category)
         return false;
     if (former)
-        removeRecordFromCategory(record);
+        removeRecordFromCategory(toRecord);
     const Object assigned = category ? category : catToAssignToNewObject();
     if (!assigned)
         return false;
-    record->setValue(RecordKey::categoryPtr, assigned);
+    toRecord->setValue(RecordKey::categoryPtr, assigned);
     moveUses(assigned, 1);
-    noteChange(record);
+    noteChange(toRecord);
     return true;
 }
 

@@ -77,7 +77,7 @@ public:
     // the category list.
     bool removeRecordFromCategory(const Object &record);
     // False if the record has that very category already. Null stands for catToAssignToNewObject().
-    bool assignCategory(const Object &category, const Object &record);
+    bool assignCategory(const Object &category, const Object &toRecord);
     // For the record shown at selectionIndex(); nothing happens without a selection.
     void setCurrentObjectAccordingToCategory(const Object &category);
 

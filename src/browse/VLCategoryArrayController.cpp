@@ -15,11 +15,11 @@ namespace
 constexpr int LastNumberTried = 31999;
 }
 
-bool VLCategoryArrayController::testForUnusedString(const QString &text, const Key &key) const
+bool VLCategoryArrayController::testForUnusedString(const QString &text, const Key &forKey) const
 {
     const Value wanted(text);
     return std::none_of(arrangedObjects().begin(), arrangedObjects().end(),
-                        [&](const Object &row) { return row->value(key) == wanted; });
+                        [&](const Object &row) { return row->value(forKey) == wanted; });
 }
 
 QString VLCategoryArrayController::unusedCategoryNameWithPostfix(const QString &word) const

@@ -12,7 +12,7 @@ public:
     using ArrayController::ArrayController;
 
     // True if no row shown has exactly that text under the key.
-    bool testForUnusedString(const QString &text, const Foundation::Key &key) const;
+    bool testForUnusedString(const QString &text, const Foundation::Key &forKey) const;
     // The word, or the word with the first free number from 1 up behind a blank. After 31999 tries the last
     // one is given, free or not.
     QString unusedCategoryNameWithPostfix(const QString &word) const;

@@ -69,23 +69,23 @@ VLColoredCategoryArrayController::getCategoryWithUniqueID(qint64 uniqueID) const
     return nullptr;
 }
 
-bool VLColoredCategoryArrayController::incrementObj(const Object &category, qint64 amount)
+bool VLColoredCategoryArrayController::incrementObj(const Object &category, qint64 by)
 {
     if (arrangedIndexOf(category) < 0)
         return false;
     const qint64 uses = category->value(CategoryKey::cat_howManyUsingThis).longValue();
-    category->setValue(CategoryKey::cat_howManyUsingThis, Value(uses + amount));
+    category->setValue(CategoryKey::cat_howManyUsingThis, Value(uses + by));
     return true;
 }
 
 bool VLColoredCategoryArrayController::incrementObjUsingThisInCategoryWithUniqueID(qint64 uniqueID,
-                                                                                   qint64 amount) const
+                                                                                   qint64 by) const
 {
     const Object category = uniqueID == 0 ? nullptr : getCategoryWithUniqueID(uniqueID);
     if (!category)
         return false;
     const qint64 uses = category->value(CategoryKey::cat_howManyUsingThis).longValue();
-    category->setValue(CategoryKey::cat_howManyUsingThis, Value(uses + amount));
+    category->setValue(CategoryKey::cat_howManyUsingThis, Value(uses + by));
     return true;
 }
 

@@ -30,8 +30,8 @@ public:
 
     // Both move the count of uses; false, and nothing moves, for a category that is not in the list, or the
     // id 0.
-    bool incrementObj(const Object &category, qint64 amount);
-    bool incrementObjUsingThisInCategoryWithUniqueID(qint64 uniqueID, qint64 amount) const;
+    bool incrementObj(const Object &category, qint64 by);
+    bool incrementObjUsingThisInCategoryWithUniqueID(qint64 uniqueID, qint64 by) const;
 
     // For categories read from old files, which are not in the list: see adjustCategoriesFromOldRelease and
     // adjustCategoriesFromAncientRelease. The second gives an empty array a new category first.

@@ -153,29 +153,29 @@ void DecryptPipeline::finish(const Ref<Array> &records, const Ref<Array> &catego
     m_state.myCategoryArray = categories;
 }
 
-Ref<Dictionary> DecryptPipeline::catInArray(const Array &categories, qint64 uniqueID)
+Ref<Dictionary> DecryptPipeline::catInArray(const Array &categories, qint64 withUniqueID)
 {
     for (const Value &entry : categories.values) {
         Ref<Dictionary> category = entry.dictionary();
-        if (category->value(CategoryKey::cat_uniqueID).longValue() == uniqueID)
+        if (category->value(CategoryKey::cat_uniqueID).longValue() == withUniqueID)
             return category;
     }
     return nullptr;
 }
 
-void DecryptPipeline::restoreFromSaveOperationContent(const Array &records, Array &categories)
+void DecryptPipeline::restoreFromSaveOperationContent(const Array &records, Array &categoryArray)
 {
-    if (categories.values.empty())
-        categories.values.emplace_back(m_makeDefaultCategory());
+    if (categoryArray.values.empty())
+        categoryArray.values.emplace_back(m_makeDefaultCategory());
     // One look-up a record instead of a walk: the same answers as catInArray, however many categories there
     // are.
     std::unordered_map<qint64, Dictionary *> byID;
     std::unordered_map<Dictionary *, qint32> uses;
-    for (const Value &entry : categories.values) {
+    for (const Value &entry : categoryArray.values) {
         const Ref<Dictionary> category = entry.dictionary();
         byID.emplace(category->value(CategoryKey::cat_uniqueID).longValue(), category.get());
     }
-    Dictionary *first = categories.values.front().dictionary().get();
+    Dictionary *first = categoryArray.values.front().dictionary().get();
     for (const Value &entry : records.values) {
         const Ref<Dictionary> record = entry.dictionary();
         const auto found = byID.find(record->value(RecordKey::cat_uniqueID).longValue());
@@ -183,7 +183,7 @@ void DecryptPipeline::restoreFromSaveOperationContent(const Array &records, Arra
         record->setValue(RecordKey::categoryPtr, Ref<Dictionary>(category));
         ++uses[category];
     }
-    for (const Value &entry : categories.values) {
+    for (const Value &entry : categoryArray.values) {
         const Ref<Dictionary> category = entry.dictionary();
         category->setValue(CategoryKey::cat_howManyUsingThis, Value(uses[category.get()]));
     }

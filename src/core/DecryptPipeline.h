@@ -44,10 +44,10 @@ public:
     bool hasReplacedLabels() const { return m_hasReplacedLabels; }
 
     // The first category with that id, or null.
-    static Foundation::Ref<Dictionary> catInArray(const Array &categories, qint64 uniqueID);
+    static Foundation::Ref<Dictionary> catInArray(const Array &categories, qint64 withUniqueID);
     // Gives every record its category by id, the first one where the id is unknown, and counts their uses.
     // Both arrays must hold dictionaries only.
-    void restoreFromSaveOperationContent(const Array &records, Array &categories);
+    void restoreFromSaveOperationContent(const Array &records, Array &categoryArray);
 
 private:
     qint32 readWithEngine(bool resetsOpenFlags);

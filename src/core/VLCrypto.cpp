@@ -240,26 +240,26 @@ std::optional<QByteArray> VLCrypto::cryptLongToInt32(qint64 number) const
     return cryptData(QByteArray(reinterpret_cast<const char *>(&low), sizeof low));
 }
 
-std::optional<QByteArray> VLCrypto::decryptToData(const QByteArray &bytes, quint32 *code) const
+std::optional<QByteArray> VLCrypto::decryptToData(const QByteArray &bytes, quint32 *errorCode) const
 {
-    *code = LegacySuccess;
+    *errorCode = LegacySuccess;
     if (bytes.isEmpty())
         return QByteArray("");
     VLLegacyCode ending = LegacySuccess;
     auto plain = runOverData(cipherToDecrypt(), bytes, m_vector, &ending);
-    *code = ending;
+    *errorCode = ending;
     return plain;
 }
 
-std::optional<QString> VLCrypto::decryptToString(const QByteArray &bytes, quint32 *code) const
+std::optional<QString> VLCrypto::decryptToString(const QByteArray &bytes, quint32 *errorCode) const
 {
-    auto plain = decryptToData(bytes, code);
+    auto plain = decryptToData(bytes, errorCode);
     return plain ? std::optional(Foundation::textFromMacRoman(*plain)) : std::nullopt;
 }
 
-qint64 VLCrypto::decryptToLong(const QByteArray &bytes, quint32 *code) const
+qint64 VLCrypto::decryptToLong(const QByteArray &bytes, quint32 *errorCode) const
 {
-    const auto plain = decryptToData(bytes, code);
+    const auto plain = decryptToData(bytes, errorCode);
     if (!plain)
         return 0;
     if (qint32 small = 0; plain->size() == sizeof small) {

@@ -61,12 +61,12 @@ public:
     std::optional<QByteArray> cryptLong(qint64 number) const;
     std::optional<QByteArray> cryptLongToInt32(qint64 number) const;
 
-    // Set *code, which must not be null; nothing unless it is 0. An empty input is an empty result.
-    std::optional<QString> decryptToString(const QByteArray &bytes, quint32 *code) const;
-    std::optional<QByteArray> decryptToData(const QByteArray &bytes, quint32 *code) const;
+    // Set *errorCode, which must not be null; nothing unless it is 0. An empty input is an empty result.
+    std::optional<QString> decryptToString(const QByteArray &bytes, quint32 *errorCode) const;
+    std::optional<QByteArray> decryptToData(const QByteArray &bytes, quint32 *errorCode) const;
     // Of 4 bytes the signed number, of others the first 8 as they lie in memory; 0 for an empty input and
-    // when *code is not 0.
-    qint64 decryptToLong(const QByteArray &bytes, quint32 *code) const;
+    // when *errorCode is not 0.
+    qint64 decryptToLong(const QByteArray &bytes, quint32 *errorCode) const;
 
 private:
     // Null for a password without a key. Made at the first need and kept, as preparing the key takes longer
@@ -88,4 +88,4 @@ unsigned char *legacyEncryptBytes(const unsigned char *data, qint32 length, cons
 // *code is a VLLegacyCode; no data is no failure.
 unsigned char *legacyDecryptBytes(const unsigned char *data, qint32 length, const unsigned char *key,
                                   qint32 keyLength, const unsigned char *vector, qint32 *outputLength,
-                                  quint32 *code);
+                                  quint32 *errorCode);

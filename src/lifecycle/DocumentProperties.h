@@ -101,6 +101,10 @@ public:
     bool makeToolbarVisibleAtDecrypt() const { return m_properties.makeToolbarVisibleAtDecrypt; }
     void setMakeToolbarVisibleAtDecrypt(bool visible) { m_properties.makeToolbarVisibleAtDecrypt = visible; }
 
+    // Meant for counts of uses that are to be made anew. Nothing sets or reads it.
+    bool usageCountDirtyFlag() const { return m_usageCountDirtyFlag; }
+    void setUsageCountDirtyFlag(bool isDirty) { m_usageCountDirtyFlag = isDirty; }
+
     const Ref<Array> &arrayForExport() const { return m_arrayForExport; }
     void setArrayForExport(const Ref<Array> &table) { m_arrayForExport = table; }
     const Ref<Array> &arrayForImport() const { return m_arrayForImport; }
@@ -121,4 +125,5 @@ private:
     Ref<Array> m_arrayForExport = newArrayForExport();
     Ref<Array> m_arrayForImport = newArrayForImport();
     Ref<Array> m_abPeopleArray = Array::create();
+    bool m_usageCountDirtyFlag = false;
 };

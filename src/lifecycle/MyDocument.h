@@ -28,6 +28,8 @@ class MyDocument : public VLCryptoDoc, public DocumentProperties, private Browse
     Q_PROPERTY(QString searchText READ searchText WRITE setSearchText NOTIFY searchTextChanged)
     Q_PROPERTY(
         QString searchCategory READ searchCategory WRITE setSearchCategory NOTIFY searchCategoryChanged)
+    Q_PROPERTY(std::optional<Foundation::Predicate> searchPredicate READ searchPredicate WRITE
+                   setSearchPredicate NOTIFY searchPredicateChanged)
     Q_PROPERTY(
         Foundation::Value myLabelDictionary READ myLabelDictionaryValue NOTIFY myLabelDictionaryChanged)
     Q_PROPERTY(int selectedView READ selectedView WRITE setSelectedView NOTIFY selectedViewChanged)

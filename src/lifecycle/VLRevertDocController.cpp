@@ -13,7 +13,7 @@ void VLRevertDocController::advancedLockDocument(Document *document)
     if (document->isDocumentEdited()) {
         document->saveWithCompletion([controller, watched](bool didSave) {
             if (controller && watched)
-                controller->documentDidSave(watched, didSave, nullptr);
+                controller->document(watched, didSave, nullptr);
         });
         return;
     }
@@ -23,7 +23,7 @@ void VLRevertDocController::advancedLockDocument(Document *document)
     });
 }
 
-void VLRevertDocController::documentDidSave(Document *document, bool didSave, void *)
+void VLRevertDocController::document(Document *document, bool didSave, void *)
 {
     if (didSave)
         CloseAndReopenTheDoc(document);

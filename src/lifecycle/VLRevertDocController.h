@@ -13,7 +13,7 @@ public:
 
     void advancedLockDocument(Foundation::Document *document);
     // Goes on only if the save succeeded. The context is not looked at.
-    void documentDidSave(Foundation::Document *document, bool didSave, void *contextInfo);
+    void document(Foundation::Document *document, bool didSave, void *contextInfo);
     // In spite of its name it closes nothing.
     void CloseAndReopenTheDoc(Foundation::Document *document);
 };

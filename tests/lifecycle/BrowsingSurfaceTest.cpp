@@ -49,8 +49,8 @@ TEST_F(BrowsingSurfaceTest, EveryNameIsThere)
     } observables[] = {
         {document.get(),
          {"myArrayController", "myCategoryArrayController", "categoryArrayControllerForMenu",
-          "myLabelDictionary", "searchText", "searchCategory", "categoryString", "selectedView",
-          "properTextColor", "falseValue", "yesVal"}},
+          "myLabelDictionary", "searchText", "searchCategory", "searchPredicate", "categoryString",
+          "selectedView", "properTextColor", "falseValue", "yesVal"}},
         {document->myArrayController(),
          {"categoryString", "searchString", "usedFilterDisplay", "filterInAction", "canRemove"}},
     };

@@ -270,7 +270,7 @@ TEST_F(Locking, SavingAndReopeningShowsTheOpenDocument)
     EXPECT_TRUE(shown.visible);
     EXPECT_EQ(controller.documents().size(), 1);
     shown.visible = false;
-    controller.documentDidSave(opened, false, nullptr);
+    controller.document(opened, false, nullptr);
     EXPECT_FALSE(shown.visible);
     opened->setWindow(nullptr);
 }
