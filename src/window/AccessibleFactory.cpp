@@ -1,9 +1,11 @@
 #include "window/AccessibleFactory.h"
 
 #include "window/AccessibilityEventFilter.h"
+#include "window/AccessibleField.h"
 #include "window/AccessibleTable.h"
 #include "window/Announcer.h"
 
+#include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QTableView>
@@ -19,6 +21,8 @@ QAccessibleInterface *newInterface(const QString &, QObject *object)
     if (qobject_cast<QTableView *>(object) || qobject_cast<QListView *>(object) ||
         qobject_cast<QTreeView *>(object))
         return new AccessibleTable(static_cast<QAbstractItemView *>(object));
+    if (auto *field = qobject_cast<QLineEdit *>(object))
+        return new AccessibleField(field);
     const bool isText = qobject_cast<QTextEdit *>(object) || qobject_cast<QPlainTextEdit *>(object);
     if (auto *area = isText ? nullptr : qobject_cast<QAbstractScrollArea *>(object))
         return new QAccessibleWidget(area);

@@ -319,6 +319,14 @@ def positions_beyond_the_ends_are_answered(client):
     """A screen reader asks for positions that it saw before rows went."""
     client.put("Search", "anna")
     client.expect_names("anna Last Name")
+    search = client.find("text", "Search")
+    word = Atspi.Text.get_string_at_offset(search, 4, Atspi.TextGranularity.WORD)
+    assert word.content == "anna", "the word at a caret that stands at the end"
+    Atspi.EditableText.insert_text(search, 2**31 - 1, "!", 1)
+    assert client.text("Search") == "anna!"
+    client.put("Search", "anna")
+    for node in descendants(client.application()):
+        assert node.get_child_at_index(99999) is None
     tables = [client.find("table", "Contacts")]
     ask_beyond_the_ends(client, tables)
     client.select(0)

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QAccessibleWidget>
+
+class QLineEdit;
+
+// A line of text for assistive technology, in place of the toolkit's class, which takes positions beyond the
+// text at their word: "insert at 2,147,483,647" fills the field with blanks up to there, until the memory is
+// used up. Here each position is cut to the text. Of a text that the field does not show only the length is
+// told.
+class AccessibleField : public QAccessibleWidget,
+                        public QAccessibleTextInterface,
+                        public QAccessibleEditableTextInterface
+{
+public:
+    explicit AccessibleField(QLineEdit *field);
+
+    QString text(QAccessible::Text kind) const override;
+    void setText(QAccessible::Text kind, const QString &text) override;
+    QAccessible::State state() const override;
+    void *interface_cast(QAccessible::InterfaceType type) override;
+
+    void selection(int index, int *start, int *end) const override;
+    int selectionCount() const override;
+    void addSelection(int start, int end) override;
+    void removeSelection(int index) override;
+    void setSelection(int index, int start, int end) override;
+    int cursorPosition() const override;
+    void setCursorPosition(int position) override;
+    QString text(int start, int end) const override;
+    // As spans without gaps; the toolkit's own never return for a word at the end of the text.
+    QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int *start,
+                             int *end) const override;
+    QString textAfterOffset(int offset, QAccessible::TextBoundaryType type, int *start,
+                            int *end) const override;
+    QString textAtOffset(int offset, QAccessible::TextBoundaryType type, int *start, int *end) const override;
+    int characterCount() const override;
+    QRect characterRect(int offset) const override;
+    int offsetAtPoint(const QPoint &point) const override;
+    void scrollToSubstring(int start, int end) override;
+    QString attributes(int offset, int *start, int *end) const override;
+
+    void deleteText(int start, int end) override;
+    void insertText(int offset, const QString &text) override;
+    void replaceText(int start, int end, const QString &text) override;
+
+private:
+    // Null while the field is being destroyed.
+    QLineEdit *field() const;
+    // The text as far as the field shows it.
+    QString shownText() const;
+};
