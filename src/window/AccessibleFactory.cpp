@@ -2,9 +2,11 @@
 
 #include "window/AccessibilityEventFilter.h"
 #include "window/AccessibleField.h"
+#include "window/AccessibleSpinBox.h"
 #include "window/AccessibleTable.h"
 #include "window/Announcer.h"
 
+#include <QAbstractSpinBox>
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
@@ -23,6 +25,8 @@ QAccessibleInterface *newInterface(const QString &, QObject *object)
         return new AccessibleTable(static_cast<QAbstractItemView *>(object));
     if (auto *field = qobject_cast<QLineEdit *>(object))
         return new AccessibleField(field);
+    if (auto *box = qobject_cast<QAbstractSpinBox *>(object))
+        return new AccessibleSpinBox(box);
     const bool isText = qobject_cast<QTextEdit *>(object) || qobject_cast<QPlainTextEdit *>(object);
     if (auto *area = isText ? nullptr : qobject_cast<QAbstractScrollArea *>(object))
         return new QAccessibleWidget(area);

@@ -37,14 +37,15 @@ Span spanAt(const QString &text, int offset, QAccessible::TextBoundaryType type)
 
 } // namespace
 
-AccessibleField::AccessibleField(QLineEdit *field)
-    : QAccessibleWidget(field, QAccessible::EditableText)
+AccessibleField::AccessibleField(QWidget *widget, QAccessible::Role role)
+    : QAccessibleWidget(widget, role)
 {
 }
 
 QLineEdit *AccessibleField::field() const
 {
-    return qobject_cast<QLineEdit *>(object());
+    auto *field = qobject_cast<QLineEdit *>(object());
+    return field || !object() ? field : object()->findChild<QLineEdit *>();
 }
 
 QString AccessibleField::shownText() const

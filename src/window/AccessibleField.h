@@ -13,7 +13,8 @@ class AccessibleField : public QAccessibleWidget,
                         public QAccessibleEditableTextInterface
 {
 public:
-    explicit AccessibleField(QLineEdit *field);
+    // A line edit, or a widget with one inside.
+    explicit AccessibleField(QWidget *widget, QAccessible::Role role = QAccessible::EditableText);
 
     QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text kind, const QString &text) override;

@@ -160,6 +160,12 @@ class Client:
         field = self.find(role, name)
         return Atspi.Text.get_text(field, 0, Atspi.Text.get_character_count(field))
 
+    @staticmethod
+    def last_word(field):
+        """That at a caret at the end of the text. The toolkit does not know the newer form of the question."""
+        end = Atspi.Text.get_character_count(field)
+        return Atspi.Text.get_text_at_offset(field, end, Atspi.TextBoundaryType.WORD_START).content
+
     def names_in_list(self):
         return self.names_in_column("Contacts", 1)
 
@@ -265,7 +271,9 @@ def a_category_is_made_coloured_and_given(client):
     client.put("Name:", "Family")
     client.click("Label colour")
     for component, value in (("Red:", 192), ("Green:", 57), ("Blue:", 43)):
-        Atspi.Value.set_current_value(client.find("spin button", component), value)
+        box = client.find("spin button", component)
+        Atspi.Value.set_current_value(box, value)
+        assert client.last_word(box) == str(value)
     until(lambda: client.names_in_column("Categories", 0) == ["Generic, 2 contacts, 1 of 2",
                                                               "Family, 0 contacts, 2 of 2"], "the name in the table")
     client.click("Done")
@@ -320,8 +328,7 @@ def positions_beyond_the_ends_are_answered(client):
     client.put("Search", "anna")
     client.expect_names("anna Last Name")
     search = client.find("text", "Search")
-    word = Atspi.Text.get_string_at_offset(search, 4, Atspi.TextGranularity.WORD)
-    assert word.content == "anna", "the word at a caret that stands at the end"
+    assert client.last_word(search) == "anna"
     Atspi.EditableText.insert_text(search, 2**31 - 1, "!", 1)
     assert client.text("Search") == "anna!"
     client.put("Search", "anna")
