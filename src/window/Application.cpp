@@ -55,6 +55,7 @@ Application::Application()
             Qt::DirectConnection);
     qApp->installEventFilter(this);
     qApp->installEventFilter(&m_wheelGuard);
+    qApp->installEventFilter(&m_heldUndoKey);
     connect(&m_terminationSignals, &Foundation::TerminationSignals::terminationRequested, this,
             &Application::terminateAtOnce);
     connect(&m_documents, &DocumentController::documentAdded, this, &Application::makeWindow);

@@ -9,6 +9,7 @@
 #include "window/DesktopText.h"
 #include "window/DesktopWorkspace.h"
 #include "window/DocumentWindowController.h"
+#include "window/HeldUndoKey.h"
 #include "window/RecentDocuments.h"
 #include "window/WheelGuard.h"
 
@@ -71,6 +72,7 @@ private:
     QPointer<QFileDialog> m_openPanel;
     Foundation::TerminationSignals m_terminationSignals;
     WheelGuard m_wheelGuard;
+    HeldUndoKey m_heldUndoKey;
     Foundation::Timers::Timer m_autosaveWhenLeft;
     bool m_isSessionEnding = false;
 };

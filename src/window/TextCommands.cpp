@@ -137,8 +137,6 @@ bool TextCommands::eventFilter(QObject *object, QEvent *event)
     // A field claims these keys even with nothing to undo, and the document's commands would be out of reach
     // as long as the caret stands in one. Unclaimed, they reach the menu, which sends them to either.
     Q_EMIT shortcutIsComing();
-    // A key that is held stays with the field when that has nothing left to undo: it would go on to take
-    // whole contacts away.
-    event->setAccepted(key->isAutoRepeat());
+    event->ignore();
     return true;
 }

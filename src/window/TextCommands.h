@@ -7,8 +7,7 @@
 #include <QWidget>
 
 // The commands on text as the first responder of a window: they go to the field that has the focus. Undo and
-// Redo belong to the field only as long as it has something to undo or redo, and to the document after that,
-// at a new press of the key.
+// Redo belong to the field only as long as it has something to undo or redo, and to the document after that.
 class TextCommands : public QObject, public MenuItemValidator
 {
     Q_OBJECT

@@ -1,6 +1,7 @@
 #include "window/RecordTable.h"
 #include "window/WindowTest.h"
 
+#include <QKeyEvent>
 #include <QSpinBox>
 #include <QWheelEvent>
 
@@ -108,6 +109,21 @@ TEST_F(EditingTest, AHeldKeyStopsAtTheFirstStepOfTheFieldAndANewPressGoesOnToThe
     EXPECT_EQ(QApplication::focusWidget(), list());
     holdUndo(5);
     EXPECT_EQ(contacts(), 3U);
+}
+
+TEST_F(EditingTest, ARepeatedKeyIsKnownByItsTimeWhereTheToolkitDoesNotSeeIt)
+{
+    const auto send = [this](QEvent::Type type, quint32 scanCode, quint64 time) {
+        QKeyEvent event(type, Qt::Key_Z, Qt::ControlModifier, scanCode, 0, 0);
+        event.setTimestamp(time);
+        event.ignore();
+        QApplication::sendEvent(list(), &event);
+        return event.isAccepted();
+    };
+    send(QEvent::KeyRelease, 52, 7000);
+    EXPECT_TRUE(send(QEvent::ShortcutOverride, 52, 7000));
+    EXPECT_FALSE(send(QEvent::ShortcutOverride, 52, 7090)) << "pressed anew";
+    EXPECT_FALSE(send(QEvent::ShortcutOverride, 53, 7000)) << "another key";
 }
 
 TEST_F(EditingTest, TypingOverSeveralContactsIsUndoneAsAWhole)
