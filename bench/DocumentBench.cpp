@@ -31,7 +31,7 @@ Ref<Foundation::Dictionary> defaultCategory()
 
 QByteArray archiveOf(DocumentState &document)
 {
-    return Foundation::archivedData(SavePipeline(document).getCopyOfContentArrayForSaveOperation());
+    return SavePipeline(document).archivedRecords();
 }
 
 // Bytes that the program has taken and not given back.

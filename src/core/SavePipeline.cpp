@@ -11,17 +11,30 @@ using Foundation::Dictionary;
 using Foundation::Ref;
 using Foundation::Value;
 
+namespace
+{
+
+// A record without a category gets 0, which no category has.
+qint64 idOfCategory(const Dictionary &record)
+{
+    const Value &category = record.value(RecordKey::categoryPtr);
+    if (category.type() != Value::Type::Dictionary)
+        return 0;
+    return static_cast<const Dictionary *>(category.sharedObject())
+        ->value(CategoryKey::cat_uniqueID)
+        .longValue();
+}
+
+} // namespace
+
 Ref<Array> SavePipeline::getCopyOfContentArrayForSaveOperation() const
 {
     auto records = Array::create();
     records->values.reserve(m_state.myArray->values.size());
     for (const Value &entry : m_state.myArray->values) {
         const Ref<Dictionary> record = entry.dictionary();
-        const Ref<Dictionary> category = record->value(RecordKey::categoryPtr).dictionary();
-        // A record without a category gets 0, which no category has.
-        const qint64 uniqueID = category ? category->value(CategoryKey::cat_uniqueID).longValue() : 0;
         auto copy = record->copy();
-        copy->setValue(RecordKey::cat_uniqueID, Value(uniqueID));
+        copy->setValue(RecordKey::cat_uniqueID, Value(idOfCategory(*record)));
         copy->setValue(RecordKey::categoryPtr, Value());
         records->values.emplace_back(copy);
     }
@@ -37,6 +50,21 @@ Ref<Array> SavePipeline::getCopyOfCategoryArrayForSaveOperation() const
         categories->values.emplace_back(copy);
     }
     return categories;
+}
+
+QByteArray SavePipeline::archivedRecords() const
+{
+    Foundation::ArchivedRows rows{*m_state.myArray, RecordKey::categoryPtr, RecordKey::cat_uniqueID, {}};
+    rows.replacements.reserve(m_state.myArray->values.size());
+    for (const Value &record : m_state.myArray->values)
+        rows.replacements.emplace_back(idOfCategory(*record.dictionary()));
+    return Foundation::archivedData(rows);
+}
+
+QByteArray SavePipeline::archivedCategories() const
+{
+    return Foundation::archivedData(
+        {*m_state.myCategoryArray, CategoryKey::records, CategoryKey::cat_uniqueID, {}});
 }
 
 void SavePipeline::ensureEngine()
@@ -61,29 +89,26 @@ void SavePipeline::makeCheckPair()
         m_state.myCommonCrypto->encrypt(check.bytes(), &status).value_or(QByteArray());
 }
 
-QByteArray SavePipeline::enciphered(const Value &root)
+QByteArray SavePipeline::enciphered(QByteArray archive)
 {
-    const SecretBytes archive(Foundation::archivedData(root));
     // A graph may have grown beyond what the reader takes, if the file that it came from was made by another
     // hand. A reader must be found for what replaces a file.
-    if (!Foundation::canBeUnarchived(archive.bytes())) {
-        m_state.refusesOwnContent = true;
-        return {};
-    }
+    m_state.refusesOwnContent |= !Foundation::canBeUnarchived(archive);
     qint32 status = 0; // Nobody asks: an absent buffer tells, and canBeRead() looks for it.
-    return m_state.myCommonCrypto->encrypt(archive.bytes(), &status).value_or(QByteArray());
+    if (m_state.refusesOwnContent || !m_state.myCommonCrypto->encryptInPlace(archive, &status))
+        wipe(archive);
+    return archive;
 }
 
 void SavePipeline::encryptData()
 {
     ensureEngine();
     m_state.refusesOwnContent = false;
-    const Ref<Array> records = getCopyOfContentArrayForSaveOperation();
-    const Ref<Array> categories = getCopyOfCategoryArrayForSaveOperation();
-    m_state.myEncryptedArrayData = enciphered(records);
-    m_state.myEncryptedCategoryArrayData = enciphered(categories);
-    m_state.myEncriptedLabelDictionaryData = enciphered(m_state.myLabelDictionary);
-    m_state.myEncryptedDocumentCreationDateData = enciphered(m_state.documentCreationDate);
+    m_state.myEncryptedArrayData = enciphered(archivedRecords());
+    m_state.myEncryptedCategoryArrayData = enciphered(archivedCategories());
+    m_state.myEncriptedLabelDictionaryData = enciphered(Foundation::archivedData(m_state.myLabelDictionary));
+    m_state.myEncryptedDocumentCreationDateData =
+        enciphered(Foundation::archivedData(m_state.documentCreationDate));
     m_state.myOpeningDocumentVersion = CurrentFormatVersion;
     m_state.buffersBelongToCheckPair = true;
 }

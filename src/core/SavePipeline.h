@@ -29,6 +29,9 @@ public:
     // category in place of the reference, categories without `records`.
     Foundation::Ref<Foundation::Array> getCopyOfContentArrayForSaveOperation() const;
     Foundation::Ref<Foundation::Array> getCopyOfCategoryArrayForSaveOperation() const;
+    // The archives of those copies, byte for byte, without making them.
+    QByteArray archivedRecords() const;
+    QByteArray archivedCategories() const;
 
     // Refreshes the four enciphered buffers from the plain content. A cipher step that fails leaves its
     // buffer absent and is not reported.
@@ -49,7 +52,7 @@ private:
     void ensureEngine();
     void makeCheckPair();
     // Empty where the cipher fails, or where no reader would take what is archived.
-    QByteArray enciphered(const Foundation::Value &root);
+    QByteArray enciphered(QByteArray archive);
 
     DocumentState &m_state;
 };

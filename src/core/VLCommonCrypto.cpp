@@ -1,6 +1,7 @@
 #include "core/VLCommonCrypto.h"
 
 #include "core/KeyDerivation.h"
+#include "foundation/LargeArray.h"
 #include "foundation/RandomNumbers.h"
 
 #include <algorithm>
@@ -62,6 +63,7 @@ VLCipherStatus checkInput(const QByteArray &data, const CipherRun &run)
     return CipherSuccess;
 }
 
+// `result` may be `data` itself.
 VLCipherStatus runCipher(const QByteArray &data, const CipherRun &run, QByteArray &result)
 {
     if (const VLCipherStatus status = checkInput(data, run); status != CipherSuccess)
@@ -70,12 +72,16 @@ VLCipherStatus runCipher(const QByteArray &data, const CipherRun &run, QByteArra
     if (const VLCipherStatus status = prepareContext(context, run); status != CipherSuccess)
         return status;
 
+    const qsizetype size = data.size();
     // Allocated once and never filled beforehand: the buffers of a document can be the bulk of its cost.
-    result = QByteArray(data.size() + VLCommonCrypto::BlockSizeInBytes, Qt::Uninitialized);
+    if (&result == &data)
+        result.resize(size + VLCommonCrypto::BlockSizeInBytes);
+    else
+        result = Foundation::uninitializedBytes(size + VLCommonCrypto::BlockSizeInBytes);
     auto *const begin = reinterpret_cast<unsigned char *>(result.data());
     unsigned char *end = begin;
-    for (qsizetype taken = 0; taken < data.size(); taken += PieceSizeInBytes) {
-        const qsizetype pieceSize = std::min(PieceSizeInBytes, data.size() - taken);
+    for (qsizetype taken = 0; taken < size; taken += PieceSizeInBytes) {
+        const qsizetype pieceSize = std::min(PieceSizeInBytes, size - taken);
         int written = 0;
         if (!EVP_CipherUpdate(context.get(), end, &written, bytes(data) + taken, int(pieceSize)))
             return CipherParameterError;
@@ -184,19 +190,33 @@ std::optional<QByteArray> VLCommonCrypto::decrypt(const QByteArray &data, const 
     return doCipher(data, key, CipherDecrypt, padding, &unseen);
 }
 
+bool VLCommonCrypto::encryptInPlace(QByteArray &data, qint32 *error)
+{
+    quint32 padding = CipherPKCS7Padding;
+    *error = runWithNewKey(data, CipherEncrypt, &padding, data);
+    return *error == CipherSuccess;
+}
+
 std::optional<QByteArray> VLCommonCrypto::doCipher(const QByteArray &data, const QByteArray &key,
                                                    quint32 context, quint32 *padding, qint32 *error)
 {
     Q_UNUSED(key) // Required: a caller can't bring a key of its own.
-    m_AESKey = AESKeyForPassword(m_password, m_salt);
-    if (context == CipherEncrypt && *padding != CipherECBMode)
-        *padding = CipherPKCS7Padding;
     QByteArray result;
-    // A failure left in the library's queue would be taken for one of the next encrypted connection.
-    ERR_set_mark();
-    *error = runCipher(data, {VLCipherOperation(context), *padding, m_AESKey, m_IV}, result);
-    ERR_pop_to_mark();
+    *error = runWithNewKey(data, context, padding, result);
     if (*error != CipherSuccess)
         return std::nullopt;
     return result;
+}
+
+qint32 VLCommonCrypto::runWithNewKey(const QByteArray &data, quint32 context, quint32 *padding,
+                                     QByteArray &result)
+{
+    m_AESKey = AESKeyForPassword(m_password, m_salt);
+    if (context == CipherEncrypt && *padding != CipherECBMode)
+        *padding = CipherPKCS7Padding;
+    // A failure left in the library's queue would be taken for one of the next encrypted connection.
+    ERR_set_mark();
+    const qint32 status = runCipher(data, {VLCipherOperation(context), *padding, m_AESKey, m_IV}, result);
+    ERR_pop_to_mark();
+    return status;
 }

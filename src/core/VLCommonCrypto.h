@@ -72,6 +72,10 @@ public:
     [[nodiscard]] std::optional<QByteArray> encrypt(const QByteArray &data, qint32 *error);
     [[nodiscard]] std::optional<QByteArray> decrypt(const QByteArray &data, qint32 *error);
 
+    // encrypt() in the memory of the plain text, of which nothing is left. False after a failure, when `data`
+    // may hold anything.
+    [[nodiscard]] bool encryptInPlace(QByteArray &data, qint32 *error);
+
     // The same without a status and with an option word of the caller's, as in doCipher.
     [[nodiscard]] std::optional<QByteArray> encrypt(const QByteArray &data, const QByteArray &key,
                                                     quint32 *padding);
@@ -99,6 +103,9 @@ public:
     void setIV(const QByteArray &vector) { m_IV = vector; }
 
 private:
+    // The one way to the cipher, which derives the key. `result` may be `data` itself.
+    qint32 runWithNewKey(const QByteArray &data, quint32 context, quint32 *padding, QByteArray &result);
+
     QString m_password;
     QByteArray m_salt;
     QByteArray m_AESKey;

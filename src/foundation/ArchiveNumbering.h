@@ -2,6 +2,7 @@
 
 #include "foundation/Array.h"
 #include "foundation/Dictionary.h"
+#include "foundation/KeyedArchive.h"
 
 #include <array>
 #include <deque>
@@ -25,13 +26,24 @@ class ArchiveNumbering
 public:
     using Uid = quint32;
 
+    // A dictionary or an array.
+    struct Container
+    {
+        quint32 keyList = 0; // which of keyLists(), for a dictionary
+        quint32 count = 0;   // of entries
+    };
+
     explicit ArchiveNumbering(const Value &root);
+    explicit ArchiveNumbering(const ArchivedRows &rows);
 
     Uid rootUid() const noexcept { return m_rootUid; }
     // Objects by UID; the place of UID 0 is null. The class descriptions have the UIDs behind.
     const std::vector<const Value *> &objects() const noexcept { return m_objects; }
-    // The UIDs that each container refers to, container after container in the order of their own UIDs: of a
-    // dictionary all keys and then all values.
+    // In the order of their UIDs.
+    const std::vector<Container> &containers() const noexcept { return m_containers; }
+    // The keys of dictionaries; those of equal ones in a row are one list.
+    const std::vector<std::vector<Uid>> &keyLists() const noexcept { return m_keyLists; }
+    // The UIDs of all that the containers hold, container after container.
     const std::vector<Uid> &children() const noexcept { return m_children; }
     // 0 for a class that the archive does not need.
     const std::array<Uid, ArchivedClassCount> &classUids() const noexcept { return m_classUids; }
@@ -39,23 +51,30 @@ public:
     // Objects of the property list that lie inside archived ones: the lists of a dictionary, the number of a
     // date, names and contents of the fields of a colour. Those of the class descriptions are not among them.
     quint64 innerObjectCount() const noexcept { return m_innerObjectCount; }
-    // Bytes of all texts, data and numbers, about.
+    // Bytes of all texts, data and numbers, and of the references in dictionaries and arrays, about.
     qsizetype contentSize() const noexcept { return m_contentSize; }
 
 private:
     static constexpr qint64 SmallNumbers = 256;
+    static constexpr qsizetype Absent = -1;
 
     Uid uidOf(const Value &value);
     Uid uidOf(const Key &key);
     Uid once(Uid &uid, const Value &value);
     Uid append(const Value &value);
-    void numberChildren(const Dictionary &dictionary);
-    void numberChildren(const Array &array);
+    void numberRows(const ArchivedRows &rows);
+    void numberRest();
+    // `place` among the containers.
+    void numberChildren(const Dictionary &dictionary, std::size_t place);
+    void numberChildren(const Array &array, std::size_t place);
+    void setContainer(std::size_t place, std::size_t keyList, std::size_t count);
     void useClass(ArchivedClass archivedClass) { m_classUids[std::size_t(archivedClass)] = 1; }
     void numberClasses();
 
     std::vector<const Value *> m_objects;
-    std::vector<const Value *> m_containers; // those among the objects, in their order
+    std::vector<Container> m_containers;
+    std::vector<const Value *> m_unnumbered; // containers behind the rows, a queue
+    std::vector<std::vector<Uid>> m_keyLists;
     std::vector<Uid> m_children;
     std::array<Uid, ArchivedClassCount> m_classUids = {};
     Uid m_rootUid = 0;
@@ -69,7 +88,8 @@ private:
     std::array<Uid, SmallNumbers> m_smallNumbers = {};
     std::deque<Value> m_keyTexts; // stays where it is while it grows
     std::unordered_map<Key, Uid> m_keyUids;
-    std::vector<std::pair<Key, Uid>> m_lastKeys; // of the dictionary numbered last
+    std::vector<Key> m_lastKeys;      // of the dictionary numbered last
+    bool m_lastKeysAreListed = false; // as they are: those of a row differ from what is archived of it
 };
 
 } // namespace Foundation

@@ -2,11 +2,7 @@
 
 #include "foundation/BinaryObjectTable.h"
 
-#include <QtEndian>
-
 #include <algorithm>
-#include <bit>
-#include <cstring>
 #include <limits>
 
 namespace Foundation
@@ -14,32 +10,12 @@ namespace Foundation
 
 namespace
 {
-
-// Marker, marker of the count, count; and what putNumber() writes beyond a number.
-constexpr qsizetype LongestHead = 10 + 8;
 constexpr qsizetype TrailerSize = 32;
-
-int bytesFor(quint64 number)
-{
-    return number == 0 ? 1 : (71 - std::countl_zero(number)) / 8;
 }
-
-// 1, 2, 4 or 8, the widths of integer objects.
-int roundedBytesFor(quint64 number)
-{
-    return int(std::bit_ceil(unsigned(bytesFor(number))));
-}
-
-uchar widthBits(int bytes)
-{
-    return uchar(std::countr_zero(unsigned(bytes)));
-}
-
-} // namespace
 
 BinaryObjectWriter::BinaryObjectWriter(quint64 objectCount, qsizetype sizeEstimate)
-    : m_bytes(BinaryObjectTable::Magic.size() + sizeEstimate, Qt::Uninitialized)
-    , m_offsets(std::make_unique_for_overwrite<quint64[]>(objectCount))
+    : m_bytes(uninitializedBytes(BinaryObjectTable::Magic.size() + sizeEstimate))
+    , m_offsets(objectCount)
     , m_objectCount(objectCount)
     , m_referenceSize(bytesFor(objectCount))
 {
@@ -49,39 +25,12 @@ BinaryObjectWriter::BinaryObjectWriter(quint64 objectCount, qsizetype sizeEstima
     m_at += BinaryObjectTable::Magic.size();
 }
 
-void BinaryObjectWriter::makeRoom(qsizetype size)
+void BinaryObjectWriter::grow(qsizetype wanted)
 {
-    if (m_limit - m_at >= size)
-        return;
-    const qsizetype used = m_at - reinterpret_cast<uchar *>(m_bytes.data());
-    m_bytes.resize(std::max(used + size, used + used / 2));
+    const qsizetype used = size();
+    m_bytes.resize(std::max(used + wanted, used + used / 2));
     m_at = reinterpret_cast<uchar *>(m_bytes.data()) + used;
     m_limit = m_at - used + m_bytes.size();
-}
-
-void BinaryObjectWriter::begin(quint64 index, qsizetype size)
-{
-    makeRoom(size + LongestHead);
-    m_offsets[index] = quint64(m_at - reinterpret_cast<const uchar *>(m_bytes.constData()));
-}
-
-void BinaryObjectWriter::putNumber(quint64 number, int size)
-{
-    // One store of eight bytes, of which those behind the number are overwritten next: begin() leaves room.
-    qToBigEndian<quint64>(number << (64 - 8 * size), m_at);
-    m_at += size;
-}
-
-void BinaryObjectWriter::putHead(uchar sort, quint64 count)
-{
-    if (count < 0x0F) {
-        putByte(uchar(sort | count));
-        return;
-    }
-    const int size = roundedBytesFor(count);
-    putByte(sort | 0x0F);
-    putByte(0x10 | widthBits(size));
-    putNumber(count, size);
 }
 
 void BinaryObjectWriter::writeBool(quint64 index, bool value)
@@ -139,13 +88,6 @@ void BinaryObjectWriter::writeData(quint64 index, QByteArrayView data)
     m_at = std::copy_n(data.begin(), data.size(), m_at);
 }
 
-void BinaryObjectWriter::writeAscii(quint64 index, const char *text, qsizetype size)
-{
-    begin(index, size);
-    putHead(0x50, quint64(size));
-    m_at = std::copy_n(text, size, m_at);
-}
-
 void BinaryObjectWriter::writeUnits(quint64 index, const char16_t *units, qsizetype size)
 {
     begin(index, 2 * size);
@@ -162,32 +104,54 @@ void BinaryObjectWriter::writeUid(quint64 index, quint64 uid)
     putNumber(uid, size);
 }
 
-void BinaryObjectWriter::beginArray(quint64 index, quint64 count)
+void BinaryObjectWriter::writeUidRun(quint64 firstIndex, quint64 count)
 {
-    begin(index, qsizetype(count) * m_referenceSize);
-    putHead(0xA0, count);
+    if (count == 0)
+        return;
+    begin(firstIndex, qsizetype(count) * (1 + roundedBytesFor(count)));
+    m_runFirst = firstIndex;
+    m_runCount = count;
+    for (quint64 uid = 0; uid < count; ++uid) {
+        const int size = roundedBytesFor(uid);
+        putByte(uchar(0x80 | (size - 1)));
+        putNumber(uid, size);
+    }
 }
 
-void BinaryObjectWriter::beginDictionary(quint64 index, quint64 count)
+void BinaryObjectWriter::writeAgain(quint64 index, quint64 formerIndex, qsizetype size)
 {
-    begin(index, 2 * qsizetype(count) * m_referenceSize);
-    putHead(0xD0, count);
+    begin(index, size);
+    std::memcpy(m_at, m_bytes.constData() + m_offsets[formerIndex], std::size_t(size));
+    m_at += size;
+}
+
+void BinaryObjectWriter::putOffsets(quint64 from, quint64 to, int offsetSize)
+{
+    for (quint64 i = from; i < to; ++i)
+        putNumber(m_offsets[i], offsetSize);
 }
 
 QByteArray BinaryObjectWriter::finish(quint64 topObject)
 {
-    const auto tableOffset = quint64(m_at - reinterpret_cast<const uchar *>(m_bytes.constData()));
+    const auto tableOffset = quint64(size());
     const int offsetSize = bytesFor(tableOffset);
-    makeRoom(qsizetype(m_objectCount) * offsetSize + TrailerSize + LongestHead);
-    for (quint64 i = 0; i < m_objectCount; ++i)
-        putNumber(m_offsets[i], offsetSize);
+    const qsizetype tableSize = qsizetype(m_objectCount) * offsetSize + TrailerSize + LongestHead;
+    if (m_limit - m_at < tableSize)
+        grow(tableSize);
+    putOffsets(0, m_runFirst, offsetSize);
+    quint64 offset = m_runCount > 0 ? m_offsets[m_runFirst] : 0;
+    for (quint64 uid = 0; uid < m_runCount; ++uid) {
+        putNumber(offset, offsetSize);
+        offset += 1 + quint64(roundedBytesFor(uid));
+    }
+    putOffsets(m_runFirst + m_runCount, m_objectCount, offsetSize);
     putNumber(0, 6);
     putByte(uchar(offsetSize));
     putByte(uchar(m_referenceSize));
     putNumber(m_objectCount, 8);
     putNumber(topObject, 8);
     putNumber(tableOffset, 8);
-    m_bytes.truncate(m_at - reinterpret_cast<const uchar *>(m_bytes.constData()));
+    m_bytes.truncate(size());
     return std::move(m_bytes);
 }
 

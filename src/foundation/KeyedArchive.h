@@ -1,7 +1,8 @@
 #pragma once
 
+#include "foundation/Array.h"
+#include "foundation/Key.h"
 #include "foundation/ReadBudget.h"
-#include "foundation/Value.h"
 
 #include <QByteArray>
 
@@ -42,5 +43,17 @@ bool canBeUnarchived(const QByteArray &binaryArchive);
 
 // `root` may be Null. The graph below it must not contain itself.
 QByteArray archivedData(const Value &root);
+
+// An array of dictionaries as it is to be archived: of each a copy that lacks an entry and has a value of its
+// own in another. The copies are never made.
+struct ArchivedRows
+{
+    const Array &rows; // of dictionaries only
+    Key omitted;
+    // Which entry has the values below, in its place or at the end; not looked at if there are none.
+    Key replaced;
+    std::vector<Value> replacements; // one for each row
+};
+QByteArray archivedData(const ArchivedRows &rows);
 
 } // namespace Foundation

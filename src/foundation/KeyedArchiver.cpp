@@ -66,6 +66,7 @@ public:
     explicit ArchiveWriter(const ArchiveNumbering &numbering)
         : m_numbering(numbering)
         , m_nextInner(FixedObjectCount + 2 * quint64(numbering.uidCount()))
+        , m_nextContainer(numbering.containers().data())
         , m_nextChild(numbering.children().data())
         , m_writer(m_nextInner + innerObjectCount(), sizeEstimate())
     {
@@ -80,8 +81,7 @@ public:
             if (m_numbering.classUids()[i] != 0)
                 writeClass(objectNumber(m_numbering.classUids()[i]), lineages[i]);
         }
-        for (Uid uid = 0; uid < m_numbering.uidCount(); ++uid)
-            m_writer.writeUid(referrerNumber(uid), uid);
+        m_writer.writeUidRun(referrerNumber(0), m_numbering.uidCount());
         return m_writer.finish(TopDictionary);
     }
 
@@ -106,10 +106,11 @@ private:
     // A little too much rather than too little: what is left over is never touched.
     qsizetype sizeEstimate() const
     {
-        constexpr qsizetype PerUid = 5 + 9 + 18 + 5;
+        constexpr qsizetype PerUid = 4 + 5 + 2 * 4; // on the list of objects, to refer to it, and two offsets
+        constexpr qsizetype PerInnerObject = 4;
         constexpr qsizetype Frame = 1024;
-        return m_numbering.contentSize() + qsizetype(m_numbering.children().size()) * 4 +
-               qsizetype(m_numbering.uidCount()) * PerUid + Frame;
+        return m_numbering.contentSize() + qsizetype(m_numbering.uidCount()) * PerUid +
+               qsizetype(innerObjectCount()) * PerInnerObject + Frame;
     }
 
     void writeReferences(std::initializer_list<quint64> references)
@@ -155,9 +156,9 @@ private:
         case Value::Type::Date:
             return writeDate(number, value.dateValue());
         case Value::Type::Dictionary:
-            return writeDictionary(number, quint64(value.dictionary()->count()));
+            return writeDictionary(number, *m_nextContainer++);
         case Value::Type::Array:
-            return writeArray(number, quint64(value.array()->count()));
+            return writeArray(number, *m_nextContainer++);
         case Value::Type::Opaque:
             if (value.color())
                 return writeColor(number, value.color()->color);
@@ -199,23 +200,40 @@ private:
         m_writer.writeData(names + 3, componentsOfColor(color));
     }
 
-    void writeDictionary(quint64 number, quint64 count)
+    void writeDictionary(quint64 number, const ArchiveNumbering::Container &container)
     {
         const quint64 keys = m_nextInner++;
         const quint64 values = m_nextInner++;
         m_writer.beginDictionary(number, 3);
         writeReferences({KeysField, ObjectsField, ClassField, keys, values,
                          classReferrer(ArchivedClass::MutableDictionary)});
-        writeChildren(keys, count);
-        writeChildren(values, count);
+        writeKeys(keys, container.keyList);
+        writeChildren(values, container.count);
     }
 
-    void writeArray(quint64 number, quint64 count)
+    // Records mostly have the keys of the record before them.
+    void writeKeys(quint64 number, quint32 keyList)
+    {
+        if (m_lastKeys != 0 && keyList == m_lastKeyList) {
+            m_writer.writeAgain(number, m_lastKeys, m_sizeOfLastKeys);
+            return;
+        }
+        const qsizetype begin = m_writer.size();
+        const auto &keys = m_numbering.keyLists()[keyList];
+        m_writer.beginArray(number, keys.size());
+        for (const Uid key : keys)
+            m_writer.writeReference(referrerNumber(key));
+        m_lastKeys = number;
+        m_lastKeyList = keyList;
+        m_sizeOfLastKeys = m_writer.size() - begin;
+    }
+
+    void writeArray(quint64 number, const ArchiveNumbering::Container &container)
     {
         const quint64 values = m_nextInner++;
         m_writer.beginDictionary(number, 2);
         writeReferences({ObjectsField, ClassField, values, classReferrer(ArchivedClass::MutableArray)});
-        writeChildren(values, count);
+        writeChildren(values, container.count);
     }
 
     void writeChildren(quint64 number, quint64 count)
@@ -241,7 +259,11 @@ private:
 
     const ArchiveNumbering &m_numbering;
     quint64 m_nextInner;
+    const ArchiveNumbering::Container *m_nextContainer;
     const Uid *m_nextChild;
+    quint64 m_lastKeys = 0; // the number of their array; 0 before the first
+    quint32 m_lastKeyList = 0;
+    qsizetype m_sizeOfLastKeys = 0;
     BinaryObjectWriter m_writer;
 };
 
@@ -250,6 +272,12 @@ private:
 QByteArray archivedData(const Value &root)
 {
     const ArchiveNumbering numbering(root);
+    return ArchiveWriter(numbering).write();
+}
+
+QByteArray archivedData(const ArchivedRows &rows)
+{
+    const ArchiveNumbering numbering(rows);
     return ArchiveWriter(numbering).write();
 }
 

@@ -172,12 +172,7 @@ public:
                 m_memo.rememberScalar(slot, *made);
             return made;
         }
-        if (!m_memo.open(slot))
-            return std::nullopt;
-        auto made = instance(object);
-        if (made)
-            m_memo.close(slot, *made, valuesBefore);
-        return made;
+        return container(object, slot, valuesBefore);
     }
 
 private:
@@ -190,6 +185,17 @@ private:
     std::optional<Content> scalar(const Object &object)
     {
         return m_budget.spend(scalarCost(object)) ? Maker::scalar(object) : std::nullopt;
+    }
+
+    // Never a part of value(), which is called for every text and needs but few registers for one.
+    Q_NEVER_INLINE std::optional<Content> container(const Object &object, quint64 slot, quint64 valuesBefore)
+    {
+        if (!m_memo.open(slot))
+            return std::nullopt;
+        auto made = instance(object);
+        if (made)
+            m_memo.close(slot, *made, valuesBefore);
+        return made;
     }
 
     std::optional<Content> instance(const Object &object)

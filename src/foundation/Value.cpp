@@ -16,42 +16,6 @@ namespace Foundation
 namespace
 {
 
-// A text too long for a value: the characters follow the object in the same allocation.
-class TextBox : public RefCounted
-{
-public:
-    static TextBox *create(const void *characters, qsizetype size, bool wide)
-    {
-        const std::size_t bytes = std::size_t(size) << (wide ? 1 : 0);
-        void *room = ::operator new(sizeof(TextBox) + bytes);
-        auto *box = new (room) TextBox(quint32(size) | (wide ? WideFlag : 0));
-        std::memcpy(static_cast<void *>(box + 1), characters, bytes);
-        return box;
-    }
-    static void destroy(const TextBox *box)
-    {
-        box->~TextBox();
-        ::operator delete(const_cast<TextBox *>(box));
-    }
-    TextView view() const
-    {
-        const auto size = qsizetype(m_sizeAndWidth & ~WideFlag);
-        if (m_sizeAndWidth & WideFlag)
-            return {nullptr, reinterpret_cast<const char16_t *>(this + 1), size};
-        return {reinterpret_cast<const char *>(this + 1), nullptr, size};
-    }
-
-private:
-    static constexpr quint32 WideFlag = 0x80000000U;
-
-    explicit TextBox(quint32 sizeAndWidth)
-        : m_sizeAndWidth(sizeAndWidth)
-    {
-    }
-
-    quint32 m_sizeAndWidth;
-};
-
 class DataBox : public RefCounted
 {
 public:
@@ -103,6 +67,21 @@ std::string numericPrefix(const TextView &text)
 }
 
 } // namespace
+
+TextBox *TextBox::create(const void *characters, qsizetype size, bool wide)
+{
+    const std::size_t bytes = std::size_t(size) << (wide ? 1 : 0);
+    void *room = ::operator new(sizeof(TextBox) + bytes);
+    auto *box = new (room) TextBox(quint32(size) | (wide ? WideFlag : 0));
+    std::memcpy(static_cast<void *>(box + 1), characters, bytes);
+    return box;
+}
+
+void TextBox::destroy(const TextBox *box)
+{
+    box->~TextBox();
+    ::operator delete(const_cast<TextBox *>(box));
+}
 
 Value::Value(quint64 value) noexcept
 {
@@ -216,20 +195,6 @@ void Value::destroyShared() noexcept
         break;
     default:
         break;
-    }
-}
-
-TextView Value::text() const noexcept
-{
-    switch (kind()) {
-    case Kind::InlineAscii:
-        return {reinterpret_cast<const char *>(m_bytes), nullptr, m_bytes[SizeIndex]};
-    case Kind::InlineUnits:
-        return {nullptr, reinterpret_cast<const char16_t *>(m_bytes), m_bytes[SizeIndex]};
-    case Kind::Text:
-        return static_cast<const TextBox *>(shared())->view();
-    default:
-        return {};
     }
 }
 

@@ -25,6 +25,31 @@ struct TextView
     qsizetype size = 0; // in UTF-16 code units
 };
 
+// A text too long for a value: the characters follow the object in the same allocation.
+class TextBox : public RefCounted
+{
+public:
+    static TextBox *create(const void *characters, qsizetype size, bool wide);
+    static void destroy(const TextBox *box);
+    TextView view() const noexcept
+    {
+        const auto size = qsizetype(m_sizeAndWidth & ~WideFlag);
+        if (m_sizeAndWidth & WideFlag)
+            return {nullptr, reinterpret_cast<const char16_t *>(this + 1), size};
+        return {reinterpret_cast<const char *>(this + 1), nullptr, size};
+    }
+
+private:
+    static constexpr quint32 WideFlag = 0x80000000U;
+
+    explicit TextBox(quint32 sizeAndWidth)
+        : m_sizeAndWidth(sizeAndWidth)
+    {
+    }
+
+    quint32 m_sizeAndWidth;
+};
+
 // One dynamically typed value of a document: what a record, category or caption holds under a key.
 //
 // 16 bytes. Numbers, dates and short texts (to 14 ASCII characters or 7 UTF-16 units) lie in the value
@@ -205,6 +230,20 @@ private:
 };
 
 static_assert(sizeof(Value) == 16);
+
+inline TextView Value::text() const noexcept
+{
+    switch (kind()) {
+    case Kind::InlineAscii:
+        return {reinterpret_cast<const char *>(m_bytes), nullptr, m_bytes[SizeIndex]};
+    case Kind::InlineUnits:
+        return {nullptr, reinterpret_cast<const char16_t *>(m_bytes), m_bytes[SizeIndex]};
+    case Kind::Text:
+        return static_cast<const TextBox *>(shared())->view();
+    default:
+        return {};
+    }
+}
 
 } // namespace Foundation
 

@@ -1,5 +1,6 @@
 #include "DocumentJson.h"
 #include "core/TestDocument.h"
+#include "foundation/KeyedArchive.h"
 #include "foundation/Services.h"
 #include "support/Printers.h"
 
@@ -129,6 +130,11 @@ TEST(SampleDocuments, KeepTheirContentThroughASave)
             document.record(i)->setValue(RecordKey::cat_uniqueID, id);
         }
         document.category(0)->setValue(CategoryKey::records, Value());
+        const SavePipeline pipeline(document.state);
+        EXPECT_EQ(pipeline.archivedRecords(),
+                  Foundation::archivedData(pipeline.getCopyOfContentArrayForSaveOperation()));
+        EXPECT_EQ(pipeline.archivedCategories(),
+                  Foundation::archivedData(pipeline.getCopyOfCategoryArrayForSaveOperation()));
         TestDocument reopened = TestDocument::fromFile(document.save());
         ASSERT_EQ(reopened.openWith(document.state.plainPassword), 0);
         EXPECT_EQ(reopened.json(), document.json());

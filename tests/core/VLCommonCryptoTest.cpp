@@ -29,6 +29,9 @@ QByteArray enciphered(VLCommonCrypto &engine, const QByteArray &plain)
     qint32 error = 1;
     const std::optional<QByteArray> cipher = engine.encrypt(plain, &error);
     EXPECT_EQ(error, CipherSuccess);
+    QByteArray inPlace = plain;
+    EXPECT_TRUE(engine.encryptInPlace(inPlace, &error));
+    EXPECT_EQ(inPlace, cipher);
     return cipher.value_or(QByteArray());
 }
 
@@ -42,6 +45,8 @@ qint32 failureOfDeciphering(VLCommonCrypto &engine, const QByteArray &cipher)
 qint32 failureOfEnciphering(VLCommonCrypto &engine)
 {
     qint32 error = 1;
+    QByteArray inPlace = "contacts";
+    EXPECT_FALSE(engine.encryptInPlace(inPlace, &error));
     EXPECT_EQ(engine.encrypt("contacts", &error), std::nullopt);
     return error;
 }
