@@ -96,6 +96,14 @@ void encodeRecords(benchmark::State &state)
     measure(state, archiveOf(document), [&] { return archiveOf(document); });
 }
 
+// What a save does before it enciphers: reading without making anything.
+void checkRecords(benchmark::State &state)
+{
+    DocumentState document = sampleDocument(int(state.range(0)));
+    const QByteArray archive = archiveOf(document);
+    measure(state, archive, [&] { return Foundation::canBeUnarchived(archive); });
+}
+
 void memoryOfRecords(benchmark::State &state)
 {
     constexpr double Mebibyte = 1024.0 * 1024.0;
@@ -140,6 +148,31 @@ void saveDocument(benchmark::State &state)
     measure(state, file, [&] { return SavePipeline(document).dataOfType({}); });
 }
 
+// What a lock does to the content, apart from the window.
+void lockDocument(benchmark::State &state)
+{
+    DocumentState document = sampleDocument(int(state.range(0)));
+    const QByteArray archive = archiveOf(document);
+    measure(state, archive, [&] {
+        SavePipeline(document).encryptData();
+        return SavePipeline::canBeRead(document);
+    });
+}
+
+// Contacts that were all given one text, which is measured by what it would take if it were copied.
+void openSharedText(benchmark::State &state)
+{
+    constexpr qsizetype Length = 2000;
+    DocumentState saved = sampleDocument(int(state.range(0)));
+    const Value note(QString(Length, u'n'));
+    for (const Value &record : saved.myArray->values)
+        record.dictionary()->setValue(RecordKey::note, note);
+    const QByteArray file = SavePipeline(saved).dataOfType({}).value_or(QByteArray());
+    if (!SavePipeline::canBeRead(saved))
+        state.SkipWithError("the document cannot be saved");
+    measureOpening(state, file, saved.plainPassword);
+}
+
 // As release 30000 wrote it, every field enciphered by itself.
 QByteArray fileOfOldRelease(const DocumentState &document)
 {
@@ -171,11 +204,21 @@ void ofRecords(benchmark::internal::Benchmark *benchmark)
     benchmark->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseManualTime();
 }
 
+// Up to the largest document that anybody is to have.
+void ofUpToAMillionRecords(benchmark::internal::Benchmark *benchmark)
+{
+    ofRecords(benchmark);
+    benchmark->Arg(1000000);
+}
+
 BENCHMARK(decodeRecords)->Apply(&ofRecords);
 BENCHMARK(encodeRecords)->Apply(&ofRecords);
+BENCHMARK(checkRecords)->Apply(&ofRecords);
 BENCHMARK(memoryOfRecords)->Arg(1000)->Arg(10000)->Arg(100000)->Iterations(1);
 BENCHMARK(openDocument)->Apply(&ofRecords);
+BENCHMARK(openSharedText)->Apply(&ofUpToAMillionRecords);
 BENCHMARK(openOldRelease)->Apply(&ofRecords);
-BENCHMARK(saveDocument)->Apply(&ofRecords);
+BENCHMARK(saveDocument)->Apply(&ofUpToAMillionRecords);
+BENCHMARK(lockDocument)->Apply(&ofUpToAMillionRecords);
 
 } // namespace

@@ -6,6 +6,8 @@
 
 #include <QtGlobal>
 
+#include <utility>
+
 using Foundation::Array;
 using Foundation::Dictionary;
 using Foundation::Ref;
@@ -52,13 +54,13 @@ Ref<Array> SavePipeline::getCopyOfCategoryArrayForSaveOperation() const
     return categories;
 }
 
-QByteArray SavePipeline::archivedRecords() const
+QByteArray SavePipeline::archivedRecords(QByteArray memory) const
 {
     Foundation::ArchivedRows rows{*m_state.myArray, RecordKey::categoryPtr, RecordKey::cat_uniqueID, {}};
     rows.replacements.reserve(m_state.myArray->values.size());
     for (const Value &record : m_state.myArray->values)
         rows.replacements.emplace_back(idOfCategory(*record.dictionary()));
-    return Foundation::archivedData(rows);
+    return Foundation::archivedData(rows, std::move(memory));
 }
 
 QByteArray SavePipeline::archivedCategories() const
@@ -104,7 +106,9 @@ void SavePipeline::encryptData()
 {
     ensureEngine();
     m_state.refusesOwnContent = false;
-    m_state.myEncryptedArrayData = enciphered(archivedRecords());
+    // The memory of the former cipher text, which is nearly as large, costs less than fresh memory.
+    QByteArray former = std::exchange(m_state.myEncryptedArrayData, {});
+    m_state.myEncryptedArrayData = enciphered(archivedRecords(std::move(former)));
     m_state.myEncryptedCategoryArrayData = enciphered(archivedCategories());
     m_state.myEncriptedLabelDictionaryData = enciphered(Foundation::archivedData(m_state.myLabelDictionary));
     m_state.myEncryptedDocumentCreationDateData =

@@ -29,8 +29,8 @@ public:
     // category in place of the reference, categories without `records`.
     Foundation::Ref<Foundation::Array> getCopyOfContentArrayForSaveOperation() const;
     Foundation::Ref<Foundation::Array> getCopyOfCategoryArrayForSaveOperation() const;
-    // The archives of those copies, byte for byte, without making them.
-    QByteArray archivedRecords() const;
+    // The archives of those copies, byte for byte, without making them. `memory`: see archivedData.
+    QByteArray archivedRecords(QByteArray memory = {}) const;
     QByteArray archivedCategories() const;
 
     // Refreshes the four enciphered buffers from the plain content. A cipher step that fails leaves its

@@ -3,6 +3,7 @@
 #include "foundation/Array.h"
 #include "foundation/Dictionary.h"
 #include "foundation/KeyedArchive.h"
+#include "foundation/LargeArray.h"
 
 #include <array>
 #include <deque>
@@ -38,13 +39,13 @@ public:
 
     Uid rootUid() const noexcept { return m_rootUid; }
     // Objects by UID; the place of UID 0 is null. The class descriptions have the UIDs behind.
-    const std::vector<const Value *> &objects() const noexcept { return m_objects; }
+    const LargeVector<const Value *> &objects() const noexcept { return m_objects; }
     // In the order of their UIDs.
-    const std::vector<Container> &containers() const noexcept { return m_containers; }
+    const LargeVector<Container> &containers() const noexcept { return m_containers; }
     // The keys of dictionaries; those of equal ones in a row are one list.
     const std::vector<std::vector<Uid>> &keyLists() const noexcept { return m_keyLists; }
     // The UIDs of all that the containers hold, container after container.
-    const std::vector<Uid> &children() const noexcept { return m_children; }
+    const LargeVector<Uid> &children() const noexcept { return m_children; }
     // 0 for a class that the archive does not need.
     const std::array<Uid, ArchivedClassCount> &classUids() const noexcept { return m_classUids; }
     Uid uidCount() const noexcept { return m_uidCount; }
@@ -71,11 +72,11 @@ private:
     void useClass(ArchivedClass archivedClass) { m_classUids[std::size_t(archivedClass)] = 1; }
     void numberClasses();
 
-    std::vector<const Value *> m_objects;
-    std::vector<Container> m_containers;
+    LargeVector<const Value *> m_objects;
+    LargeVector<Container> m_containers;
     std::vector<const Value *> m_unnumbered; // containers behind the rows, a queue
     std::vector<std::vector<Uid>> m_keyLists;
-    std::vector<Uid> m_children;
+    LargeVector<Uid> m_children;
     std::array<Uid, ArchivedClassCount> m_classUids = {};
     Uid m_rootUid = 0;
     Uid m_uidCount = 0;

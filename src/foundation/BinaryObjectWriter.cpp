@@ -13,12 +13,17 @@ namespace
 constexpr qsizetype TrailerSize = 32;
 }
 
-BinaryObjectWriter::BinaryObjectWriter(quint64 objectCount, qsizetype sizeEstimate)
-    : m_bytes(uninitializedBytes(BinaryObjectTable::Magic.size() + sizeEstimate))
-    , m_offsets(objectCount)
+BinaryObjectWriter::BinaryObjectWriter(quint64 objectCount, qsizetype sizeEstimate, QByteArray memory)
+    : m_offsets(objectCount)
+    , m_highOffsets(objectCount)
     , m_objectCount(objectCount)
     , m_referenceSize(bytesFor(objectCount))
 {
+    const qsizetype wanted = BinaryObjectTable::Magic.size() + sizeEstimate;
+    // Growing it moves pages instead of copying. What is far too large would be kept for good.
+    const bool isUseful = memory.isDetached() && memory.capacity() / 2 <= wanted;
+    m_bytes = isUseful ? std::move(memory) : uninitializedBytes(wanted);
+    m_bytes.resize(std::max(wanted, m_bytes.size()));
     m_at = reinterpret_cast<uchar *>(m_bytes.data());
     m_limit = m_at + m_bytes.size();
     std::memcpy(m_at, BinaryObjectTable::Magic.data(), std::size_t(BinaryObjectTable::Magic.size()));
@@ -121,14 +126,14 @@ void BinaryObjectWriter::writeUidRun(quint64 firstIndex, quint64 count)
 void BinaryObjectWriter::writeAgain(quint64 index, quint64 formerIndex, qsizetype size)
 {
     begin(index, size);
-    std::memcpy(m_at, m_bytes.constData() + m_offsets[formerIndex], std::size_t(size));
+    std::memcpy(m_at, m_bytes.constData() + offset(formerIndex), std::size_t(size));
     m_at += size;
 }
 
 void BinaryObjectWriter::putOffsets(quint64 from, quint64 to, int offsetSize)
 {
     for (quint64 i = from; i < to; ++i)
-        putNumber(m_offsets[i], offsetSize);
+        putNumber(offset(i), offsetSize);
 }
 
 QByteArray BinaryObjectWriter::finish(quint64 topObject)
@@ -139,10 +144,10 @@ QByteArray BinaryObjectWriter::finish(quint64 topObject)
     if (m_limit - m_at < tableSize)
         grow(tableSize);
     putOffsets(0, m_runFirst, offsetSize);
-    quint64 offset = m_runCount > 0 ? m_offsets[m_runFirst] : 0;
+    quint64 runOffset = m_runCount > 0 ? offset(m_runFirst) : 0;
     for (quint64 uid = 0; uid < m_runCount; ++uid) {
-        putNumber(offset, offsetSize);
-        offset += 1 + quint64(roundedBytesFor(uid));
+        putNumber(runOffset, offsetSize);
+        runOffset += 1 + quint64(roundedBytesFor(uid));
     }
     putOffsets(m_runFirst + m_runCount, m_objectCount, offsetSize);
     putNumber(0, 6);

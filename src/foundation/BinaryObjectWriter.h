@@ -18,8 +18,9 @@ namespace Foundation
 class BinaryObjectWriter
 {
 public:
-    // `sizeEstimate`: bytes to set aside for the objects; a good one saves copying.
-    BinaryObjectWriter(quint64 objectCount, qsizetype sizeEstimate);
+    // `sizeEstimate`: bytes to set aside for the objects; a good one saves copying. `memory`: an array whose
+    // memory may be used, whatever it holds, which costs less than new one.
+    BinaryObjectWriter(quint64 objectCount, qsizetype sizeEstimate, QByteArray memory = {});
 
     void writeBool(quint64 index, bool value);
     // In as few bytes as hold it, as the format demands: 1, 2, 4 or 8.
@@ -75,7 +76,7 @@ private:
     {
         if (m_limit - m_at < size + LongestHead)
             grow(size + LongestHead);
-        m_offsets[index] = quint64(this->size());
+        setOffset(index, quint64(this->size()));
     }
     void putHead(uchar sort, quint64 count)
     {
@@ -96,13 +97,29 @@ private:
         qToBigEndian<quint64>(number << (64 - 8 * size), m_at);
         m_at += size;
     }
-    void grow(qsizetype size);
+    // By `wanted` bytes or more.
+    void grow(qsizetype wanted);
     void putOffsets(quint64 from, quint64 to, int offsetSize);
+    void setOffset(quint64 index, quint64 offset)
+    {
+        m_offsets[index] = quint32(offset);
+        if (const auto high = quint8(offset >> 32); high != 0) {
+            m_highOffsets[index] = high;
+            m_hasHighOffsets = true;
+        }
+    }
+    quint64 offset(quint64 index) const
+    {
+        return m_offsets[index] | (m_hasHighOffsets ? quint64(m_highOffsets[index]) << 32 : 0);
+    }
 
     QByteArray m_bytes;
     uchar *m_at;
     uchar *m_limit;
-    LargeArray<quint64> m_offsets; // by number; nothing for the run of UIDs
+    // By number; nothing for the run of UIDs. The high parts are hardly ever touched.
+    LargeArray<quint32> m_offsets;
+    LargeArray<quint8> m_highOffsets;
+    bool m_hasHighOffsets = false;
     quint64 m_objectCount;
     int m_referenceSize;
     quint64 m_runFirst = 0;

@@ -54,6 +54,7 @@ struct ArchivedRows
     Key replaced;
     std::vector<Value> replacements; // one for each row
 };
-QByteArray archivedData(const ArchivedRows &rows);
+// `memory`: bytes that are no longer needed and not shared, in whose place the archive may come.
+QByteArray archivedData(const ArchivedRows &rows, QByteArray memory = {});
 
 } // namespace Foundation

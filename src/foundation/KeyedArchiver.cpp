@@ -63,12 +63,12 @@ constexpr Lineage lineages[ArchivedClassCount] = {{{"NSMutableDictionary", "NSDi
 class ArchiveWriter
 {
 public:
-    explicit ArchiveWriter(const ArchiveNumbering &numbering)
+    explicit ArchiveWriter(const ArchiveNumbering &numbering, QByteArray memory = {})
         : m_numbering(numbering)
         , m_nextInner(FixedObjectCount + 2 * quint64(numbering.uidCount()))
         , m_nextContainer(numbering.containers().data())
         , m_nextChild(numbering.children().data())
-        , m_writer(m_nextInner + innerObjectCount(), sizeEstimate())
+        , m_writer(m_nextInner + innerObjectCount(), sizeEstimate(), std::move(memory))
     {
     }
 
@@ -275,10 +275,10 @@ QByteArray archivedData(const Value &root)
     return ArchiveWriter(numbering).write();
 }
 
-QByteArray archivedData(const ArchivedRows &rows)
+QByteArray archivedData(const ArchivedRows &rows, QByteArray memory)
 {
     const ArchiveNumbering numbering(rows);
-    return ArchiveWriter(numbering).write();
+    return ArchiveWriter(numbering, std::move(memory)).write();
 }
 
 } // namespace Foundation

@@ -37,8 +37,19 @@ struct Building
     static Content date(double secondsSince2001) { return Value::date(secondsSince2001); }
     static Content color(const Color &color) { return Ref<OpaqueObject>(new ColorObject(color)); }
     static Content text(const QString &text) { return Value(text); }
-    // Small ones are made anew as quickly as they are found.
-    static bool isWorthRemembering(const Content &content) { return content.sharedObject() != nullptr; }
+    // A scalar that may have been met before. Small ones are made anew as quickly as they are found.
+    template <class MakeNew>
+    static std::optional<Content> remembered(ObjectMemo<Content> &memo, quint64 slot, const Object &,
+                                             MakeNew makeNew)
+    {
+        if (const Content *known = memo.find(slot))
+            return *known;
+        memo.count();
+        auto made = makeNew();
+        if (made && made->sharedObject())
+            memo.rememberScalar(slot, *made);
+        return made;
+    }
     static Value::Type typeOf(const Content &content) { return content.type(); }
     static bool isColor(const Content &content) { return bool(content.color()); }
     static QByteArray data(const Content &content) { return content.dataValue(); }
@@ -84,7 +95,6 @@ struct Checking
     {
         Value::Type type;
         QByteArrayView bytes; // of data; of a text only the size, in units
-        bool isLarge = false;
     };
     struct Name
     {
@@ -102,19 +112,31 @@ struct Checking
     static std::optional<Content> scalar(const Object &object)
     {
         const auto type = scalarType(object);
-        if (!type)
-            return std::nullopt;
-        return Content{*type,
-                       {reinterpret_cast<const char *>(object.payload), qsizetype(object.count)},
-                       scalarCost(object) > 0};
+        return type ? std::optional(ofType(*type, object)) : std::nullopt;
+    }
+    static Content ofType(Value::Type type, const Object &object)
+    {
+        return {type, {reinterpret_cast<const char *>(object.payload), qsizetype(object.count)}};
+    }
+    template <class MakeNew>
+    static std::optional<Content> remembered(ObjectMemo<Content> &memo, quint64 slot, const Object &object,
+                                             MakeNew makeNew)
+    {
+        memo.count();
+        // A long text is looked through once.
+        if (memo.isMarkedScalar(slot))
+            return ofType(object.kind == Kind::Data ? Value::Type::Data : Value::Type::String, object);
+        const auto made = makeNew();
+        if (made && scalarCost(object) > 0)
+            memo.markScalar(slot);
+        return made;
     }
     static Content date(double) { return {Value::Type::Date, {}}; }
     static Content color(const Color &) { return {Value::Type::Opaque, {}}; }
     static Content text(const QString &text)
     {
-        return {Value::Type::String, {static_cast<const char *>(nullptr), text.size()}, true};
+        return {Value::Type::String, {static_cast<const char *>(nullptr), text.size()}};
     }
-    static bool isWorthRemembering(const Content &content) { return content.isLarge; }
     static Value::Type typeOf(const Content &content) { return content.type; }
     static bool isColor(const Content &content) { return content.type == Value::Type::Opaque; }
     static QByteArray data(const Content &content) { return content.bytes.toByteArray(); }
@@ -162,17 +184,8 @@ public:
         if (object.kind == Kind::Invalid)
             return std::nullopt;
         // Equal texts may stand in the list once and are shared; of dictionaries each UID has its own.
-        const quint64 slot = isContainer ? m_table.objectCount() + uid : index;
-        if (const Content *known = m_memo.find(slot))
-            return m_memo.isWithinBounds() ? std::optional(*known) : std::nullopt;
-        const quint64 valuesBefore = m_memo.count();
-        if (!isContainer) {
-            auto made = scalar(object);
-            if (made && Maker::isWorthRemembering(*made))
-                m_memo.rememberScalar(slot, *made);
-            return made;
-        }
-        return container(object, slot, valuesBefore);
+        return isContainer ? container(object, m_table.objectCount() + uid)
+                           : Maker::remembered(m_memo, index, object, [&] { return scalar(object); });
     }
 
 private:
@@ -188,8 +201,11 @@ private:
     }
 
     // Never a part of value(), which is called for every text and needs but few registers for one.
-    Q_NEVER_INLINE std::optional<Content> container(const Object &object, quint64 slot, quint64 valuesBefore)
+    Q_NEVER_INLINE std::optional<Content> container(const Object &object, quint64 slot)
     {
+        if (const Content *known = m_memo.find(slot))
+            return m_memo.isWithinBounds() ? std::optional(*known) : std::nullopt;
+        const quint64 valuesBefore = m_memo.count();
         if (!m_memo.open(slot))
             return std::nullopt;
         auto made = instance(object);

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 namespace Foundation
 {
@@ -44,5 +45,29 @@ private:
     };
     std::unique_ptr<T, Free> m_elements;
 };
+
+// For vectors that may become large: their memory comes in large pages where the system has them.
+template <class T>
+struct LargePageAllocator
+{
+    using value_type = T;
+
+    LargePageAllocator() = default;
+    template <class Other>
+    LargePageAllocator(const LargePageAllocator<Other> &) noexcept
+    {
+    }
+    T *allocate(std::size_t count)
+    {
+        void *memory = ::operator new(count * sizeof(T));
+        adviseLargePages(memory, count * sizeof(T));
+        return static_cast<T *>(memory);
+    }
+    void deallocate(T *memory, std::size_t) noexcept { ::operator delete(memory); }
+    friend bool operator==(const LargePageAllocator &, const LargePageAllocator &) noexcept { return true; }
+};
+
+template <class T>
+using LargeVector = std::vector<T, LargePageAllocator<T>>;
 
 } // namespace Foundation

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <vector>
 
 namespace Foundation
 {
@@ -76,6 +75,9 @@ public:
         remember(slot, {content, m_values - valuesBefore, height});
     }
     void rememberScalar(quint64 slot, const Content &content) { remember(slot, {content, 1, 0}); }
+    // For a reader that needs no more than to know that a scalar was met.
+    void markScalar(quint64 slot) noexcept { m_slots[slot] = MetScalar; }
+    bool isMarkedScalar(quint64 slot) const noexcept { return m_slots[slot] == MetScalar; }
 
 private:
     struct Made
@@ -85,7 +87,8 @@ private:
         int height;     // levels of containers, itself included
     };
     static constexpr quint32 Open = 1; // 0 is a slot of which nothing is known.
-    static constexpr quint32 FirstMade = 2;
+    static constexpr quint32 MetScalar = 2;
+    static constexpr quint32 FirstMade = 3;
 
     void noteHeight(int height) noexcept
     {
@@ -99,7 +102,7 @@ private:
     }
 
     LargeArray<quint32> m_slots;
-    std::vector<Made> m_made;
+    LargeVector<Made> m_made;
     quint64 m_values = 0; // met so far, expanded
     quint64 m_repeatedValues = 0;
     int m_depth = 0;
