@@ -53,7 +53,7 @@ struct Building
     static Value::Type typeOf(const Content &content) { return content.type(); }
     static bool isColor(const Content &content) { return bool(content.color()); }
     static QByteArray data(const Content &content) { return content.dataValue(); }
-    static qsizetype textSize(const Content &content) { return content.text().size; }
+    static quint64 textSize(const Content &content) { return quint64(content.text().size); }
     static Name name(const Content &text) { return Key(text.stringValue()); }
 
     static DictionaryInWork dictionary(quint64 count)
@@ -94,21 +94,22 @@ struct Checking
     struct Content
     {
         Value::Type type;
-        QByteArrayView bytes; // of data; of a text only the size, in units
+        const uchar *bytes = nullptr; // of data
+        quint64 size = 0;             // of data, and of a text in units
     };
     struct Name
     {
     };
     struct DictionaryInWork
     {
-        operator Content() const { return {Value::Type::Dictionary, {}}; }
+        operator Content() const { return {Value::Type::Dictionary}; }
     };
     struct ArrayInWork
     {
-        operator Content() const { return {Value::Type::Array, {}}; }
+        operator Content() const { return {Value::Type::Array}; }
     };
 
-    static Content null() { return {Value::Type::ArchivedNull, {}}; }
+    static Content null() { return {Value::Type::ArchivedNull}; }
     static std::optional<Content> scalar(const Object &object)
     {
         const auto type = scalarType(object);
@@ -116,7 +117,7 @@ struct Checking
     }
     static Content ofType(Value::Type type, const Object &object)
     {
-        return {type, {reinterpret_cast<const char *>(object.payload), qsizetype(object.count)}};
+        return {type, object.payload, object.count};
     }
     template <class MakeNew>
     static std::optional<Content> remembered(ObjectMemo<Content> &memo, quint64 slot, const Object &object,
@@ -131,16 +132,16 @@ struct Checking
             memo.markScalar(slot);
         return made;
     }
-    static Content date(double) { return {Value::Type::Date, {}}; }
-    static Content color(const Color &) { return {Value::Type::Opaque, {}}; }
-    static Content text(const QString &text)
-    {
-        return {Value::Type::String, {static_cast<const char *>(nullptr), text.size()}};
-    }
+    static Content date(double) { return {Value::Type::Date}; }
+    static Content color(const Color &) { return {Value::Type::Opaque}; }
+    static Content text(const QString &text) { return {Value::Type::String, nullptr, quint64(text.size())}; }
     static Value::Type typeOf(const Content &content) { return content.type; }
     static bool isColor(const Content &content) { return content.type == Value::Type::Opaque; }
-    static QByteArray data(const Content &content) { return content.bytes.toByteArray(); }
-    static qsizetype textSize(const Content &content) { return content.bytes.size(); }
+    static QByteArray data(const Content &content)
+    {
+        return {reinterpret_cast<const char *>(content.bytes), qsizetype(content.size)};
+    }
+    static quint64 textSize(const Content &content) { return content.size; }
     static Name name(const Content &) { return {}; }
     static DictionaryInWork dictionary(quint64) { return {}; }
     static void add(DictionaryInWork &, const Name &, bool, Content &&) {}
@@ -296,7 +297,7 @@ private:
             return &known->second;
         const auto text = value(uid);
         if (!text || Maker::typeOf(*text) != Value::Type::String ||
-            !m_budget.spend(ReadBudget::KeyName + 2 * quint64(Maker::textSize(*text))))
+            !m_budget.spend(ReadBudget::KeyName + 2 * Maker::textSize(*text)))
             return nullptr;
         return &m_namesByUid.emplace(uid, Maker::name(*text)).first->second;
     }

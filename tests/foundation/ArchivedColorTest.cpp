@@ -49,6 +49,7 @@ KeyedArchiveBuilder::Uid placeColor(KeyedArchiveBuilder &archive, qint32 space, 
 std::optional<Color> colorIn(const QByteArray &bytes)
 {
     const auto root = unarchivedRoot(bytes);
+    EXPECT_EQ(canBeUnarchived(bytes), root.has_value());
     return root && root->color() ? std::optional(root->color()->color) : std::nullopt;
 }
 

@@ -26,7 +26,10 @@ std::string unarchived(const std::function<Uid(KeyedArchiveBuilder &)> &build)
 {
     KeyedArchiveBuilder archive;
     const Uid root = build(archive);
-    return describe(unarchivedRoot(archive.bytes(root)));
+    const QByteArray bytes = archive.bytes(root);
+    const auto value = unarchivedRoot(bytes);
+    EXPECT_EQ(canBeUnarchived(bytes), value.has_value());
+    return describe(value);
 }
 
 Value texts(std::initializer_list<std::u16string_view> all)
