@@ -23,9 +23,11 @@ void replaceObjects(const Array &former, const Array &present, const std::vector
         const Ref<Dictionary> successor = present.at(i).dictionary();
         if (!successor)
             continue;
-        for (const Wanted &entry :
-             std::ranges::equal_range(wanted, former.at(i).sharedObject(), {}, &Wanted::object))
-            *entry.place = successor;
+        // Not by equal_range, whose result the clang of the fuzz targets does not compile.
+        const RefCounted *const object = former.at(i).sharedObject();
+        for (auto entry = std::ranges::lower_bound(wanted, object, {}, &Wanted::object);
+             entry != wanted.end() && entry->object == object; ++entry)
+            *entry->place = successor;
     }
 }
 
