@@ -110,6 +110,18 @@ void firstPaint(benchmark::State &state)
         state, [&] { open.lock(); }, [&] { open.show(); });
 }
 
+// Until the locked face stands there, and nothing is left to be done.
+void lock(benchmark::State &state)
+{
+    OpenWindow open(state.range(0));
+    measure(
+        state, [&] { open.show(); },
+        [&] {
+            open.document->doLockDocument();
+            QCoreApplication::processEvents();
+        });
+}
+
 void keystroke(benchmark::State &state, const char *before, const char *text)
 {
     OpenWindow open(state.range(0));
@@ -149,6 +161,7 @@ void sizes(benchmark::internal::Benchmark *benchmark)
 }
 
 BENCHMARK(firstPaint)->Apply(sizes);
+BENCHMARK(lock)->Apply(sizes)->Arg(1000000);
 BENCHMARK_CAPTURE(keystroke, absent, "quic", "quick q")->Apply(sizes);
 BENCHMARK_CAPTURE(keystroke, frequent, "", "e")->Apply(sizes);
 BENCHMARK_CAPTURE(keystroke, growing, "grac", "grace")->Apply(sizes);
