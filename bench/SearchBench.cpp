@@ -31,9 +31,10 @@ ArrayController::Objects recordsOf(const DocumentState &document)
 std::string allText(const ArrayController::Objects &records)
 {
     std::string text;
+    std::vector<SearchText::LengthChange> changes;
     for (const auto &record : records) {
         for (const auto &key : SearchIndex::searchedKeys()) {
-            SearchText::appendSearchForm(record->value(key).text(), text);
+            SearchText::appendSearchForm(record->value(key).text(), text, changes);
             text.push_back(char(0xFF));
         }
     }
@@ -55,9 +56,14 @@ double secondsOfMemmem(const std::string &text, const std::string &needle)
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-void search(benchmark::State &state, const QString &before, const QString &needle)
+void search(benchmark::State &state, const QString &before, const QString &needle,
+            void (*change)(const Dictionary &former, Dictionary &record) = nullptr)
 {
     const DocumentState document = sampleDocument(int(state.range(0)));
+    if (change) {
+        for (const auto &record : recordsOf(document))
+            change(*record->copy(), *record);
+    }
     const auto records = recordsOf(document);
     SearchIndex index;
     index.prepare(records);
@@ -97,6 +103,43 @@ void searchAccented(benchmark::State &state)
     search(state, QString(), QStringLiteral("Müller"));
 }
 
+// As other systems write file names, and some programs everything.
+void decomposeNames(const Dictionary &, Dictionary &record)
+{
+    for (const auto &key : {RecordKey::firstName, RecordKey::lastName})
+        record.setValue(key, record.value(key).stringValue().normalized(QString::NormalizationForm_D));
+}
+
+void decomposeAll(const Dictionary &former, Dictionary &record)
+{
+    for (const auto &entry : former.entries()) {
+        const QString text = QStringLiteral("ré ") + entry.value.stringValue();
+        if (entry.value.isString())
+            record.setValue(entry.key, text.normalized(QString::NormalizationForm_D));
+    }
+}
+
+void searchDecomposedNames(benchmark::State &state)
+{
+    search(state, QString(), QStringLiteral("e"), decomposeNames);
+}
+
+void searchAllDecomposed(benchmark::State &state, const char *needle)
+{
+    search(state, QString(), QString::fromUtf8(needle), decomposeAll);
+}
+
+void shareANote(const Dictionary &, Dictionary &record)
+{
+    static const Value note(QStringLiteral("the same for all of them ").repeated(80));
+    record.setValue(RecordKey::note, note);
+}
+
+void searchSharedNotes(benchmark::State &state)
+{
+    search(state, QString(), QStringLiteral("all of them e"), shareANote);
+}
+
 void searchGrowing(benchmark::State &state)
 {
     search(state, QStringLiteral("Lovel"), QStringLiteral("Lovela"));
@@ -133,6 +176,10 @@ BENCHMARK(searchAbsent)->Apply(&ofRecords);
 BENCHMARK(searchRare)->Apply(&ofRecords);
 BENCHMARK(searchFrequent)->Apply(&ofRecords);
 BENCHMARK(searchAccented)->Apply(&ofRecords);
+BENCHMARK(searchDecomposedNames)->Apply(&ofRecords);
+BENCHMARK_CAPTURE(searchAllDecomposed, frequent, "e")->Apply(&ofRecords);
+BENCHMARK_CAPTURE(searchAllDecomposed, composed, "é")->Apply(&ofRecords);
+BENCHMARK(searchSharedNotes)->Apply(&ofRecords);
 BENCHMARK(searchGrowing)->Apply(&ofRecords);
 BENCHMARK(searchGrowingFromFrequent)->Apply(&ofRecords);
 BENCHMARK(prepareSearch)->Apply(&ofRecords);

@@ -1,6 +1,5 @@
 #include "browse/SearchIndex.h"
 
-#include "browse/ByteSearch.h"
 #include "core/RecordModel.h"
 #include "foundation/DisplayText.h"
 
@@ -12,12 +11,10 @@ using Foundation::Key;
 using Foundation::TextView;
 using Foundation::Value;
 using SearchText::Needle;
-using SearchText::Shape;
 
 namespace
 {
 
-constexpr char TextEnd = char(0xFF);
 // What the first records tell of the room that all will take.
 constexpr std::size_t SampleSize = 1024;
 // How many candidates ahead the memory is told what will be read: they lie apart from one another.
@@ -53,14 +50,6 @@ private:
     std::array<const void *, 256> m_slots{};
 };
 
-bool anyFieldMatches(const Foundation::Dictionary &record, const Needle &needle)
-{
-    const auto &keys = SearchIndex::searchedKeys();
-    return std::any_of(keys.begin(), keys.end(), [&](const Key &key) {
-        return SearchText::matches(SearchText::lowerCase(displayText(record.value(key))), needle.lowerCase);
-    });
-}
-
 } // namespace
 
 const std::vector<Key> &SearchIndex::searchedKeys()
@@ -77,8 +66,7 @@ const std::vector<Key> &SearchIndex::searchedKeys()
 void SearchIndex::makeRow(const Dictionary &record, Row &row)
 {
     static const SearchedKeySet searched;
-    m_scratch.clear();
-    row.shape = Shape::Plain;
+    m_draft.clear();
     for (const auto &entry : record.entries()) {
         if (!searched.contains(entry.key))
             continue;
@@ -87,30 +75,32 @@ void SearchIndex::makeRow(const Dictionary &record, Row &row)
         const TextView text = entry.value.isString() ? entry.value.text() : shown.text();
         if (text.size == 0)
             continue;
-        row.shape = std::max(row.shape, SearchText::appendSearchForm(text, m_scratch));
-        m_scratch.push_back(TextEnd);
+        if (SharedSearchForms::takes(entry.value))
+            m_draft.appendNumber(m_shared.use(entry.value, text));
+        else
+            m_draft.append(text);
     }
-    row.length = m_scratch.size();
-    if (row.length > row.capacity) {
-        dropRow(row);
-        row.begin = m_forms.size() - BytesReadBehind;
-        row.capacity = row.length;
-        m_forms.resize(m_forms.size() + row.length);
-    }
-    std::copy(m_scratch.begin(), m_scratch.end(), m_forms.begin() + std::ptrdiff_t(row.begin));
+    releaseShared(row); // After the new ones: mostly they are the same.
+    m_forms.store(m_draft, row);
+}
+
+void SearchIndex::releaseShared(const Row &row)
+{
+    for (int i = 0; i < row.numberCount; ++i)
+        m_shared.release(m_forms.number(row, i));
 }
 
 void SearchIndex::dropRow(const Row &row)
 {
-    m_unusedBytes += row.capacity;
+    releaseShared(row);
+    m_forms.drop(row);
 }
 
 void SearchIndex::makeAllRows(const Objects &records)
 {
     m_rows.clear();
-    m_forms.assign(BytesReadBehind, TextEnd);
-    m_forms.shrink_to_fit();
-    m_unusedBytes = 0;
+    m_forms.clear();
+    m_shared.clear();
     std::size_t made = 0;
     m_rows.update(
         records,
@@ -125,10 +115,7 @@ void SearchIndex::makeAllRows(const Objects &records)
 
 void SearchIndex::prepare(const Objects &records)
 {
-    const bool isFirst = m_forms.empty();
-    if (isFirst)
-        m_forms.assign(BytesReadBehind, TextEnd);
-    if (isFirst || m_rows.rows().empty() || m_unusedBytes > m_forms.size() / 2) {
+    if (m_rows.rows().empty() || m_forms.isMostlyUnused()) {
         m_lastSearchForm.reset();
         makeAllRows(records);
         return;
@@ -139,64 +126,58 @@ void SearchIndex::prepare(const Objects &records)
         m_lastSearchForm.reset();
 }
 
-void SearchIndex::findCandidates(const std::string &searchForm)
+template <class Test>
+bool SearchIndex::anyShared(const Row &row, Test test) const
+{
+    for (int i = 0; i < row.numberCount; ++i) {
+        if (test(m_forms.number(row, i)))
+            return true;
+    }
+    return false;
+}
+
+SearchIndex::Positions SearchIndex::findMatches(const Needle &needle)
 {
     const auto &rows = m_rows.rows();
-    const bool onlyGrew = m_lastSearchForm && searchForm.starts_with(*m_lastSearchForm);
+    const bool onlyGrew = m_lastSearchForm && needle.searchForm.starts_with(*m_lastSearchForm);
     if (!onlyGrew) {
         m_candidates.resize(rows.size());
         for (quint32 i = 0; i < rows.size(); ++i)
             m_candidates[i] = {i, 0};
     }
+    m_shared.search(needle, onlyGrew);
+    const auto mayMatch = [this](quint32 number) { return m_shared.mayMatch(number); };
+    const auto isMatch = [this](quint32 number) { return m_shared.isMatch(number); };
+    Positions matches;
     std::size_t kept = 0;
     for (std::size_t i = 0; i < m_candidates.size(); ++i) {
         if (onlyGrew && i + LookAhead < m_candidates.size()) {
             const Candidate &next = m_candidates[i + LookAhead];
-            __builtin_prefetch(m_forms.data() + rows[next.position].begin + next.firstOccurrence);
+            m_forms.prefetch(rows[next.position], next.firstOccurrence);
         }
         Candidate candidate = m_candidates[i];
         const Row &row = rows[candidate.position];
-        const char *begin = m_forms.data() + row.begin;
-        const char *found = findBytes(begin + candidate.firstOccurrence, begin + row.length, searchForm);
-        if (!found)
+        candidate.firstOccurrence = m_forms.find(row, candidate.firstOccurrence, needle.searchForm);
+        if (candidate.firstOccurrence == row.length && !anyShared(row, mayMatch))
             continue;
-        candidate.firstOccurrence = std::size_t(found - begin);
         m_candidates[kept++] = candidate;
+        if (m_forms.isMatch(row, candidate.firstOccurrence, needle) || anyShared(row, isMatch))
+            matches.push_back(candidate.position);
     }
     m_candidates.resize(kept);
-    m_lastSearchForm = searchForm;
-}
-
-bool SearchIndex::isMatch(const Candidate &candidate, const Dictionary &record, const Needle &needle) const
-{
-    const Row &row = m_rows.rows()[candidate.position];
-    if (row.shape == Shape::Unstable)
-        return anyFieldMatches(record, needle);
-    if (row.shape == Shape::Plain || !needle.keepsLength)
-        return needle.keepsLength;
-    const char *const begin = m_forms.data() + row.begin;
-    const char *const end = begin + row.length;
-    const char *found = begin + candidate.firstOccurrence;
-    while (found && !SearchText::isWholeInForm(begin, end, found, needle.searchForm.size()))
-        found = findBytes(found + 1, end, needle.searchForm);
-    return found != nullptr;
+    m_lastSearchForm = needle.searchForm;
+    return matches;
 }
 
 SearchIndex::Positions SearchIndex::search(const Objects &records, const QString &searchString)
 {
     prepare(records);
-    const Needle needle(searchString);
-    findCandidates(needle.searchForm);
-    Positions matches;
-    for (const Candidate &candidate : m_candidates) {
-        if (isMatch(candidate, *records[candidate.position], needle))
-            matches.push_back(candidate.position);
-    }
-    return matches;
+    return findMatches(Needle(searchString));
 }
 
 std::size_t SearchIndex::bytesUsed() const
 {
-    return m_forms.capacity() + m_rows.rows().size() * (sizeof(Row) + 2 * sizeof(quint64)) +
+    return m_forms.capacity() + m_shared.bytesUsed() +
+           m_rows.rows().size() * (sizeof(Row) + 2 * sizeof(quint64)) +
            m_candidates.capacity() * sizeof(Candidate);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "browse/SearchText.h"
+#include "browse/SearchForms.h"
+#include "browse/SharedSearchForms.h"
 #include "foundation/DerivedRows.h"
 
 #include <optional>
@@ -8,7 +9,7 @@
 // The text search over the records of one list: finds at once which records match, record for record as a
 // look into each of their fields would. Keeps the search forms of all fields of all records side by side,
 // which takes about as much memory as the texts themselves and 64 bytes a record, and follows every change
-// in the records by itself.
+// in the records by itself. A long text that several records share is kept and looked through once.
 //
 // While a needle only grows, only the records are looked at that could match before.
 class SearchIndex
@@ -30,34 +31,29 @@ public:
 
 private:
     using Dictionary = Foundation::Dictionary;
+    // The forms of a record's own texts, with the numbers of its shared ones.
+    using Row = SearchForms::Row;
 
-    struct Row
-    {
-        std::size_t begin = 0;  // in m_forms
-        std::size_t length = 0; // of the record's forms, each with the byte 0xFF behind it
-        std::size_t capacity = 0;
-        SearchText::Shape shape = SearchText::Shape::Plain; // the most difficult of them
-    };
-    // A record whose forms hold the needle, and where they do so first.
+    // A record in which the needle may be found, and where its own forms hold it first.
     struct Candidate
     {
         quint32 position;
-        std::size_t firstOccurrence;
+        std::size_t firstOccurrence; // the length of the forms if only shared texts hold it
     };
 
     void makeRow(const Dictionary &record, Row &row);
     void makeAllRows(const Objects &records);
     void dropRow(const Row &row);
-    void findCandidates(const std::string &searchForm);
-    bool isMatch(const Candidate &candidate, const Dictionary &record,
-                 const SearchText::Needle &needle) const;
+    void releaseShared(const Row &row);
+    Positions findMatches(const SearchText::Needle &needle);
+    // Whether one of the shared texts of a row is what `test` says.
+    template <class Test>
+    bool anyShared(const Row &row, Test test) const;
 
     Foundation::DerivedRows<Row> m_rows;
-    // The forms of all records, with room behind that may be read.
-    std::string m_forms;
-    std::size_t m_unusedBytes = 0;
-    // A record's forms while they are made.
-    std::string m_scratch;
+    SearchForms m_forms;
+    SharedSearchForms m_shared;
+    SearchForms::Draft m_draft;
     // Of the last search, as long as no record has changed.
     std::optional<std::string> m_lastSearchForm;
     std::vector<Candidate> m_candidates;

@@ -2,8 +2,8 @@
 
 #include <QLocale>
 
+#include <algorithm>
 #include <array>
-#include <vector>
 
 namespace SearchText
 {
@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr char16_t CapitalSigma = 0x03A3;
+constexpr char TextEnd = char(0xFF);
 
 bool isJoiningVowel(char32_t c)
 {
@@ -44,7 +45,7 @@ bool mayContinue(char32_t c)
 }
 
 // Lone surrogates come as they stand.
-char32_t codePointAt(const QString &text, qsizetype index)
+char32_t codePointAt(QStringView text, qsizetype index)
 {
     const QChar unit = text[index];
     if (unit.isHighSurrogate() && index + 1 < text.size() && text[index + 1].isLowSurrogate())
@@ -55,28 +56,6 @@ char32_t codePointAt(const QString &text, qsizetype index)
 qsizetype unitsOf(char32_t c)
 {
     return c > 0xFFFF ? 2 : 1;
-}
-
-struct ComposedCharacter
-{
-    qsizetype location;
-    QString canonical;
-};
-
-std::vector<ComposedCharacter> composedCharacters(const QString &text)
-{
-    std::vector<ComposedCharacter> characters;
-    for (qsizetype at = 0; at < text.size();) {
-        const qsizetype begin = at;
-        char32_t previous = codePointAt(text, at);
-        at += unitsOf(previous);
-        while (at < text.size() && continues(previous, codePointAt(text, at))) {
-            previous = codePointAt(text, at);
-            at += unitsOf(previous);
-        }
-        characters.push_back({begin, text.mid(begin, at - begin).normalized(QString::NormalizationForm_C)});
-    }
-    return characters;
 }
 
 void appendUtf8(char32_t c, std::string &bytes)
@@ -99,18 +78,13 @@ void appendUtf8(char32_t c, std::string &bytes)
     bytes.push_back(char(0x80 | (c & 0x3F)));
 }
 
-Shape appendAnySearchForm(const QString &lowered, std::string &bytes)
+void appendUtf8(QStringView text, std::string &bytes)
 {
-    const QString composed = lowered.normalized(QString::NormalizationForm_C);
-    Shape shape = composed == lowered ? Shape::Plain : Shape::Unstable;
-    for (qsizetype at = 0; at < composed.size();) {
-        const char32_t c = codePointAt(composed, at);
+    for (qsizetype at = 0; at < text.size();) {
+        const char32_t c = codePointAt(text, at);
         at += unitsOf(c);
-        if (shape == Shape::Plain && mayContinue(c))
-            shape = Shape::Marked;
         appendUtf8(c, bytes);
     }
-    return shape;
 }
 
 // The lower-case form of each character that keeps a text plain whatever stands beside it, and a sign for
@@ -151,19 +125,96 @@ private:
     std::array<char16_t, 0x10000> m_units;
 };
 
-bool appendPlainSearchForm(const Foundation::TextView &text, std::string &bytes)
+// The search form of one composed character: of a whole text the library would compose some wrongly (a
+// syllable behind U+114BE).
+struct ComposedForm
+{
+    explicit ComposedForm(const QString &character)
+    {
+        const QString lowered = lowerCase(character);
+        const QString composed = lowered.normalized(QString::NormalizationForm_C);
+        appendUtf8(composed, bytes);
+        lostUnits = qint32(lowered.size() - composed.size());
+        for (qsizetype at = 0; at < composed.size(); at += unitsOf(codePointAt(composed, at))) {
+            if (mayContinue(codePointAt(composed, at)))
+                shape = Shape::Marked;
+        }
+    }
+
+    std::string bytes;
+    qint32 lostUnits;
+    Shape shape = Shape::Plain;
+};
+
+// Keeps the forms of the short ones met last: texts consist of the same few over and over again.
+class ComposedForms
+{
+public:
+    static ComposedForms &cache()
+    {
+        static ComposedForms cache;
+        return cache;
+    }
+    // Valid until the next call.
+    const ComposedForm &formOf(QStringView character)
+    {
+        quint64 units = 0;
+        for (const QChar unit : character)
+            units = units << 16 | unit.unicode();
+        const bool isKept = character.size() <= 4 && !character.front().isNull();
+        Slot &slot = isKept ? m_slots[units * 0x9E3779B97F4A7C15 >> 52] : m_other;
+        if (!isKept || slot.units != units)
+            slot = {units, ComposedForm(character.toString())};
+        return slot.form;
+    }
+
+private:
+    struct Slot
+    {
+        quint64 units = 0; // no character kept has this
+        ComposedForm form{QString()};
+    };
+
+    std::vector<Slot> m_slots = std::vector<Slot>(4096);
+    Slot m_other;
+};
+
+qsizetype endOfComposedCharacter(QStringView text, qsizetype begin)
+{
+    char32_t previous = codePointAt(text, begin);
+    qsizetype end = begin + unitsOf(previous);
+    while (end < text.size() && continues(previous, codePointAt(text, end))) {
+        previous = codePointAt(text, end);
+        end += unitsOf(previous);
+    }
+    return end;
+}
+
+// Lower-casing looks beyond one composed character only for the sigma, which must not be in the text.
+Shape appendByCharacter(QStringView text, std::string &forms, std::vector<LengthChange> &changes)
 {
     const PlainLowerCase &lowerCase = PlainLowerCase::table();
-    const std::size_t begin = bytes.size();
-    for (qsizetype i = 0; i < text.size; ++i) {
-        const char16_t c = lowerCase[text.units[i]];
-        if (c == PlainLowerCase::NotPlain) {
-            bytes.resize(begin);
-            return false;
+    Shape shape = Shape::Plain;
+    for (qsizetype at = 0; at < text.size();) {
+        const char16_t c = lowerCase[text[at].unicode()];
+        const bool isLast = at + 1 == text.size();
+        if (c != PlainLowerCase::NotPlain &&
+            (isLast || lowerCase[text[at + 1].unicode()] != PlainLowerCase::NotPlain)) {
+            appendUtf8(c, forms);
+            ++at;
+            continue;
         }
-        appendUtf8(c, bytes);
+        const qsizetype end = endOfComposedCharacter(text, at);
+        const ComposedForm &form = ComposedForms::cache().formOf(text.sliced(at, end - at));
+        // A tail may follow jamos without joining them, and would seem to join the syllable that they become.
+        const bool seemsToContinue = at > 0 && mayContinue(codePointAt(text, at));
+        if (form.lostUnits != 0 || seemsToContinue)
+            changes.push_back({quint32(forms.size()), form.lostUnits});
+        forms += form.bytes;
+        shape = std::max(shape, form.shape);
+        at = end;
     }
-    return true;
+    return shape;
 }
 
 void appendAsciiSearchForm(const Foundation::TextView &text, std::string &bytes)
@@ -194,19 +245,6 @@ char32_t characterAt(const char *at)
     return c;
 }
 
-constexpr char TextEnd = char(0xFF);
-
-// Whether a composed character begins at this place of the form.
-bool isBoundary(const char *formBegin, const char *formEnd, const char *at)
-{
-    if (at == formBegin || at == formEnd || *at == TextEnd || at[-1] == TextEnd)
-        return true;
-    const char *previous = at - 1;
-    while (isTrailByte(*previous))
-        --previous;
-    return !continues(characterAt(previous), characterAt(at));
-}
-
 } // namespace
 
 QString lowerCase(const QString &text)
@@ -217,45 +255,36 @@ QString lowerCase(const QString &text)
     return language.toLower(text);
 }
 
-Range rangeOfString(const QString &text, const QString &needle)
-{
-    const auto hay = composedCharacters(text);
-    const auto sought = composedCharacters(needle);
-    for (std::size_t i = 0; i + sought.size() <= hay.size(); ++i) {
-        std::size_t equal = 0;
-        while (equal < sought.size() && hay[i + equal].canonical == sought[equal].canonical)
-            ++equal;
-        if (equal < sought.size())
-            continue;
-        const qsizetype end = i + equal < hay.size() ? hay[i + equal].location : text.size();
-        return {hay[i].location, end - hay[i].location};
-    }
-    return {};
-}
-
-Shape appendSearchForm(const Foundation::TextView &text, std::string &bytes)
+Shape appendSearchForm(const Foundation::TextView &text, std::string &forms,
+                       std::vector<LengthChange> &changes)
 {
     if (text.ascii) {
-        appendAsciiSearchForm(text, bytes);
+        appendAsciiSearchForm(text, forms);
         return Shape::Plain;
     }
-    if (appendPlainSearchForm(text, bytes))
-        return Shape::Plain;
-    return appendAnySearchForm(lowerCase(QString(reinterpret_cast<const QChar *>(text.units), text.size)),
-                               bytes);
+    const QStringView units(text.units, text.size);
+    if (units.contains(CapitalSigma))
+        return appendByCharacter(lowerCase(units.toString()), forms, changes);
+    return appendByCharacter(units, forms, changes);
 }
 
 Needle::Needle(const QString &text)
-    : lowerCase(SearchText::lowerCase(text))
 {
-    const Shape shape = appendAnySearchForm(lowerCase, searchForm);
-    keepsLength = shape != Shape::Unstable ||
-                  lowerCase.normalized(QString::NormalizationForm_C).size() == lowerCase.size();
+    std::vector<LengthChange> changes;
+    appendSearchForm({nullptr, reinterpret_cast<const char16_t *>(text.utf16()), text.size()}, searchForm,
+                     changes);
+    for (const LengthChange &change : changes)
+        lostUnits += change.units;
 }
 
-bool isWholeInForm(const char *formBegin, const char *formEnd, const char *occurrence, std::size_t length)
+bool isBoundary(const char *formBegin, const char *formEnd, const char *at)
 {
-    return isBoundary(formBegin, formEnd, occurrence) && isBoundary(formBegin, formEnd, occurrence + length);
+    if (at == formBegin || at == formEnd || *at == TextEnd || at[-1] == TextEnd)
+        return true;
+    const char *previous = at - 1;
+    while (isTrailByte(*previous))
+        --previous;
+    return !continues(characterAt(previous), characterAt(at));
 }
 
 } // namespace SearchText

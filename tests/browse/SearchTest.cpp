@@ -6,6 +6,7 @@
 
 #include <QLocale>
 
+#include <array>
 #include <random>
 
 using Foundation::Key;
@@ -98,6 +99,7 @@ TEST(Search, ComparesComposedCharactersInLowerCase)
         {"a first hit of another length hides the exact one", u"e\u0301 \u00E9"_qs, u"\u00E9"_qs, false},
         {"dotted capital I becomes i and a dot", u"İzmir"_qs, u"izmir"_qs, false},
         {"joiners part characters", u"👩\u200D💻"_qs, u"👩"_qs, true},
+        {"a mark before a syllable leaves it whole", u"\U000114BE각"_qs, u"각"_qs, true},
         {"no further than the text", u"end"_qs, u"ends"_qs, false},
     };
     for (const auto &c : cases) {
@@ -129,6 +131,19 @@ TEST(Search, LooksIntoEighteenKeysAndIntoTextsOnly)
     // Two fields side by side make no text together.
     records.front()->setValue(RecordKey::note, u"le"_qs);
     EXPECT_TRUE(index.search(records, u"needle 7le"_qs).empty());
+}
+
+TEST(Search, KeepsATextThatManyRecordsShareOnce)
+{
+    const Value shared(u"Needle 7 "_qs.repeated(200));
+    Records records(1000);
+    for (auto &record : records) {
+        record = Foundation::Dictionary::create();
+        record->setValue(RecordKey::note, shared);
+    }
+    SearchIndex index;
+    EXPECT_EQ(index.search(records, u"needle 7"_qs).size(), records.size());
+    EXPECT_LT(index.bytesUsed(), records.size() * 200);
 }
 
 // Texts of the kinds that go wrong: equivalents, marks, pairs and halves of them, special cases of case.
@@ -164,8 +179,12 @@ TEST(Search, FindsWhatThePlainRuleFindsThroughEveryChange)
 {
     OddTexts odd(20261123);
     const auto &keys = SearchIndex::searchedKeys();
+    std::array<Value, 3> longTexts; // which several records share, and which come and go
     const auto change = [&](Foundation::Dictionary &record) {
-        record.setValue(keys[odd.below(keys.size())], odd.text(6));
+        Value &shared = longTexts[odd.below(longTexts.size())];
+        if (odd.below(40) == 0)
+            shared = Value(odd.text(6) + QString(32, u'-') + odd.text(6));
+        record.setValue(keys[odd.below(keys.size())], odd.below(4) == 0 ? shared : Value(odd.text(6)));
     };
     Records records;
     for (int i = 0; i < 40; ++i) {
