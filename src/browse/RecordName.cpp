@@ -13,6 +13,11 @@ QString displayedNameOfRecord(const Foundation::Dictionary &record)
     // shows an empty name.
     if (record.value(RecordKey::isCompany).boolValue() && !company.isNull())
         return displayText(company);
+    return personNameOfRecord(record);
+}
+
+QString personNameOfRecord(const Foundation::Dictionary &record)
+{
     QString name = displayText(record.value(RecordKey::firstName));
     const Value &lastName = record.value(RecordKey::lastName);
     if (!lastName.isNull()) {

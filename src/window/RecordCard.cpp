@@ -6,7 +6,6 @@
 
 using Foundation::ArrayController;
 using Foundation::Dictionary;
-using Foundation::Value;
 
 namespace
 {
@@ -15,10 +14,8 @@ namespace
 QString subtitleOfRecord(const Dictionary &record)
 {
     const QString name = displayedNameOfRecord(record);
-    const auto person = record.copy();
-    person->setValue(RecordKey::isCompany, Value(false));
     for (const QString &other :
-         {displayedNameOfRecord(*person), Foundation::displayText(record.value(RecordKey::company))}) {
+         {personNameOfRecord(record), Foundation::displayText(record.value(RecordKey::company))}) {
         if (!other.isEmpty() && other != name)
             return other;
     }

@@ -46,6 +46,16 @@ protected:
     RecordingWorkspace workspace;
 };
 
+TEST_F(DetailTest, LookingAtAnotherContactChangesNoDictionary)
+{
+    addContact(u"Ada"_qs, u"Lovelace"_qs);
+    const quint64 stamp = Foundation::Dictionary::lastChangeStamp();
+    document()->myArrayController()->setSelectionIndex(0);
+    runEvents();
+    // Otherwise the next keystroke of a search looks for changes in all records.
+    EXPECT_EQ(Foundation::Dictionary::lastChangeStamp(), stamp);
+}
+
 TEST_F(DetailTest, AFieldOpensByItsButtonAndAsALink)
 {
     auto *button = control<QToolButton>("openWebWork");
