@@ -44,13 +44,14 @@ QModelIndexList shownRows(const QTreeView &tree)
 
 AccessibleTable::AccessibleTable(QAbstractItemView *view)
     : QAccessibleWidget(view, roleOfView(view))
-    , m_absentCell(std::make_unique<AccessibleCell>(*this, QModelIndex()))
 {
 }
 
 AccessibleTable::~AccessibleTable()
 {
     dropMembers();
+    if (m_absentCell != 0)
+        QAccessible::deleteAccessibleInterface(m_absentCell);
 }
 
 QAbstractItemView *AccessibleTable::view() const
@@ -179,7 +180,16 @@ void *AccessibleTable::interface_cast(QAccessible::InterfaceType type)
 
 QAccessibleInterface *AccessibleTable::cellAt(int row, int column) const
 {
-    return indexOfCell(row, column).isValid() ? member(row, column) : m_absentCell.get();
+    return indexOfCell(row, column).isValid() ? member(row, column) : absentCell();
+}
+
+AccessibleCell *AccessibleTable::absentCell() const
+{
+    if (QAccessibleInterface *known = QAccessible::accessibleInterface(m_absentCell))
+        return static_cast<AccessibleCell *>(known);
+    auto *made = new AccessibleCell(*this, QModelIndex());
+    m_absentCell = QAccessible::registerAccessibleInterface(made);
+    return made;
 }
 
 QAccessibleInterface *AccessibleTable::member(int row, int column) const

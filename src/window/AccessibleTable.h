@@ -4,8 +4,6 @@
 #include <QHash>
 #include <QModelIndex>
 
-#include <memory>
-
 class AccessibleCell;
 class QAbstractItemModel;
 class QAbstractItemView;
@@ -71,7 +69,10 @@ private:
     // A cell, or the header cell in row or column -1.
     QAccessibleInterface *member(int row, int column) const;
     void dropMembers();
+    AccessibleCell *absentCell() const;
 
     mutable QHash<std::pair<int, int>, QAccessible::Id> m_members; // by row and column
-    std::unique_ptr<AccessibleCell> m_absentCell;
+    // Registered with the toolkit as the others are, since the bridge keeps an interface that it has handed
+    // out. 0 until it is asked for.
+    mutable QAccessible::Id m_absentCell = 0;
 };

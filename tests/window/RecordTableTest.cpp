@@ -2,11 +2,13 @@
 
 #include "browse/RecordName.h"
 #include "core/RecordModel.h"
+#include "window/AccessibleFactory.h"
 #include "window/MyTableDelegate.h"
 #include "window/RecordTableModel.h"
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QSignalSpy>
 #include <QTest>
@@ -207,4 +209,19 @@ TEST_F(RecordTableTest, RowsThatAreNotThereAreIgnored)
     table.scrollRowToVisible(0);
     EXPECT_EQ(table.model()->rowCount(), 0);
     EXPECT_TRUE(records.selectionIndexes().empty());
+}
+
+TEST_F(RecordTableTest, AccessibleCellsDieWithTheirTable)
+{
+    installAccessibility();
+    QList<QAccessible::Id> cells;
+    {
+        RecordTable shortLived;
+        shortLived.setRecords(&records);
+        auto *accessible = QAccessible::queryAccessibleInterface(&shortLived)->tableInterface();
+        for (const int row : {0, -1, 99})
+            cells.append(QAccessible::uniqueId(accessible->cellAt(row, 0)));
+    }
+    for (const QAccessible::Id cell : cells)
+        EXPECT_EQ(QAccessible::accessibleInterface(cell), nullptr) << "the bridge would use what has gone";
 }
