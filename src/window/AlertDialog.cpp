@@ -2,6 +2,7 @@
 
 #include "window/ActionDispatcher.h"
 #include "window/SafeText.h"
+#include "window/ShownPart.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -22,7 +23,7 @@ QLabel *newTextLabel(const QString &text)
 {
     auto *label = new QLabel;
     label->setTextFormat(Qt::PlainText);
-    label->setText(withoutReorderingCharacters(text));
+    label->setText(withoutReorderingCharacters(shownLine(text)));
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setFixedWidth(TextWidth);
@@ -80,8 +81,8 @@ QWidget *AlertDialog::newTexts(const Alert &alert)
         layout->addWidget(newTextLabel(alert.informativeText));
     layout->addStretch();
     // What a screen reader says when the alert comes.
-    setAccessibleName(alert.message);
-    setAccessibleDescription(alert.informativeText);
+    setAccessibleName(shownLine(alert.message));
+    setAccessibleDescription(shownLine(alert.informativeText));
     return texts;
 }
 

@@ -8,6 +8,7 @@
 #include "window/FieldText.h"
 #include "window/InterfaceProperties.h"
 #include "window/SearchField.h"
+#include "window/ShownPart.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -15,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QStackedWidget>
 
 using Foundation::displayText;
@@ -33,10 +35,12 @@ Foundation::ArrayController::Likeness likenessFor(const QObject *control)
 
 } // namespace
 
-Binder::Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange)
+Binder::Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange,
+               ShowWholeText showWholeText)
     : m_document(document)
     , m_dispatcher(dispatcher)
     , m_textDidChange(std::move(textDidChange))
+    , m_showWholeText(std::move(showWholeText))
 {
 }
 
@@ -87,7 +91,7 @@ void Binder::bindConditions(QWidget *control)
     const QString format = textProperty(control, InterfaceProperty::BindFormat);
     follow(control, InterfaceProperty::BindToolTip, InterfaceProperty::Transformer,
            [control, format](const BindingExpression &expression) {
-               const QString caption = displayText(expression.value().value);
+               const QString caption = shownLine(displayText(expression.value().value));
                const QString text =
                    format.arg(nameOfField(caption, textProperty(control, InterfaceProperty::BindToolTip)));
                control->setAccessibleName(text);
@@ -135,6 +139,19 @@ void Binder::bindField(Field *field)
         if (!binding->isShowing() && bound->hasInput(binding->expression()))
             writeInput(*binding, textOfField(field), tagOf(field));
     });
+    connect(bound->wholeTextButton(), &QPushButton::clicked, this,
+            [this, field, binding] { showTextToEdit(field, binding); });
+}
+
+void Binder::showTextToEdit(QWidget *field, const Binding *binding)
+{
+    const auto subject = binding->expression().keyPath().subject();
+    const auto write = [this, field, binding = QPointer(binding), subject](const QString &text) {
+        if (binding && binding->expression().keyPath().subject() == subject)
+            writeInput(*binding, text, tagOf(field));
+    };
+    if (m_showWholeText)
+        m_showWholeText(field, displayText(binding->expression().value().value), write);
 }
 
 void Binder::bindSwitch(QCheckBox *box)
@@ -165,7 +182,7 @@ void Binder::bindLabel(QLabel *label)
     const QString format = textProperty(label, InterfaceProperty::BindFormat);
     follow(label, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
            [label, format](const BindingExpression &expression) {
-               const QString value = displayText(expression.value().value);
+               const QString value = shownLine(displayText(expression.value().value));
                const QString text = format.isEmpty() ? value : format.arg(value);
                // With a buddy, "&" would mark a mnemonic.
                label->setText(label->buddy() ? titleOfText(text) : text);
@@ -180,14 +197,17 @@ void Binder::bindLabel(QLabel *label)
 
 void Binder::bindReadOnlyText(FieldText *text)
 {
-    follow(text, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
-           [text](const BindingExpression &expression) {
-               const BoundValue bound = expression.value();
-               const QString shown = bound.isMixed ? tr("Multiple Values") : displayText(bound.value);
-               text->setEnabled(!bound.isMixed);
-               if (text->toPlainText() != shown)
-                   text->setPlainText(shown);
-           });
+    const Binding *binding =
+        follow(text, InterfaceProperty::BindValue, InterfaceProperty::Transformer,
+               [text](const BindingExpression &expression) {
+                   const BoundValue bound = expression.value();
+                   text->setEnabled(!bound.isMixed);
+                   text->showText(bound.isMixed ? tr("Multiple Values") : displayText(bound.value));
+               });
+    connect(text, &FieldText::wholeTextWanted, this, [this, text, binding] {
+        if (binding && m_showWholeText)
+            m_showWholeText(text, displayText(binding->expression().value().value), nullptr);
+    });
     follow(text, InterfaceProperty::BindLink, nullptr,
            [text](const BindingExpression &expression) { text->setLink(expression.holds()); });
 }

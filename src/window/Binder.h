@@ -2,6 +2,7 @@
 
 #include "window/ActionDispatcher.h"
 #include "window/Binding.h"
+#include "window/WholeTextSheet.h"
 
 class ColorWell;
 class FieldText;
@@ -43,7 +44,8 @@ public:
     // caption, with the tag of the field.
     using TextDidChange = std::function<void(const Foundation::ArrayController *controller, int tag)>;
 
-    Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange);
+    Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange,
+           ShowWholeText showWholeText = {});
 
     // Connects all that lies below the interface, and the interface itself.
     void bind(QWidget *interface);
@@ -66,9 +68,11 @@ private:
     void bindAction(QWidget *control);
     // False if nothing was to be written.
     static bool write(const Binding &binding, const Foundation::Value &value);
+    void showTextToEdit(QWidget *field, const Binding *binding);
     void writeInput(const Binding &binding, const Foundation::Value &value, int tag);
 
     QObject *m_document;
     ActionDispatcher &m_dispatcher;
     TextDidChange m_textDidChange;
+    ShowWholeText m_showWholeText;
 };

@@ -3,6 +3,8 @@
 #include "foundation/DisplayText.h"
 #include "window/Binding.h"
 #include "window/ControlAccess.h"
+#include "window/ShownPart.h"
+#include "window/WholeTextButton.h"
 
 #include <QCoreApplication>
 
@@ -10,6 +12,9 @@
 // selection and its caret go, even if the text is equal: they belong to what was typed for the former ones.
 // While it shows several objects it has no undo steps of its own: undoing to the empty field that stands for
 // different texts would empty all of them.
+//
+// Of a text that is too long to be laid out it shows the beginning, is read-only, and has a button for all of
+// it. What it shows then is never taken for input.
 template <class Field>
 class BoundField
 {
@@ -17,6 +22,7 @@ public:
     explicit BoundField(Field *field)
         : m_field(field)
         , m_placeholder(field->placeholderText())
+        , m_button(new WholeTextButton(field))
     {
         liftLengthLimit(field);
     }
@@ -26,10 +32,15 @@ public:
         const BoundValue bound = expression.value();
         const QString text = Foundation::displayText(bound.value);
         KeyPath::Subject subject = expression.keyPath().subject();
-        if (subject == m_subject)
-            setTextOfField(m_field, text);
+        const bool isSameSubject = subject == m_subject;
+        const QString part = isSameSubject && isBeingTyped(text) ? text : shownPart(text);
+        m_isWhole = part.size() == text.size();
+        m_field->setReadOnly(!m_isWhole);
+        if (isSameSubject)
+            setTextOfField(m_field, part);
         else
-            startFieldWithText(m_field, text);
+            startFieldWithText(m_field, part);
+        m_button->showFor(text.size(), part.size());
         m_subject = std::move(subject);
         keepUndoStepsOfField(m_field, !showsSeveral(expression));
         m_field->setPlaceholderText(bound.isMixed ? QCoreApplication::translate("Binder", "Multiple Values")
@@ -41,7 +52,7 @@ public:
     bool hasInput(const BindingExpression &expression)
     {
         // An input method may put in its text when the field loses the focus because others were selected.
-        if (expression.keyPath().subject() != m_subject)
+        if (!m_isWhole || expression.keyPath().subject() != m_subject)
             return false;
         const BoundValue bound = expression.value();
         // An absent value shows like an empty one, and looking at it must not change it.
@@ -51,7 +62,15 @@ public:
         return isNew;
     }
 
+    WholeTextButton *wholeTextButton() const { return m_button; }
+
 private:
+    // A text that has just grown too long in this field stays as it is, unless it grew by very much: nobody
+    // shall be stopped in the middle of a word.
+    bool isBeingTyped(const QString &text) const
+    {
+        return m_isWhole && text.size() < 2 * shownPart(text).size() && textOfField(m_field) == text;
+    }
     static bool showsSeveral(const BindingExpression &expression)
     {
         const KeyPath &path = expression.keyPath();
@@ -60,5 +79,7 @@ private:
 
     Field *m_field;
     QString m_placeholder;
+    WholeTextButton *m_button; // of the field
+    bool m_isWhole = true;
     KeyPath::Subject m_subject;
 };

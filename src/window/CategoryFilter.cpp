@@ -2,6 +2,7 @@
 
 #include "core/RecordModel.h"
 #include "foundation/DisplayText.h"
+#include "window/ShownPart.h"
 
 #include <QStandardItemModel>
 
@@ -16,6 +17,8 @@ namespace
 constexpr int TitleItem = 0;
 constexpr int ShowAllItem = 1;
 constexpr int FirstCategoryItem = 2;
+// The whole title of an item, of which a very long one shows the beginning.
+constexpr int TitleRole = Qt::UserRole + 1;
 
 QString nameOfCategory(const ArrayController::Object &category)
 {
@@ -48,6 +51,7 @@ void CategoryFilter::setUpPopUp()
     // The title heads the list and is no choice.
     qobject_cast<QStandardItemModel *>(m_popUp->model())->item(TitleItem)->setEnabled(false);
     m_popUp->setItemData(ShowAllItem, QStringLiteral("showAllCategory"));
+    m_popUp->setItemData(ShowAllItem, m_popUp->itemText(ShowAllItem), TitleRole);
     m_popUp->setCurrentIndex(ShowAllItem);
     connect(m_popUp, &QComboBox::activated, this, &CategoryFilter::sendActionOfItem);
 }
@@ -59,18 +63,19 @@ void CategoryFilter::removeItemAtIndex(qsizetype index)
 
 void CategoryFilter::insertItem(const QString &title, const QString &action, qsizetype index)
 {
-    m_popUp->insertItem(int(index), title, action);
+    m_popUp->insertItem(int(index), shownLine(title), action);
+    m_popUp->setItemData(int(index), title, TitleRole);
     showFilter();
 }
 
 QString CategoryFilter::titleOfSelectedItem() const
 {
-    return m_popUp->currentIndex() < 0 ? QString() : m_popUp->currentText();
+    return m_popUp->currentIndex() < 0 ? QString() : m_popUp->currentData(TitleRole).toString();
 }
 
 void CategoryFilter::selectItemWithTitle(const QString &title)
 {
-    m_popUp->setCurrentIndex(m_popUp->findText(title, Qt::MatchFixedString | Qt::MatchCaseSensitive));
+    m_popUp->setCurrentIndex(m_popUp->findData(title, TitleRole, Qt::MatchFixedString | Qt::MatchCaseSensitive));
 }
 
 void CategoryFilter::sendActionOfItem(int index)
@@ -80,7 +85,7 @@ void CategoryFilter::sendActionOfItem(int index)
     if (index >= FirstCategoryItem && row < categories.size())
         m_category = categories[row]; // Others may have the same name.
     Foundation::ActionSender sender;
-    sender.title = m_popUp->itemText(index);
+    sender.title = m_popUp->itemData(index, TitleRole).toString();
     m_dispatcher.send(m_popUp->itemData(index).toString(), sender);
 }
 
@@ -88,7 +93,7 @@ void CategoryFilter::showFilter()
 {
     const QString category = m_records->categoryString();
     selectItemWithTitle(category.isEmpty() ? CategoryCommands::ShowAllTitle : category);
-    m_popUp->setPlaceholderText(category); // Its item may have gone, or bear another name.
+    m_popUp->setPlaceholderText(shownLine(category)); // Its item may have gone, or bear another name.
 }
 
 bool CategoryFilter::isFiltered(const ArrayController::Object &category) const
@@ -123,8 +128,8 @@ void CategoryFilter::fillMenu()
 {
     m_categoryMenu.clear();
     for (int index = ShowAllItem; index < m_popUp->count(); ++index) {
-        MenuItem menuItem{m_popUp->itemData(index).toString(), m_popUp->itemText(index)};
-        QAction *item = m_categoryMenu.addAction(titleOfText(menuItem.title));
+        MenuItem menuItem{m_popUp->itemData(index).toString(), m_popUp->itemData(index, TitleRole).toString()};
+        QAction *item = m_categoryMenu.addAction(titleOfText(shownLine(menuItem.title)));
         item->setCheckable(true);
         item->setEnabled(m_document.validateMenuItem(menuItem));
         item->setChecked(menuItem.isChecked);

@@ -5,6 +5,7 @@
 #include "foundation/UserDefaults.h"
 #include "helpers/VLColorUtilOSX.h"
 #include "window/DesktopText.h"
+#include "window/ShownPart.h"
 #include "window/VLLabelDrawerExt.h"
 
 #include <QPainter>
@@ -42,7 +43,7 @@ CategoryPill CategoryPill::ofCategory(const Dictionary &category)
     const auto color = [&category](const Foundation::Key &key) {
         return VLColorUtilOSX::NSColorFromDict(category.value(key).dictionary());
     };
-    return {Foundation::displayText(category.value(CategoryKey::cat_category)),
+    return {shownLine(Foundation::displayText(category.value(CategoryKey::cat_category))),
             color(CategoryKey::cat_backColor), color(CategoryKey::cat_textColor)};
 }
 

@@ -3,6 +3,7 @@
 #include "core/RecordModel.h"
 #include "foundation/DisplayText.h"
 #include "window/MyCategoryTableDelegate.h"
+#include "window/ShownPart.h"
 
 #include <QHeaderView>
 
@@ -30,7 +31,8 @@ QVariant CategoryTableModel::data(const QModelIndex &index, int role) const
 
 QString CategoryTableModel::sentenceOfRow(int row) const
 {
-    const QString name = Foundation::displayText(objectOfRow(row).value(CategoryKey::cat_category));
+    const QString name =
+        shownLine(Foundation::displayText(objectOfRow(row).value(CategoryKey::cat_category)));
     const int uses = index(row, UseColumn).data().toInt();
     return tr("%1, %2, %3 of %4")
         .arg(name, uses == 1 ? tr("1 contact") : tr("%1 contacts").arg(uses), QString::number(row + 1),

@@ -4,6 +4,7 @@
 #include "foundation/DisplayText.h"
 #include "window/ActionDispatcher.h"
 #include "window/InterfaceProperties.h"
+#include "window/ShownPart.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -87,7 +88,8 @@ void setRowsOfPopUp(QComboBox *popUp, const KeyPath &rows)
         return;
     QStringList titles;
     for (const auto &object : rows.controller()->arrangedObjects())
-        titles.append(Foundation::displayText(object->valueForKeyPath(rows.keyPathOfObjects())));
+        titles.append(
+            shownLine(Foundation::displayText(object->valueForKeyPath(rows.keyPathOfObjects()))));
     QStringList present;
     for (int i = 0; i < popUp->count(); ++i)
         present.append(popUp->itemText(i));

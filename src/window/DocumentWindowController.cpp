@@ -43,7 +43,8 @@ DocumentWindowController::DocumentWindowController(MyDocument *document, QList<Q
     , m_ui(std::make_unique<Ui::MyDocument>())
     , m_dispatcher(document, [this](const QString &action) { return responders(action); })
     , m_binder(document, m_dispatcher,
-               [this](const ArrayController *rows, int tag) { controlTextDidChange(rows, tag); })
+               [this](const ArrayController *rows, int tag) { controlTextDidChange(rows, tag); },
+               wholeTextSheets())
     , m_sheets(&m_window)
     , m_savePanel(m_sheets)
     , m_listWidth(UsualListWidth)
@@ -79,7 +80,8 @@ void DocumentWindowController::setUpControls()
     setUpTable();
     m_categoryFilter = std::make_unique<CategoryFilter>(*m_document, m_dispatcher, m_ui->myActionPopup);
     setUpToolbar();
-    new RecordCard(m_document->myArrayController(), {m_ui->recordName, m_ui->recordSubtitle}, &m_window);
+    new RecordCard(m_document->myArrayController(), {m_ui->recordName, m_ui->recordSubtitle}, wholeTextSheets(),
+                   &m_window);
     new DetailPlaceholder(m_document,
                           {m_ui->detailPlaceholder, m_ui->placeholderTitle, m_ui->placeholderHint,
                            m_ui->detailView, m_ui->myTableView},
@@ -87,6 +89,13 @@ void DocumentWindowController::setUpControls()
     new DocumentAnnouncer(m_document, new Announcer(&m_window));
     connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::releaseFocus);
     m_binder.bind(&m_window);
+}
+
+ShowWholeText DocumentWindowController::wholeTextSheets()
+{
+    return [this](QWidget *field, const QString &text, const WriteText &write) {
+        WholeTextSheet::show(m_sheets, field, text, write);
+    };
 }
 
 void DocumentWindowController::releaseFocus()

@@ -84,6 +84,7 @@ public:
 private:
     QList<QObject *> responders(const QString &action);
     void setUpControls();
+    ShowWholeText wholeTextSheets();
     void giveListItsWidth();
     void setUpTable();
     void setUpToolbar();

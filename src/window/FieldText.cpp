@@ -1,10 +1,13 @@
 #include "window/FieldText.h"
 
+#include "window/ShownPart.h"
 #include "window/TextLabel.h"
+#include "window/WholeTextButton.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFocusEvent>
 #include <QGuiApplication>
+#include <QLocale>
 #include <QPainter>
 #include <QStyleHints>
 #include <QTextOption>
@@ -35,6 +38,36 @@ FieldText::FieldText(QWidget *parent)
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     connect(this, &QTextEdit::textChanged, this, &QWidget::updateGeometry);
+}
+
+void FieldText::showText(const QString &text)
+{
+    const QString part = shownPart(text);
+    m_textLength = text.size();
+    if (part.size() < text.size() && !m_button) {
+        m_button = new WholeTextButton(this);
+        connect(m_button, &QPushButton::clicked, this, &FieldText::wholeTextWanted);
+    }
+    if (m_button) {
+        m_button->showFor(text.size(), part.size());
+        setViewportMargins(0, 0, 0, roomForButton());
+    }
+    if (toPlainText() != part)
+        setPlainText(part);
+}
+
+QString FieldText::shorteningNote() const
+{
+    if (roomForButton() == 0)
+        return {};
+    const qsizetype shown = document()->characterCount() - 1;
+    return tr("Only the beginning is printed: %1 of %2 characters")
+        .arg(QLocale().toString(shown), QLocale().toString(m_textLength));
+}
+
+int FieldText::roomForButton() const
+{
+    return m_button && !m_button->isHidden() ? m_button->sizeHint().height() : 0;
 }
 
 void FieldText::setLink(bool isLink)
@@ -106,7 +139,7 @@ int FieldText::heightForWidth(int width) const
     text->setTextWidth(width);
     const int height = int(std::ceil(text->size().height()));
     text->setTextWidth(present);
-    return height;
+    return height + roomForButton();
 }
 
 QSize FieldText::sizeHint() const

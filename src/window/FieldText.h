@@ -2,6 +2,8 @@
 
 #include <QTextEdit>
 
+class WholeTextButton;
+
 // Plain text that can be read, selected and copied, as high as its content at the width given. Breaks at
 // words, and within them where one alone is too wide. As a link it looks like one, is reached by Tab, and
 // asks to be opened by a click, Return or the space bar.
@@ -11,6 +13,11 @@ class FieldText : public QTextEdit
 
 public:
     explicit FieldText(QWidget *parent = nullptr);
+
+    // Of a text that is too long to be laid out only the beginning is shown, with a button for all of it.
+    void showText(const QString &text);
+    // What a printed page says where the text is shortened, otherwise empty.
+    QString shorteningNote() const;
 
     bool isLink() const { return m_isLink; }
     void setLink(bool isLink);
@@ -23,6 +30,7 @@ public:
 
 Q_SIGNALS:
     void opened();
+    void wholeTextWanted();
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -34,7 +42,10 @@ protected:
 
 private:
     void showColor();
+    int roomForButton() const;
 
+    WholeTextButton *m_button = nullptr; // made when it is needed first
+    qsizetype m_textLength = 0;
     bool m_isLink = false;
     QPoint m_pressedAt;
 };

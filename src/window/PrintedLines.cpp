@@ -42,10 +42,15 @@ void PrintedLines::add(const QWidget *page, const QWidget *widget)
 
 void PrintedLines::addText(const FieldText *text, const QPointF &place)
 {
+    QStringList paragraphs;
+    for (QTextBlock block = text->document()->begin(); block.isValid(); block = block.next())
+        paragraphs.append(block.text());
+    if (const QString note = text->shorteningNote(); !note.isEmpty())
+        paragraphs.append(note);
     double bottom = place.y();
-    for (QTextBlock block = text->document()->begin(); block.isValid(); block = block.next()) {
+    for (const QString &paragraph : paragraphs) {
         // Not the layout of the widget, which is at work only where it is shown.
-        const auto layout = std::make_shared<QTextLayout>(block.text(), text->font());
+        const auto layout = std::make_shared<QTextLayout>(paragraph, text->font());
         layout->setTextOption(text->document()->defaultTextOption());
         layout->beginLayout();
         for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {

@@ -24,7 +24,8 @@ QString subtitleOfRecord(const Dictionary &record)
 
 } // namespace
 
-RecordCard::RecordCard(ArrayController *records, Parts parts, QObject *parent)
+RecordCard::RecordCard(ArrayController *records, Parts parts, const ShowWholeText &showWholeText,
+                       QObject *parent)
     : QObject(parent)
     , m_records(records)
     , m_parts(parts)
@@ -37,21 +38,38 @@ RecordCard::RecordCard(ArrayController *records, Parts parts, QObject *parent)
         if (index == m_records->selectionIndex())
             refresh();
     });
+    connect(parts.name, &FieldText::wholeTextWanted, this,
+            [this, showWholeText] { showWholeText(m_parts.name, name(), nullptr); });
+    connect(parts.subtitle, &FieldText::wholeTextWanted, this,
+            [this, showWholeText] { showWholeText(m_parts.subtitle, subtitle(), nullptr); });
     refresh();
+}
+
+const Dictionary &RecordCard::firstRecord() const
+{
+    return *m_records->arrangedObjects()[m_records->selectionIndexes().front()];
+}
+
+QString RecordCard::name() const
+{
+    return displayedNameOfRecord(firstRecord());
+}
+
+QString RecordCard::subtitle() const
+{
+    return subtitleOfRecord(firstRecord());
 }
 
 void RecordCard::refresh()
 {
     const auto &selected = m_records->selectionIndexes();
     if (selected.empty()) {
-        m_parts.name->clear();
-        m_parts.subtitle->clear();
+        m_parts.name->showText({});
+        m_parts.subtitle->showText({});
         return;
     }
-    const Dictionary &first = *m_records->arrangedObjects()[selected.front()];
     const bool isOne = selected.size() == 1;
-    m_parts.name->setPlainText(isOne ? displayedNameOfRecord(first)
-                                     : tr("%1 contacts selected").arg(selected.size()));
-    m_parts.subtitle->setPlainText(isOne ? subtitleOfRecord(first) : QString());
+    m_parts.name->showText(isOne ? name() : tr("%1 contacts selected").arg(selected.size()));
+    m_parts.subtitle->showText(isOne ? subtitle() : QString());
     m_parts.subtitle->setVisible(!m_parts.subtitle->toPlainText().isEmpty());
 }

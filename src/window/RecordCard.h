@@ -3,6 +3,7 @@
 #include "foundation/ArrayController.h"
 #include "window/FieldText.h"
 #include "window/TextLabel.h"
+#include "window/WholeTextSheet.h"
 
 // The head of the view that shows a contact to be read: its name, and below it the company, or of a company
 // the person. With several contacts selected it tells how many. The fields below are bound in the interface
@@ -19,11 +20,17 @@ public:
     };
 
     // Nothing is owned. The controller must outlive the parent.
-    RecordCard(Foundation::ArrayController *records, Parts parts, QObject *parent);
+    RecordCard(Foundation::ArrayController *records, Parts parts, const ShowWholeText &showWholeText,
+               QObject *parent);
 
     void refresh();
 
 private:
+    // Of the one record that is selected.
+    QString name() const;
+    QString subtitle() const;
+    const Foundation::Dictionary &firstRecord() const;
+
     Foundation::ArrayController *m_records;
     Parts m_parts;
 };

@@ -4,6 +4,7 @@
 #include "core/RecordModel.h"
 #include "foundation/DisplayText.h"
 #include "window/CategoryPill.h"
+#include "window/ShownPart.h"
 
 RecordTableModel::RecordTableModel(Foundation::ArrayController *records, QObject *parent)
     : ArrayTableModel(records,
@@ -44,6 +45,6 @@ QVariant RecordTableModel::data(const QModelIndex &index, int role) const
     if (index.column() == CategoryColumn) // The label is painted.
         return role == Qt::AccessibleTextRole ? sentenceOfRow(index.row()) : QVariant();
     if (role == Qt::DisplayRole)
-        return displayedNameOfRecord(objectOfRow(index.row()));
+        return shownLine(displayedNameOfRecord(objectOfRow(index.row())));
     return {};
 }

@@ -98,7 +98,6 @@ TEST_F(BinderTest, LookingAtAValueLeavesItAsItIs)
         {"line breaks of other systems", u"a\r\nb\rc"_qs, u"a\nb\nc"_qs},
         {"a no-break space", u"a\u00a0b"_qs, u"a\u00a0b"_qs},
         {"a line separator", u"a\u2028b"_qs, u"a\u2028b"_qs},
-        {"a text beyond the usual limit of a line", QString(40000, u'x'), QString(40000, u'x')},
     };
     auto *note = add<QPlainTextEdit>({{"bindValue", Note}});
     auto *line = add<QLineEdit>({{"bindValue", Note}});
@@ -121,6 +120,28 @@ TEST_F(BinderTest, LookingAtAValueLeavesItAsItIs)
     note->moveCursor(QTextCursor::End);
     note->insertPlainText(u"!"_qs);
     EXPECT_EQ(text(1, RecordKey::note), u"a\u00a0b!"_qs) << "typing elsewhere keeps it too";
+}
+
+TEST_F(BinderTest, AShortenedTextIsNeverWrittenBack)
+{
+    auto *line = add<QLineEdit>({{"bindValue", Note}});
+    bind();
+    const QString smile = u"\U0001F642"_qs;
+    const QString pasted = QString(9999, u'x') + smile + QString(30'000, u'x');
+    line->setText(pasted);
+    EXPECT_EQ(text(0, RecordKey::note), pasted) << "beyond the usual limit of a line";
+    runEvents();
+    EXPECT_EQ(line->text(), QString(9999, u'x')) << "no half character";
+    EXPECT_TRUE(line->isReadOnly());
+    line->setText(u"by assistive technology"_qs);
+    EXPECT_EQ(text(0, RecordKey::note), pasted);
+    select({1});
+    line->setText(QString(10'000, u'x'));
+    runEvents();
+    line->insert(smile);
+    runEvents();
+    EXPECT_FALSE(line->isReadOnly()) << "typing goes on";
+    EXPECT_EQ(text(1, RecordKey::note), QString(10'000, u'x') + smile);
 }
 
 TEST_F(BinderTest, SeveralRecordsShowWhatTheyShareAndAreWrittenTogether)

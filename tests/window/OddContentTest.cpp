@@ -6,10 +6,12 @@
 #include "window/RecordTable.h"
 #include "window/WindowTest.h"
 
+#include <QClipboard>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QPushButton>
 #include <QTest>
 
 #include <cmath>
@@ -123,6 +125,61 @@ TEST_F(OddContentTest, ValuesOfOtherKindsAreShownAndKept)
     ASSERT_NE(changed, before);
     saveAndOpenAgain(path);
     EXPECT_EQ(json(), changed);
+}
+
+// Laying out any of these would take minutes.
+TEST_F(OddContentTest, TextsTooLongToLayOutAreShortenedAndStayWhole)
+{
+    makeProtectedDocument();
+    for (const QString &name : {u"Ada"_qs, u"Eve"_qs})
+        addContact(name, u"Byron"_qs);
+    const QString megabytes = QString(4'000'000, u'x') + u"end"_qs;
+    const Ref<Dictionary> category = document()->myCategoryArray()->values[0].dictionary();
+    category->setValue(CategoryKey::cat_category, megabytes);
+    category->setValue(CategoryKey::records, Value()); // as every save leaves it
+    for (const Value &entry : document()->myArray()->values) {
+        entry.dictionary()->setValue(RecordKey::lastName, megabytes);
+        entry.dictionary()->setValue(RecordKey::note, megabytes);
+        entry.dictionary()->setValue(RecordKey::categoryPtr, category);
+        entry.dictionary()->setValue(RecordKey::cat_uniqueID, category->value(CategoryKey::cat_uniqueID));
+    }
+    for (const auto &caption : {RecordKey::note, RecordKey::firstName})
+        document()->myLabelDictionary()->setValue(caption, megabytes);
+    const auto shortened = [this, &megabytes] { return json().replace(megabytes.toLatin1(), "LONG"); };
+    const QByteArray before = shortened();
+    saveAndOpenAgain(pathOf(u"Long.vexcards"_qs));
+    window()->grab();
+    EXPECT_EQ(shortened(), before) << "after looking";
+    for (const int key : {Qt::Key_K, Qt::Key_L}) {
+        press(key, Qt::ControlModifier);
+        ASSERT_TRUE(eventually([this] { return sheet() != nullptr; }));
+        dismiss(Qt::Key_Escape);
+    }
+    press(Qt::Key_F2);
+    enterField("firstName", u"Augusta"_qs);
+    EXPECT_EQ(shortened(), QByteArray(before).replace("\"Ada\"", "\"Augusta\"")) << "after another edit";
+    document()->myArrayController()->setSelectionIndexes({0, 1});
+    runEvents();
+    enterField("firstName", u"Both"_qs);
+    auto *note = control<QPlainTextEdit>("note");
+    note->setFocus();
+    type(u"!"_qs);
+    note->setPlainText(u"by assistive technology"_qs);
+    enterField("lastName", u"!"_qs);
+    const auto both = QByteArray(before).replace("\"Ada\"", "\"Both\"").replace("\"Eve\"", "\"Both\"");
+    EXPECT_EQ(shortened(), both) << "after editing several";
+
+    note->findChild<QPushButton *>()->click();
+    ASSERT_TRUE(eventually([this] { return sheet() != nullptr; }));
+    auto *editor = control<QPlainTextEdit>("wholeText");
+    editor->selectAll();
+    editor->copy();
+    EXPECT_TRUE(QGuiApplication::clipboard()->text() == megabytes);
+    press(Qt::Key_End, Qt::ControlModifier);
+    type(u"+"_qs);
+    dismiss(u"Done"_qs);
+    for (const Value &entry : document()->myArray()->values)
+        EXPECT_TRUE(entry.dictionary()->value(RecordKey::note) == Value(megabytes + u'+'));
 }
 
 // Read back by a program that knows nothing of this one.
