@@ -75,7 +75,8 @@ QString CategoryFilter::titleOfSelectedItem() const
 
 void CategoryFilter::selectItemWithTitle(const QString &title)
 {
-    m_popUp->setCurrentIndex(m_popUp->findData(title, TitleRole, Qt::MatchFixedString | Qt::MatchCaseSensitive));
+    m_popUp->setCurrentIndex(
+        m_popUp->findData(title, TitleRole, Qt::MatchFixedString | Qt::MatchCaseSensitive));
 }
 
 void CategoryFilter::sendActionOfItem(int index)
@@ -128,7 +129,8 @@ void CategoryFilter::fillMenu()
 {
     m_categoryMenu.clear();
     for (int index = ShowAllItem; index < m_popUp->count(); ++index) {
-        MenuItem menuItem{m_popUp->itemData(index).toString(), m_popUp->itemData(index, TitleRole).toString()};
+        MenuItem menuItem{m_popUp->itemData(index).toString(),
+                          m_popUp->itemData(index, TitleRole).toString()};
         QAction *item = m_categoryMenu.addAction(titleOfText(shownLine(menuItem.title)));
         item->setCheckable(true);
         item->setEnabled(m_document.validateMenuItem(menuItem));

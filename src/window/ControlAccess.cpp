@@ -88,8 +88,7 @@ void setRowsOfPopUp(QComboBox *popUp, const KeyPath &rows)
         return;
     QStringList titles;
     for (const auto &object : rows.controller()->arrangedObjects())
-        titles.append(
-            shownLine(Foundation::displayText(object->valueForKeyPath(rows.keyPathOfObjects()))));
+        titles.append(shownLine(Foundation::displayText(object->valueForKeyPath(rows.keyPathOfObjects()))));
     QStringList present;
     for (int i = 0; i < popUp->count(); ++i)
         present.append(popUp->itemText(i));

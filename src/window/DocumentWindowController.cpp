@@ -42,9 +42,10 @@ DocumentWindowController::DocumentWindowController(MyDocument *document, QList<Q
     , m_frame(&m_window, UsualSize)
     , m_ui(std::make_unique<Ui::MyDocument>())
     , m_dispatcher(document, [this](const QString &action) { return responders(action); })
-    , m_binder(document, m_dispatcher,
-               [this](const ArrayController *rows, int tag) { controlTextDidChange(rows, tag); },
-               wholeTextSheets())
+    , m_binder(
+          document, m_dispatcher,
+          [this](const ArrayController *rows, int tag) { controlTextDidChange(rows, tag); },
+          wholeTextSheets())
     , m_sheets(&m_window)
     , m_savePanel(m_sheets)
     , m_listWidth(UsualListWidth)
@@ -80,8 +81,8 @@ void DocumentWindowController::setUpControls()
     setUpTable();
     m_categoryFilter = std::make_unique<CategoryFilter>(*m_document, m_dispatcher, m_ui->myActionPopup);
     setUpToolbar();
-    new RecordCard(m_document->myArrayController(), {m_ui->recordName, m_ui->recordSubtitle}, wholeTextSheets(),
-                   &m_window);
+    new RecordCard(m_document->myArrayController(), {m_ui->recordName, m_ui->recordSubtitle},
+                   wholeTextSheets(), &m_window);
     new DetailPlaceholder(m_document,
                           {m_ui->detailPlaceholder, m_ui->placeholderTitle, m_ui->placeholderHint,
                            m_ui->detailView, m_ui->myTableView},

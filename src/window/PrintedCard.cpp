@@ -15,8 +15,9 @@ PrintedCard::PrintedCard(const Foundation::Ref<Foundation::Dictionary> &labels)
     m_ui->setupUi(&m_window);
     styleInterface(&m_window);
     m_ui->categoryView->setMyArrayController(&m_records);
-    new RecordCard(&m_records, {m_ui->recordName, m_ui->recordSubtitle}, [](QWidget *, const QString &, const WriteText &) {},
-                   &m_window);
+    new RecordCard(
+        &m_records, {m_ui->recordName, m_ui->recordSubtitle},
+        [](QWidget *, const QString &, const WriteText &) {}, &m_window);
     m_binder.bind(m_ui->whiteView);
 }
 

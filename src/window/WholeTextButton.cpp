@@ -13,6 +13,8 @@ WholeTextButton::WholeTextButton(QWidget *field)
     setAutoDefault(false); // In a sheet, Return belongs to the sheet's own button.
     setCursor(Qt::ArrowCursor);
     field->installEventFilter(this);
+    if (auto *scrolling = qobject_cast<QAbstractScrollArea *>(field))
+        scrolling->viewport()->installEventFilter(this);
     QWidget::setTabOrder(field, this);
 }
 
@@ -20,8 +22,11 @@ void WholeTextButton::showFor(qsizetype textLength, qsizetype shownLength)
 {
     const bool isShortened = shownLength < textLength;
     if (isShortened) {
-        setText(tr("Show All %1 Characters").arg(QLocale().toString(textLength)));
-        setToolTip(tr("%1 of them are not shown here.").arg(QLocale().toString(textLength - shownLength)));
+        const bool isNarrow = qobject_cast<QLineEdit *>(m_field);
+        const QString length = QLocale().toString(textLength);
+        setText(isNarrow ? tr("Show All") : tr("Show All %1 Characters").arg(length));
+        setToolTip(tr("%1 of %2 characters are not shown here")
+                       .arg(QLocale().toString(textLength - shownLength), length));
         setAccessibleDescription(toolTip());
     }
     setVisible(isShortened);
@@ -37,6 +42,7 @@ bool WholeTextButton::eventFilter(QObject *object, QEvent *event)
 
 void WholeTextButton::placeInField()
 {
+    ensurePolished(); // The size is that of the text in the desktop's font.
     auto *line = qobject_cast<QLineEdit *>(m_field);
     const QSize size(std::min(sizeHint().width(), m_field->width()),
                      line ? line->height() : std::min(sizeHint().height(), m_field->height()));

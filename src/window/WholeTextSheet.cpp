@@ -2,6 +2,7 @@
 
 #include "window/SheetQueue.h"
 
+#include <QAccessible>
 #include <QDialogButtonBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -67,6 +68,8 @@ public:
     {
         setPlainText(withBreaks(text, m_mark.isNull() ? QChar(0x200b) : m_mark));
         setTabChangesFocus(true);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         // Without a mark the breaks cannot be told from those of the text.
         setReadOnly(m_mark.isNull());
     }
@@ -88,6 +91,15 @@ protected:
 private:
     QChar m_mark;
 };
+
+// Of the field itself or of its label.
+QString nameOf(QWidget *field)
+{
+    QString name = QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name);
+    if (name.endsWith(u':'))
+        name.chop(1);
+    return name;
+}
 
 } // namespace
 
@@ -115,7 +127,7 @@ WholeTextSheet::WholeTextSheet(const QString &text, const QString &name, WriteTe
 
 void WholeTextSheet::show(SheetQueue &sheets, QWidget *field, const QString &text, const WriteText &write)
 {
-    const auto make = [text, write, name = field->accessibleName()](QWidget *parent) {
+    const auto make = [text, write, name = nameOf(field)](QWidget *parent) {
         return new WholeTextSheet(text, name, write, parent);
     };
     if (!qobject_cast<QDialog *>(field->window())) {

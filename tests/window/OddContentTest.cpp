@@ -172,6 +172,7 @@ TEST_F(OddContentTest, TextsTooLongToLayOutAreShortenedAndStayWhole)
     note->findChild<QPushButton *>()->click();
     ASSERT_TRUE(eventually([this] { return sheet() != nullptr; }));
     auto *editor = control<QPlainTextEdit>("wholeText");
+    EXPECT_TRUE(sheet()->windowTitle().startsWith(u"xxx")) << "the caption";
     editor->selectAll();
     editor->copy();
     EXPECT_TRUE(QGuiApplication::clipboard()->text() == megabytes);
