@@ -3,35 +3,22 @@
 #include "core/RecordModel.h"
 #include "foundation/DisplayText.h"
 
-using Foundation::displayText;
-
 namespace
 {
+
+const QString categoryKey = QStringLiteral("category");
 
 RoughAccount::Texts textsOf(const Foundation::Dictionary &object)
 {
     RoughAccount::Texts texts;
     for (const auto &[key, value] : object.entries()) {
         const auto color = value.dictionary();
-        const QString text = color ? textsOf(*color).values().join(u' ') : displayText(value);
-        const bool isCounted = key == RecordKey::usageCount || key == CategoryKey::cat_howManyUsingThis;
-        if (!text.isEmpty() && !isCounted && !(key == RecordKey::categoryPtr))
-            texts[key.name()] = text;
+        const bool isCounter = key == RecordKey::usageCount || key == CategoryKey::cat_howManyUsingThis;
+        if (!isCounter && !(key == RecordKey::categoryPtr))
+            texts[key.name()] = color ? textsOf(*color).values().join(u' ') : Foundation::displayText(value);
     }
+    texts.removeIf([](const auto &entry) { return entry.value().isEmpty(); });
     return texts;
-}
-
-template <class Changed>
-QList<int> idsNotIn(const QList<int> &ids, const QList<int> &others, Changed changed)
-{
-    QList<int> common;
-    for (const int id : ids) {
-        if (others.contains(id))
-            common.append(id);
-        else
-            changed(id);
-    }
-    return common;
 }
 
 } // namespace
@@ -40,6 +27,14 @@ int RoughAccount::idOf(const Object &object) const
 {
     const auto found = m_ids.find(object.get());
     return found == m_ids.end() ? -1 : found->second;
+}
+
+QSet<int> RoughAccount::selectedIn(const Foundation::ArrayController &objects) const
+{
+    QSet<int> ids;
+    for (const auto &object : objects.selectedObjects())
+        ids.insert(idOf(object));
+    return ids;
 }
 
 int RoughAccount::numberOf(const Object &object)
@@ -59,18 +54,18 @@ RoughAccount::State RoughAccount::observe(MyDocument &document)
         now.categories.append(numberOf(category));
         now.texts[now.categories.last()] = textsOf(*category);
     }
-    for (const Object &record : document.myArrayController()->contentObjects()) {
-        now.records.append(numberOf(record));
-        Texts &texts = now.texts[now.records.last()] = textsOf(*record);
-        const auto category = record->value(RecordKey::categoryPtr).dictionary();
-        texts[QStringLiteral("category")] = category ? QString::number(numberOf(category)) : QString();
-        texts.remove(RecordKey::cat_uniqueID.name()); // Only of what was read.
+    for (const Object &contact : document.myArrayController()->contentObjects()) {
+        now.contacts.append(numberOf(contact));
+        Texts &texts = now.texts[now.contacts.last()] = textsOf(*contact);
+        if (const auto category = contact->value(RecordKey::categoryPtr).dictionary())
+            texts[categoryKey] = QString::number(numberOf(category));
+        texts.remove(RecordKey::cat_uniqueID.name()); // Only contacts that were read have it.
     }
     now.texts[Captions] = textsOf(*document.myLabelDictionary());
     return now;
 }
 
-QStringList RoughAccount::rebind(MyDocument &document)
+QStringList RoughAccount::differencesAfterReading(MyDocument &document)
 {
     const auto number = [this](const auto &objects, const QList<int> &ids) {
         for (std::size_t i = 0; i < objects.size() && qsizetype(i) < ids.size(); ++i) {
@@ -79,12 +74,13 @@ QStringList RoughAccount::rebind(MyDocument &document)
         }
     };
     number(document.myCategoryArrayController()->contentObjects(), m_state.categories);
-    number(document.myArrayController()->contentObjects(), m_state.records);
-    // An undo may have brought back a contact whose category was removed meanwhile.
-    for (const int record : m_state.records) {
-        QString &category = m_state.texts[record][QStringLiteral("category")];
+    number(document.myArrayController()->contentObjects(), m_state.contacts);
+    // A contact whose category was removed gets the first one, or a later one that was given the same id.
+    const State now = observe(document);
+    for (const int id : m_state.contacts) {
+        QString &category = m_state.texts[id][categoryKey];
         if (!m_state.categories.contains(category.toInt()))
-            category = QString::number(m_state.categories.first());
+            category = now.texts.value(id).value(categoryKey);
     }
     return differences(document, {});
 }
@@ -92,85 +88,77 @@ QStringList RoughAccount::rebind(MyDocument &document)
 QStringList RoughAccount::differences(MyDocument &document, const Leave &leave)
 {
     const State now = observe(document);
-    const QStringList found = differencesInList(now, leave) + differencesInTexts(now, leave);
-    take(now);
+    QStringList found = differencesInList(m_state.contacts, now.contacts, leave.contactsMore, leave) +
+                        differencesInList(m_state.categories, now.categories, leave.categoriesMore, leave) +
+                        differencesInTexts(now, leave);
+    for (const int id : now.contacts) {
+        if (!m_state.contacts.contains(id))
+            found += differencesOfNewContact(id, now, leave);
+    }
+    m_state = now;
+    for (const auto &[id, texts] : now.texts.asKeyValueRange()) {
+        m_last[id] = texts;
+        for (const auto &[key, text] : texts.asKeyValueRange())
+            m_history[{id, key}].insert(text);
+    }
     return found;
 }
 
-// With the category that it went with, unless that was removed meanwhile.
-bool RoughAccount::isBack(int id, Texts texts, const State &now) const
-{
-    QString &category = texts[QStringLiteral("category")];
-    const QString former = m_last[id].value(QStringLiteral("category"));
-    if (!now.categories.contains(former.toInt()))
-        category = former;
-    return texts == m_last[id];
-}
-
-QStringList RoughAccount::differencesInList(const State &now, const Leave &leave) const
+QStringList RoughAccount::differencesInList(const QList<int> &before, const QList<int> &after, int more,
+                                            const Leave &leave) const
 {
     QStringList found;
-    const auto say = [&found](int id, const char *what) {
-        found.append(QStringLiteral("%1 %2").arg(id).arg(QLatin1String(what)));
-    };
-    int appeared = 0;
-    int vanished = 0;
-    const QList<int> stayed = idsNotIn(m_state.records, now.records, [&](int id) {
-        if (++vanished > leave.vanish || (!leave.vanishing.isEmpty() && !leave.vanishing.contains(id)))
-            say(id, "vanished");
+    QList<int> stayed = before;
+    const qsizetype vanished = stayed.removeIf([&](int id) {
+        if (!after.contains(id) && !leave.vanishing.contains(id))
+            found.append(QStringLiteral("%1 vanished").arg(id));
+        return !after.contains(id);
     });
-    const QList<int> stay = idsNotIn(now.records, m_state.records, [&](int id) {
-        const Texts &texts = now.texts[id];
-        const auto isCopy = [&](int model) {
-            Texts original = m_state.texts[model];
-            original[RecordKey::creationDate.name()] = texts[RecordKey::creationDate.name()];
-            return texts == original;
-        };
-        if (++appeared > leave.appear)
-            say(id, "came from nowhere");
-        else if (m_last.contains(id) && !isBack(id, texts, now))
-            say(id, "came back as another one");
-        else if (!leave.copied.isEmpty() && std::none_of(leave.copied.begin(), leave.copied.end(), isCopy))
-            say(id, "is the copy of none that was selected");
-    });
-    if (stay != stayed || QSet<int>(stay.begin(), stay.end()).size() != stay.size())
-        found.append(QStringLiteral("contacts came twice or changed places"));
-    int more = 0;
-    int less = 0;
-    idsNotIn(m_state.categories, now.categories, [&less](int) { ++less; });
-    idsNotIn(now.categories, m_state.categories, [&more](int) { ++more; });
-    if (more > leave.categoriesMore || less > leave.categoriesLess)
-        found.append(QStringLiteral("%1 categories came, %2 went").arg(more).arg(less));
+    QList<int> stay = after;
+    const qsizetype appeared = stay.removeIf([&](int id) { return !before.contains(id); });
+    if (vanished > 1 || appeared > more)
+        found.append(QStringLiteral("%1 appeared, %2 vanished").arg(appeared).arg(vanished));
+    if (stay != stayed)
+        found.append(QStringLiteral("one is there twice or changed places"));
     return found;
+}
+
+QStringList RoughAccount::differencesOfNewContact(int id, const State &now, const Leave &leave) const
+{
+    const Texts texts = now.texts[id];
+    const auto isCopy = [&](int model) {
+        Texts original = m_state.texts[model];
+        original[RecordKey::creationDate.name()] = texts[RecordKey::creationDate.name()];
+        return texts == original;
+    };
+    if (m_last.contains(id) && m_last[id] != texts)
+        return {QStringLiteral("%1 came back as another one").arg(id)};
+    if (!leave.copied.isEmpty() && std::none_of(leave.copied.begin(), leave.copied.end(), isCopy))
+        return {QStringLiteral("%1 is the copy of none that was selected").arg(id)};
+    return {};
 }
 
 QStringList RoughAccount::differencesInTexts(const State &now, const Leave &leave) const
 {
     QStringList found;
+    QSet<QString> undone;
     for (const auto &[id, before] : m_state.texts.asKeyValueRange()) {
-        if (!now.texts.contains(id))
-            continue;
-        const Texts &after = now.texts[id];
-        for (const QString &key : before.keys() + after.keys()) {
+        const Texts after = now.texts.value(id, before);
+        Texts both = before;
+        both.insert(after);
+        for (const QString &key : both.keys()) {
             const QString was = before.value(key);
             const QString is = after.value(key);
             const bool isMeant = leave.ids.contains(id) && key == leave.key;
             if (isMeant ? leave.text.isNull() || is == leave.text : is == was)
                 continue;
-            if (leave.isUndo && m_history[{id, key}].contains(is))
-                continue;
-            found.append(QStringLiteral("%1 of %2 was “%3”, is “%4”").arg(key).arg(id).arg(was, is));
+            if (leave.isUndo && (is.isEmpty() || m_history[{id, key}].contains(is)))
+                undone.insert(key);
+            else
+                found.append(QStringLiteral("%1 of %2 was “%3”, is “%4”").arg(key).arg(id).arg(was, is));
         }
     }
+    if (undone.size() > 1)
+        found.append(QStringLiteral("one undo changed ") + undone.values().join(u' '));
     return found;
-}
-
-void RoughAccount::take(const State &now)
-{
-    m_state = now;
-    for (const auto &[id, texts] : now.texts.asKeyValueRange()) {
-        m_last[id] = texts;
-        for (const auto &key : contactTextKeys())
-            m_history[{id, key.name()}].insert(texts.value(key.name()));
-    }
 }

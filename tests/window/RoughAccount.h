@@ -5,12 +5,11 @@
 #include <QMap>
 #include <QSet>
 
-#include <functional>
 #include <map>
 
 // A plain account of what one document must hold, for a test that plays its user. It knows nothing of how the
-// document works: before each act the test says what the act may change, and afterwards everything else must
-// be as it was. Contacts and categories have numbers, which they keep over a lock or a second opening.
+// document works: the test says what each act may change, and everything else must be as it was. Contacts and
+// categories have numbers, which they keep over a lock and a reopening.
 class RoughAccount
 {
 public:
@@ -19,52 +18,49 @@ public:
 
     static constexpr int Captions = 0; // the number of all captions together
 
-    // What an act may change; nothing, unless it says so.
+    // What an act may change; by default nothing.
     struct Leave
     {
         QSet<int> ids; // have `text` under `key` afterwards; any text, if it is null
         QString key;
         QString text;
-        int appear = 0; // so many contacts at most
-        int vanish = 0;
-        QSet<int> vanishing;    // the only ones that may vanish; empty for any
-        QSet<int> copied;       // a new contact is like one of these; empty for any
-        int categoriesMore = 0; // so many at most
-        int categoriesLess = 0;
-        bool isUndo = false; // texts may go back to what once stood in the same field of the same contact
+        int contactsMore = 0; // so many at most
+        int categoriesMore = 0;
+        QSet<int> vanishing; // one of these contacts and categories may go
+        QSet<int> copied;    // a new contact equals one of these; empty for any
+        bool isUndo = false; // texts under one key may go back to what the same contact once had there
     };
 
-    // Everything, without its account: for the beginning.
-    void begin(MyDocument &document) { m_state = observe(document); }
-    // The content has been read anew, and all objects are new ones at the places of the old.
-    QStringList rebind(MyDocument &document);
-    // What is not as it should be; from now on, what is there counts.
+    // What differs from what the last call found, other than by leave.
     QStringList differences(MyDocument &document, const Leave &leave);
+    // The same, without leave, after the content was read again: its objects are new ones, in the old order.
+    QStringList differencesAfterReading(MyDocument &document);
 
-    // Of a record or a category; -1 for one that was never seen.
+    // -1 for an object that was never seen.
     int idOf(const Object &object) const;
+    QSet<int> selectedIn(const Foundation::ArrayController &objects) const;
     const Texts &texts(int id) const { return m_state.texts.constFind(id).value(); }
-    qsizetype recordCount() const { return m_state.records.size(); }
+    const QList<int> &contacts() const { return m_state.contacts; }
 
 private:
     struct State
     {
-        QList<int> records;
+        QList<int> contacts;
         QList<int> categories;
         QMap<int, Texts> texts;
     };
 
     State observe(MyDocument &document);
     int numberOf(const Object &object);
-    bool isBack(int id, Texts texts, const State &now) const;
-    QStringList differencesInList(const State &now, const Leave &leave) const;
+    QStringList differencesInList(const QList<int> &before, const QList<int> &after, int more,
+                                  const Leave &leave) const;
+    QStringList differencesOfNewContact(int id, const State &now, const Leave &leave) const;
     QStringList differencesInTexts(const State &now, const Leave &leave) const;
-    void take(const State &now);
 
     State m_state;
     std::map<const Foundation::Dictionary *, int> m_ids;
     std::vector<Object> m_kept; // so that no address is used twice
     int m_lastId = Captions;
-    QMap<int, Texts> m_last; // of those, too, that are gone
+    QMap<int, Texts> m_last; // also of those that are gone
     QMap<std::pair<int, QString>, QSet<QString>> m_history;
 };
