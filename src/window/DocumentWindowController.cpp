@@ -76,8 +76,10 @@ void DocumentWindowController::setUpControls()
     m_ui->editScrollArea->follow(m_ui->viewScrollArea);
     m_formFocus = std::make_unique<FormFocus>(
         m_document, FormFocus::Parts{m_ui->editScrollArea, m_ui->firstName, m_ui->myTableView});
+    auto *announcer = new Announcer(&m_window);
     m_hiddenContact = std::make_unique<HiddenContact>(
-        m_document, *m_formFocus, HiddenContact::Parts{m_ui->hiddenContactNotice, m_ui->showAllButton});
+        m_document, *m_formFocus,
+        HiddenContact::Parts{m_ui->hiddenContactNotice, m_ui->showAllButton, announcer});
     setUpTable();
     m_categoryFilter = std::make_unique<CategoryFilter>(*m_document, m_dispatcher, m_ui->myActionPopup);
     setUpToolbar();
@@ -87,7 +89,7 @@ void DocumentWindowController::setUpControls()
                           {m_ui->detailPlaceholder, m_ui->placeholderTitle, m_ui->placeholderHint,
                            m_ui->detailView, m_ui->myTableView},
                           &m_window);
-    new DocumentAnnouncer(m_document, new Announcer(&m_window));
+    new DocumentAnnouncer(m_document, announcer);
     connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::releaseFocus);
     m_binder.bind(&m_window);
 }

@@ -1,5 +1,6 @@
 #include "window/HiddenContact.h"
 
+#include "window/Announcer.h"
 #include "window/FormFocus.h"
 
 #include <QAbstractButton>
@@ -33,6 +34,11 @@ void HiddenContact::follow(const Record &added)
     }
 }
 
+QString HiddenContact::sentence()
+{
+    return tr("The new contact is hidden by this filter.");
+}
+
 void HiddenContact::refresh()
 {
     FilteringArrayController *records = m_document->myArrayController();
@@ -42,13 +48,14 @@ void HiddenContact::refresh()
                      std::find(content.begin(), content.end(), m_record) == content.end()))
         m_record = nullptr;
     m_parts.notice->setVisible(bool(m_record));
-    m_parts.showAllButton->setAccessibleDescription(m_record ? tr("The new contact is hidden by this filter.")
-                                                             : QString());
+    m_parts.showAllButton->setAccessibleDescription(m_record ? sentence() : QString());
 }
 
 void HiddenContact::tell()
 {
     m_parts.showAllButton->setFocus();
+    // The focus alone says nothing when it is there already.
+    m_parts.announcer->say(sentence());
 }
 
 void HiddenContact::addRow(const ActionSender &sender)

@@ -2,6 +2,7 @@
 
 #include "lifecycle/MyDocument.h"
 
+class Announcer;
 class FormFocus;
 class QAbstractButton;
 
@@ -18,6 +19,7 @@ public:
     {
         QWidget *notice;
         QAbstractButton *showAllButton;
+        Announcer *announcer;
     };
 
     // Nothing is owned. All must outlive this.
@@ -30,6 +32,7 @@ public:
 private:
     using Record = Foundation::ArrayController::Object;
 
+    static QString sentence();
     void follow(const Record &added);
     void refresh();
     void tell();

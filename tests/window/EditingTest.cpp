@@ -1,3 +1,4 @@
+#include "window/Announcer.h"
 #include "window/RecordTable.h"
 #include "window/WindowTest.h"
 
@@ -62,6 +63,9 @@ TEST_F(EditingTest, ANewContactThatTheFilterHidesIsToldOfAndTakesNoTyping)
         EXPECT_EQ(contacts(), 3U);
         EXPECT_EQ(QApplication::focusWidget(), showAll());
         EXPECT_TRUE(isHiddenContactTold());
+        auto *announcer = window()->findChild<Announcer *>();
+        EXPECT_EQ(announcer->accessibleName(), u"The new contact is hidden by this filter.");
+        announcer->setAccessibleName({});
     }
     undo(); // Takes nothing that is hidden away.
     EXPECT_EQ(contacts(), 3U);
