@@ -507,6 +507,7 @@ def run_step(step, client):
 
 
 def main(program, report):
+    Atspi.set_timeout(PATIENCE * 1000, PATIENCE * 1000)  # Its own is 0.8 s for a reply.
     cases = []
     with tempfile.TemporaryDirectory(prefix="vexarel-assistive-") as folder:
         client = Client(program, pathlib.Path(folder))
