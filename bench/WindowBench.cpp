@@ -7,6 +7,8 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
 #include <QScrollBar>
 #include <QStandardPaths>
 
@@ -131,6 +133,72 @@ void keystroke(benchmark::State &state, const char *before, const char *text)
         [&] { open.type(QString::fromUtf8(text)); });
 }
 
+// Names alone, as in address books from telephones. All agree in what they lack, and nothing stops a look
+// early.
+void emptyFields(const DocumentState &content)
+{
+    for (const auto &entry : content.myArray->values) {
+        for (const auto &key : contactTextKeys()) {
+            if (key != RecordKey::firstName && key != RecordKey::lastName)
+                entry.dictionary()->setValue(key, QStringLiteral(""));
+        }
+    }
+}
+
+void selectAll(benchmark::State &state, bool fieldsAreEmpty)
+{
+    OpenWindow open(state.range(0));
+    if (fieldsAreEmpty)
+        emptyFields(open.content);
+    open.show();
+    PaintWatch watch(open.table->viewport());
+    measure(
+        state, [&] { open.table->selectRow(0); },
+        [&] {
+            open.table->selectAll();
+            watch.await();
+        });
+}
+
+// Typed into the form with all contacts selected.
+void keystrokeInAll(benchmark::State &state, bool fieldsAreEmpty)
+{
+    OpenWindow open(state.range(0));
+    if (fieldsAreEmpty)
+        emptyFields(open.content);
+    open.show();
+    open.document->switchToEditMode();
+    open.table->selectAll();
+    auto *field = open.table->window()->findChild<QLineEdit *>(QStringLiteral("company"));
+    PaintWatch watch(field);
+    measure(
+        state, [&] { field->setText(QStringLiteral("Acme")); },
+        [&] {
+            field->insert(QStringLiteral("!"));
+            watch.await();
+            QCoreApplication::processEvents(); // What waits for its turn holds up the next key.
+        });
+}
+
+// With the argument's number of categories, the last of which is shown.
+void fillCategoryPopUp(benchmark::State &state)
+{
+    OpenWindow open(1000);
+    for (qint64 id = 9; id <= state.range(0); ++id)
+        open.content.myCategoryArray->values.emplace_back(
+            newCategoryRecord(QStringLiteral("Category %1").arg(id), id));
+    open.show();
+    open.document->myArrayController()->setCategoryString(QStringLiteral("Category %1").arg(state.range(0)));
+    measure(
+        state, [] {}, [&] { open.document->categoryCommands().synkCategorySubMenu({}); });
+    QMenu *menu =
+        open.table->window()->findChild<QAction *>(QStringLiteral("myCategorySuperMenuItem"))->menu();
+    const auto start = std::chrono::steady_clock::now();
+    Q_EMIT menu->aboutToShow();
+    state.counters["menu_ms"] =
+        1000 * std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
 void scroll(benchmark::State &state)
 {
     OpenWindow open(state.range(0));
@@ -166,6 +234,16 @@ BENCHMARK_CAPTURE(keystroke, absent, "quic", "quick q")->Apply(sizes);
 BENCHMARK_CAPTURE(keystroke, frequent, "", "e")->Apply(sizes);
 BENCHMARK_CAPTURE(keystroke, growing, "grac", "grace")->Apply(sizes);
 BENCHMARK_CAPTURE(keystroke, cleared, "grace", "")->Apply(sizes);
+BENCHMARK_CAPTURE(selectAll, full, false)->Apply(sizes);
+BENCHMARK_CAPTURE(selectAll, mostlyEmpty, true)->Apply(sizes);
+BENCHMARK_CAPTURE(keystrokeInAll, full, false)->Apply(sizes);
+BENCHMARK_CAPTURE(keystrokeInAll, mostlyEmpty, true)->Apply(sizes);
+BENCHMARK(fillCategoryPopUp)
+    ->Arg(1000)
+    ->Arg(4000)
+    ->Arg(16000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(scroll)->Apply(sizes);
 BENCHMARK(repaint)->Apply(sizes);
 

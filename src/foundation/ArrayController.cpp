@@ -67,6 +67,7 @@ void ArrayController::setSelectionIndexes(std::vector<std::size_t> indexes)
     if (indexes == m_selection)
         return;
     m_selection = std::move(indexes);
+    m_selectionValues.clear();
     ++m_selectionStamp;
     Q_EMIT selectionChanged();
 }
@@ -152,6 +153,7 @@ void ArrayController::select(std::vector<std::size_t> positions, std::size_t fal
         isSameSelection = false;
     }
     m_selection = std::move(positions);
+    m_selectionValues.clear();
     if (!isSameSelection)
         ++m_selectionStamp;
     Q_EMIT arrangedObjectsChanged();
@@ -265,29 +267,25 @@ void ArrayController::removeSelectedObjects()
 
 Value ArrayController::valueForSelection(QStringView keyPath, bool *isMixed, Likeness alike) const
 {
-    if (isMixed)
-        *isMixed = false;
-    if (m_selection.empty())
-        return {};
-    const ArrangedObjects arranged = arrangedObjects();
-    Value first = arranged[m_selection.front()]->valueForKeyPath(keyPath);
-    for (const std::size_t index : m_selection) {
-        const Value value = arranged[index]->valueForKeyPath(keyPath);
-        if (value == first || (alike && alike(value, first)))
-            continue;
-        if (isMixed)
-            *isMixed = true;
-        return {};
+    SelectionValues::Outcome outcome;
+    if (!m_selection.empty()) {
+        const ArrangedObjects arranged = arrangedObjects();
+        outcome = m_selectionValues.outcome(
+            keyPath, alike, m_selection.size(),
+            [&](std::size_t i) -> const Dictionary & { return *arranged[m_selection[i]]; });
     }
-    return first;
+    if (isMixed)
+        *isMixed = outcome.isMixed;
+    return outcome.value;
 }
 
 void ArrayController::setValueForSelection(const Key &key, const Value &value)
 {
-    for (const std::size_t index : m_selection) {
+    const quint64 formerChangeStamp = Dictionary::lastChangeStamp();
+    for (const std::size_t index : m_selection)
         arrangedObjects()[index]->setValue(key, value);
-        Q_EMIT objectChanged(qsizetype(index));
-    }
+    m_selectionValues.takeCommonValue(key, value, formerChangeStamp);
+    noteChanges(std::vector(m_selection)); // A view may change the selection meanwhile.
 }
 
 void ArrayController::setValues(const Key &key, const std::vector<std::pair<Object, Value>> &values)
@@ -297,15 +295,18 @@ void ArrayController::setValues(const Key &key, const std::vector<std::pair<Obje
         object->setValue(key, value);
         objects.push_back(object);
     }
-    for (const std::size_t index : positionsOf(objects))
-        Q_EMIT objectChanged(qsizetype(index));
+    noteChanges(positionsOf(objects));
 }
 
 void ArrayController::noteChange(const Object &object)
 {
-    const qsizetype index = arrangedIndexOf(object);
-    if (index >= 0)
-        Q_EMIT objectChanged(index);
+    noteChanges(positionsOf({object}));
+}
+
+void ArrayController::noteChanges(const std::vector<std::size_t> &arrangedIndexes)
+{
+    if (!arrangedIndexes.empty())
+        Q_EMIT objectsChanged(arrangedIndexes);
 }
 
 } // namespace Foundation

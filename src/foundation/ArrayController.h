@@ -2,6 +2,7 @@
 
 #include "foundation/ArrangedObjects.h"
 #include "foundation/Array.h"
+#include "foundation/SelectionValues.h"
 #include "foundation/SortOrder.h"
 
 #include <QObject>
@@ -86,8 +87,7 @@ public:
     // The dictionaries of the content, in its order.
     const Objects &contentObjects() { return *updatedContentObjects(); }
 
-    // Whether two values count as one.
-    using Likeness = bool (*)(const Value &a, const Value &b);
+    using Likeness = Foundation::Likeness;
     // The value under a key path of the selected objects: of the first if all of them agree, by the likeness
     // given or exactly, otherwise nothing with *isMixed set. Null without a selection.
     Value valueForSelection(QStringView keyPath, bool *isMixed = nullptr, Likeness alike = nullptr) const;
@@ -109,8 +109,9 @@ Q_SIGNALS:
     // The arranged list is another one; the selection may be.
     void arrangedObjectsChanged();
     void selectionChanged();
-    // A value in the object at this arranged position has changed.
-    void objectChanged(qsizetype arrangedIndex);
+    // Values in the objects at these arranged positions, ascending, have changed. Once for all objects that
+    // one edit changes.
+    void objectsChanged(const std::vector<std::size_t> &arrangedIndexes);
 
 protected:
     using Positions = SortOrder::Positions;
@@ -132,6 +133,7 @@ private:
     // Into the list as it stands, `m_arrangedFrom` included.
     void showAtItsPlace(const Object &object);
     const std::shared_ptr<const Objects> &updatedContentObjects();
+    void noteChanges(const std::vector<std::size_t> &arrangedIndexes);
 
     Ref<Array> m_content = Array::create();
     // Of the content as it stood when it was looked at last, and when it was arranged last: the same, mostly.
@@ -139,6 +141,7 @@ private:
     std::shared_ptr<const Objects> m_arrangedFrom = m_contentObjects;
     Positions m_arranged;
     std::vector<std::size_t> m_selection;
+    mutable SelectionValues m_selectionValues;
     quint64 m_selectionStamp = 0;
     SortOrder m_sortOrder;
 };

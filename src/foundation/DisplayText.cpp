@@ -74,8 +74,9 @@ QString displayText(const Value &value)
 
 bool isShownAlike(const Value &a, const Value &b)
 {
-    if (a.isString() && b.isString())
-        return a == b;
+    const auto isText = [](const Value &value) { return value.isString() || value.isNull(); };
+    if (isText(a) && isText(b))
+        return a == b || (a.text().size == 0 && b.text().size == 0);
     return a == b || displayText(a) == displayText(b);
 }
 

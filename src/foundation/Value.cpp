@@ -367,6 +367,8 @@ bool operator==(const Value &a, const Value &b) noexcept
     default:
         break;
     }
+    if (a.isShared() && a.shared() == b.shared())
+        return true;
     const TextView x = a.text();
     const TextView y = b.text();
     if (x.size != y.size || (x.units == nullptr) != (y.units == nullptr))

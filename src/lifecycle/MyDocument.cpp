@@ -38,9 +38,11 @@ MyDocument::MyDocument(QObject *parent)
     installDocumentTransformers();
     connect(&m_categories, &ArrayController::arrangedObjectsChanged, &m_categoriesForMenu,
             [this] { m_categoriesForMenu.setContent(m_categories.content()); });
-    connect(&m_categories, &ArrayController::objectChanged, &m_categoriesForMenu, [this](qsizetype index) {
-        m_categoriesForMenu.noteChange(m_categories.arrangedObjects()[std::size_t(index)]);
-    });
+    connect(&m_categories, &ArrayController::objectsChanged, &m_categoriesForMenu,
+            [this](const std::vector<std::size_t> &indexes) {
+                for (const std::size_t index : indexes)
+                    m_categoriesForMenu.noteChange(m_categories.arrangedObjects()[index]);
+            });
     setDocumentCreationDate(Value::date(Services::shared().clock().secondsSince2001()));
     m_categories.setContent(state().myCategoryArray);
     m_records.setContent(state().myArray);

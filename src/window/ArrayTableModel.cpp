@@ -11,8 +11,9 @@ ArrayTableModel::ArrayTableModel(ArrayController *rows, QList<Column> columns, Q
         beginResetModel();
         endResetModel();
     });
-    connect(rows, &ArrayController::objectChanged, this, [this](qsizetype row) {
-        Q_EMIT dataChanged(index(int(row), 0), index(int(row), columnCount() - 1));
+    connect(rows, &ArrayController::objectsChanged, this, [this](const std::vector<std::size_t> &indexes) {
+        // One range for all: what is on the screen of it is soon drawn anew.
+        Q_EMIT dataChanged(index(int(indexes.front()), 0), index(int(indexes.back()), columnCount() - 1));
     });
 }
 

@@ -243,16 +243,19 @@ void Binder::bindPopUp(QComboBox *popUp)
 {
     const KeyPath rows(m_document, textProperty(popUp, InterfaceProperty::BindContent));
     const KeyPath selected(m_document, textProperty(popUp, InterfaceProperty::BindSelectedObject));
-    const auto show = [popUp, rows, selected,
-                       placeholder = popUp->placeholderText()](const BindingExpression &) {
+    const auto showSelected = [popUp, rows, selected,
+                               placeholder = popUp->placeholderText()](const BindingExpression &) {
         const BoundValue bound = selected.value();
-        setRowsOfPopUp(popUp, rows);
         popUp->setPlaceholderText(bound.isMixed ? tr("Multiple Values") : placeholder);
         popUp->setCurrentIndex(rowOfObject(rows, bound.value));
         enableBySelection(popUp, bound);
     };
-    follow(popUp, InterfaceProperty::BindContent, nullptr, show);
-    follow(popUp, InterfaceProperty::BindSelectedObject, nullptr, show);
+    follow(popUp, InterfaceProperty::BindContent, nullptr,
+           [popUp, rows, showSelected](const BindingExpression &expression) {
+               setRowsOfPopUp(popUp, rows);
+               showSelected(expression);
+           });
+    follow(popUp, InterfaceProperty::BindSelectedObject, nullptr, showSelected);
 }
 
 void Binder::bindAction(QWidget *control)

@@ -40,7 +40,7 @@ CategoryFilter::CategoryFilter(MyDocument &document, ActionDispatcher &dispatche
         showFilter();
     });
     const auto *categories = document.myCategoryArrayController();
-    connect(categories, &ArrayController::objectChanged, this, &CategoryFilter::followName);
+    connect(categories, &ArrayController::objectsChanged, this, &CategoryFilter::followName);
     // Unlocking brings new objects.
     connect(categories, &ArrayController::arrangedObjectsChanged, this, &CategoryFilter::takeFilter);
     connect(&m_categoryMenu, &QMenu::aboutToShow, this, &CategoryFilter::fillMenu);
@@ -58,14 +58,18 @@ void CategoryFilter::setUpPopUp()
 
 void CategoryFilter::removeItemAtIndex(qsizetype index)
 {
+    const bool isShown = index == m_popUp->currentIndex();
     m_popUp->removeItem(int(index));
+    if (isShown) // Not one of its neighbours.
+        m_popUp->setCurrentIndex(-1);
 }
 
 void CategoryFilter::insertItem(const QString &title, const QString &action, qsizetype index)
 {
     m_popUp->insertItem(int(index), shownLine(title), action);
     m_popUp->setItemData(int(index), title, TitleRole);
-    showFilter();
+    if (m_popUp->currentIndex() < 0 && title == titleOfFilter())
+        m_popUp->setCurrentIndex(int(index));
 }
 
 QString CategoryFilter::titleOfSelectedItem() const
@@ -90,11 +94,17 @@ void CategoryFilter::sendActionOfItem(int index)
     m_dispatcher.send(m_popUp->itemData(index).toString(), sender);
 }
 
-void CategoryFilter::showFilter()
+QString CategoryFilter::titleOfFilter() const
 {
     const QString category = m_records->categoryString();
-    selectItemWithTitle(category.isEmpty() ? CategoryCommands::ShowAllTitle : category);
-    m_popUp->setPlaceholderText(shownLine(category)); // Its item may have gone, or bear another name.
+    return category.isEmpty() ? CategoryCommands::ShowAllTitle : category;
+}
+
+void CategoryFilter::showFilter()
+{
+    selectItemWithTitle(titleOfFilter());
+    m_popUp->setPlaceholderText(
+        shownLine(m_records->categoryString())); // Its item may have gone, or bear another name.
 }
 
 bool CategoryFilter::isFiltered(const ArrayController::Object &category) const

@@ -28,6 +28,7 @@ public:
 private:
     void setUpPopUp();
     void sendActionOfItem(int index);
+    QString titleOfFilter() const;
     void showFilter();
     void fillMenu();
     void takeFilter();

@@ -39,10 +39,12 @@ CategoryView::CategoryView(QWidget *parent)
 void CategoryView::setMyArrayController(Foundation::ArrayController *records)
 {
     myArrayController = records;
-    connect(records, &Foundation::ArrayController::objectChanged, this, [this](qsizetype index) {
-        if (index == myArrayController->selectionIndex())
-            refresh();
-    });
+    connect(records, &Foundation::ArrayController::objectsChanged, this,
+            [this](const std::vector<std::size_t> &indexes) {
+                if (std::binary_search(indexes.begin(), indexes.end(),
+                                       std::size_t(myArrayController->selectionIndex())))
+                    refresh();
+            });
     refresh();
 }
 

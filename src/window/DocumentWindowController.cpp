@@ -125,7 +125,7 @@ void DocumentWindowController::setUpTable()
         view->setMyArrayController(records);
     const auto refreshLabels = [delegate] { delegate->tableViewSelectionDidChange(); };
     connect(records, &ArrayController::selectionChanged, delegate, refreshLabels);
-    connect(m_document->myCategoryArrayController(), &ArrayController::objectChanged, delegate,
+    connect(m_document->myCategoryArrayController(), &ArrayController::objectsChanged, delegate,
             refreshLabels);
     connect(table, &RecordTable::editRequested, m_formFocus.get(), &FormFocus::beginEditing);
     connect(table, &RecordTable::contextMenuRequested, this,

@@ -148,7 +148,7 @@ void KeyPath::observe(QObject *receiver, const QMetaMethod &changed,
     connectSignal(QMetaMethod::fromSignal(m_isOfSelection ? &ArrayController::selectionChanged
                                                           : &ArrayController::arrangedObjectsChanged),
                   changed);
-    connectSignal(QMetaMethod::fromSignal(&ArrayController::objectChanged), changedOneOfMany);
+    connectSignal(QMetaMethod::fromSignal(&ArrayController::objectsChanged), changedOneOfMany);
 }
 
 bool KeyPath::resolves(const QMetaObject &root, const QString &path)

@@ -34,8 +34,8 @@ RecordCard::RecordCard(ArrayController *records, Parts parts, const ShowWholeTex
     quiet.setColor(QPalette::Text, quietTextColor(quiet));
     parts.subtitle->setPalette(quiet);
     connect(records, &ArrayController::selectionChanged, this, &RecordCard::refresh);
-    connect(records, &ArrayController::objectChanged, this, [this](qsizetype index) {
-        if (index == m_records->selectionIndex())
+    connect(records, &ArrayController::objectsChanged, this, [this](const std::vector<std::size_t> &indexes) {
+        if (std::binary_search(indexes.begin(), indexes.end(), std::size_t(m_records->selectionIndex())))
             refresh();
     });
     connect(parts.name, &FieldText::wholeTextWanted, this,

@@ -127,4 +127,36 @@ TEST(ArrayController, SortsNumbersAroundOneThatIsNone)
     EXPECT_EQ(arranged[2]->value(u"name"), Value(2.0));
 }
 
+int likenessAsked = 0;
+
+TEST(ArrayController, LooksOnceForWhatManySelectedShareAndTellsOnceOfAnEdit)
+{
+    Controller controller;
+    controller.fill({"a", "b", "c"});
+    controller.content()->values[0].dictionary()->setValue(u"note", u""_qs);
+    controller.setSelectionIndexes({0, 1, 2});
+    const auto bothEmpty = [](const Value &a, const Value &b) {
+        ++likenessAsked;
+        return a.text().size == 0 && b.text().size == 0;
+    };
+    bool isMixed = true;
+    for (int control = 0; control < 5; ++control)
+        EXPECT_EQ(controller.valueForSelection(u"note", &isMixed, bothEmpty), Value(u""_qs));
+    EXPECT_FALSE(isMixed);
+    EXPECT_EQ(likenessAsked, 2);
+
+    int told = 0;
+    QObject::connect(&controller, &ArrayController::objectsChanged, [&](const auto &indexes) {
+        ++told;
+        EXPECT_EQ(indexes, controller.selectionIndexes());
+    });
+    controller.setValueForSelection(Key(u"note"), u"x"_qs);
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(controller.valueForSelection(u"note"), Value(u"x"_qs));
+    controller.arrangedObjects()[2]->setValue(u"note", u"y"_qs);
+    EXPECT_TRUE(controller.valueForSelection(u"note", &isMixed).isNull() && isMixed);
+    controller.setSelectionIndexes({0, 1});
+    EXPECT_EQ(controller.valueForSelection(u"note"), Value(u"x"_qs));
+}
+
 } // namespace
