@@ -1,6 +1,7 @@
 #include "window/FilePanels.h"
 
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QLineEdit>
 #include <QSettings>
 
@@ -32,8 +33,26 @@ protected:
     }
 };
 
+// Knows a folder from a file and asks for no more. The toolkit's own reads the beginning of each listed file
+// on the thread of the windows, which hangs for as long as a single one does not answer.
+class PlainIcons : public QFileIconProvider
+{
+public:
+    using QFileIconProvider::icon;
+    QIcon icon(const QFileInfo &file) const override
+    {
+        return QFileIconProvider::icon(file.isDir() ? Folder : File);
+    }
+    QString type(const QFileInfo &file) const override
+    {
+        return file.isDir() ? QFileDialog::tr("Folder") : QFileDialog::tr("File");
+    }
+};
+
 void setUpPanel(QFileDialog *panel)
 {
+    static PlainIcons icons; // A panel does not own it, and uses it until its very end.
+    panel->setIconProvider(&icons);
     // One of the desktop's would keep a history of its own, and while it had the focus the application would
     // count as left.
     panel->setOption(QFileDialog::DontUseNativeDialog);

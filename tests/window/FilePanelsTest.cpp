@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -23,6 +24,18 @@ TEST(FilePanels, SuffixIsAddedOnce)
     };
     for (const auto &c : cases)
         EXPECT_EQ(withDocumentSuffix(QString::fromLatin1(c.chosen)).toStdString(), c.path);
+}
+
+TEST(FilePanels, ReadNothingOfTheFilesThatTheyList)
+{
+    const QTemporaryDir folder;
+    const QFileInfo script(folder.filePath(u"a"_qs));
+    const QFileInfo picture(folder.filePath(u"b"_qs));
+    putFile(script.filePath(), "#!/bin/sh\n");
+    putFile(picture.filePath(), "\x89PNG\r\n\x1a\n");
+    const std::unique_ptr<QFileDialog> panel(newOpenPanel(nullptr));
+    EXPECT_NE(QFileIconProvider().type(script), QFileIconProvider().type(picture));
+    EXPECT_EQ(panel->iconProvider()->type(script), panel->iconProvider()->type(picture));
 }
 
 TEST(FilePanels, LeaveNoTraceOfWhatTheyShowed)
