@@ -3,6 +3,8 @@
 #include "core/RecordModel.h"
 #include "foundation/DisplayText.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -118,7 +120,7 @@ QStringList RoughAccount::differencesInList(const QList<int> &before, const QLis
     const qsizetype appeared = stay.removeIf([&](int id) { return !before.contains(id); });
     if (vanished > 1 || appeared > more)
         found.append(QStringLiteral("%1 appeared, %2 vanished").arg(appeared).arg(vanished));
-    if (stay != stayed)
+    if (!std::ranges::equal(stay, stayed))
         found.append(QStringLiteral("one is there twice or changed places"));
     return found;
 }
@@ -131,7 +133,11 @@ QStringList RoughAccount::differencesOfNewContact(int id, const State &now, cons
         original[RecordKey::creationDate.name()] = texts[RecordKey::creationDate.name()];
         return texts == original;
     };
-    if (m_last.contains(id) && m_last[id] != texts)
+    Texts last = m_last.value(id, texts);
+    // Its category may have been removed, and the content read, since the contact went.
+    if (!m_state.categories.contains(last.value(categoryKey).toInt()))
+        last[categoryKey] = texts.value(categoryKey);
+    if (last != texts)
         return {QStringLiteral("%1 came back as another one").arg(id)};
     if (!leave.copied.isEmpty() && std::none_of(leave.copied.begin(), leave.copied.end(), isCopy))
         return {QStringLiteral("%1 is the copy of none that was selected").arg(id)};
