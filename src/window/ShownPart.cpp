@@ -7,6 +7,7 @@ namespace
 
 constexpr qsizetype LongestText = 10'000; // UTF-16 units
 constexpr qsizetype MostLines = 1'000;
+constexpr qsizetype LongestWord = 2'000; // It is looked at anew for each line that it is broken into.
 constexpr qsizetype LongestLine = 1'000;
 
 qsizetype boundaryBefore(const QString &text, qsizetype limit)
@@ -29,13 +30,17 @@ qsizetype boundaryBefore(const QString &text, qsizetype limit)
 
 QString shownPart(const QString &text)
 {
-    qsizetype end = boundaryBefore(text, LongestText);
+    const qsizetype limit = boundaryBefore(text, LongestText);
     qsizetype lines = 0;
-    for (qsizetype i = 0; i < end; ++i) {
+    qsizetype word = 0;
+    for (qsizetype i = 0; i < limit; ++i) {
+        word = text.at(i).isSpace() || text.at(i).isPunct() ? 0 : word + 1;
+        if (word > LongestWord)
+            return text.first(boundaryBefore(text, i));
         if (text.at(i) == u'\n' && ++lines == MostLines)
-            end = i;
+            return text.first(i);
     }
-    return text.first(end);
+    return text.first(limit);
 }
 
 QString shownLine(const QString &text)

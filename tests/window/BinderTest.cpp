@@ -127,21 +127,21 @@ TEST_F(BinderTest, AShortenedTextIsNeverWrittenBack)
     auto *line = add<QLineEdit>({{"bindValue", Note}});
     bind();
     const QString smile = u"\U0001F642"_qs;
-    const QString pasted = QString(9999, u'x') + smile + QString(30'000, u'x');
+    const QString pasted = QString(1999, u'x') + smile + QString(40'000, u'x');
     line->setText(pasted);
     EXPECT_EQ(text(0, RecordKey::note), pasted) << "beyond the usual limit of a line";
     runEvents();
-    EXPECT_EQ(line->text(), QString(9999, u'x')) << "no half character";
+    EXPECT_EQ(line->text(), QString(1999, u'x')) << "no half character";
     EXPECT_TRUE(line->isReadOnly());
     line->setText(u"by assistive technology"_qs);
     EXPECT_EQ(text(0, RecordKey::note), pasted);
     select({1});
-    line->setText(QString(10'000, u'x'));
+    line->setText(QString(2'000, u'x'));
     runEvents();
     line->insert(smile);
     runEvents();
     EXPECT_FALSE(line->isReadOnly()) << "typing goes on";
-    EXPECT_EQ(text(1, RecordKey::note), QString(10'000, u'x') + smile);
+    EXPECT_EQ(text(1, RecordKey::note), QString(2'000, u'x') + smile);
 }
 
 TEST_F(BinderTest, SeveralRecordsShowWhatTheyShareAndAreWrittenTogether)
