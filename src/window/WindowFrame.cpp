@@ -12,8 +12,17 @@ using Foundation::Rect;
 namespace
 {
 
-QList<QRect> availableScreens()
+// Under Wayland windows have no place that they know or choose, and stay on the screen that they are on.
+bool canPlaceWindows()
 {
+    return !QGuiApplication::platformName().startsWith(u"wayland");
+}
+
+// Those that a window can be put onto.
+QList<QRect> availableScreens(const QWidget &window)
+{
+    if (!canPlaceWindows())
+        return {window.screen()->availableGeometry()};
     QList<QRect> screens = {QGuiApplication::primaryScreen()->availableGeometry()};
     for (const QScreen *screen : QGuiApplication::screens())
         screens.append(screen->availableGeometry());
@@ -43,7 +52,7 @@ void WindowFrame::setFrame(const Rect &frame)
     if (m_window->isMaximized() || m_window->isFullScreen())
         m_window->showNormal();
     const QRect rect = reachableRect(screenRectOfFrame(frame, primaryScreen()), m_window->minimumSize(),
-                                     m_usualSize, titleBarHeight(), availableScreens());
+                                     m_usualSize, titleBarHeight(), availableScreens(*m_window));
     m_window->move(rect.topLeft());
     m_window->resize(rect.size());
 }
@@ -57,7 +66,7 @@ int WindowFrame::titleBarHeight() const
 
 void WindowFrame::center()
 {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect screen = availableScreens(*m_window).first();
     m_window->resize(m_window->size().boundedTo(screen.size() - QSize(0, titleBarHeight())));
     QRect rect(QPoint(), m_window->size());
     rect.moveCenter(screen.center());

@@ -44,4 +44,6 @@ TEST(WindowPlacement, WindowsStayInReach)
     };
     for (const auto &c : cases)
         EXPECT_EQ(reachableRect(c.wanted, minimum, usual, TitleBar, {left, right}), c.shown) << c.rule;
+    EXPECT_EQ(reachableRect({100, 50, 1500, 900}, minimum, usual, TitleBar, {right}).size(), QSize(1280, 900))
+        << "the one screen that the window can be on";
 }
