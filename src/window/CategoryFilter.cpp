@@ -86,7 +86,7 @@ void CategoryFilter::selectItemWithTitle(const QString &title)
 void CategoryFilter::sendActionOfItem(int index)
 {
     const auto categories = m_document.myCategoryArrayController()->arrangedObjects();
-    const std::size_t row = std::size_t(index - FirstCategoryItem);
+    const auto row = std::size_t(index - FirstCategoryItem);
     if (index >= FirstCategoryItem && row < categories.size())
         m_category = categories[row]; // Others may have the same name.
     Foundation::ActionSender sender;
@@ -114,12 +114,15 @@ bool CategoryFilter::isFiltered(const ArrayController::Object &category) const
 
 void CategoryFilter::takeFilter()
 {
+    if (m_isFollowingName)
+        return;
     const auto categories = m_document.myCategoryArrayController()->arrangedObjects();
     const bool isThere = std::find(categories.begin(), categories.end(), m_category) != categories.end();
-    if (isThere && isFiltered(m_category))
+    const bool hasFilter = !m_records->categoryString().isEmpty();
+    if (hasFilter && isThere && isFiltered(m_category))
         return;
     m_category = nullptr;
-    if (m_records->categoryString().isEmpty())
+    if (!hasFilter)
         return;
     const auto found = std::find_if(categories.begin(), categories.end(),
                                     [this](const auto &category) { return isFiltered(category); });
@@ -131,7 +134,10 @@ void CategoryFilter::followName()
 {
     if (!m_category || isFiltered(m_category))
         return;
+    // The name may be empty on the way to another one, which is no filter, and must not end the following.
+    m_isFollowingName = true;
     m_records->setCategoryString(nameOfCategory(m_category));
+    m_isFollowingName = false;
     m_records->rearrangeObjects();
 }
 

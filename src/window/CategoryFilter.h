@@ -40,5 +40,6 @@ private:
     ActionDispatcher &m_dispatcher;
     QComboBox *m_popUp;
     Foundation::ArrayController::Object m_category; // whose name is the filter; null without one
+    bool m_isFollowingName = false;
     QMenu m_categoryMenu;
 };

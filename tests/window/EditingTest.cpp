@@ -225,6 +225,18 @@ TEST_F(EditingTest, TheFilterFollowsTheNameOfItsCategory)
     EXPECT_EQ(names(), (QStringList{zoe, boris}));
     EXPECT_EQ(popUp->currentText(), u"Friends");
     EXPECT_EQ(control<QLabel>("usedFilter")->text(), u"category \"Friends\"");
+
+    // A filter that the user took away does not come back with the next name.
+    for (const QString &name : {u""_qs, u"Colleagues"_qs}) {
+        press(Qt::Key_K, Qt::ControlModifier);
+        ASSERT_TRUE(sheetComes(u"myCategorySheet"_qs));
+        auto *field = control<QLineEdit>("categoryName");
+        field->setFocus();
+        field->selectAll();
+        name.isEmpty() ? field->del() : type(name);
+        dismiss(Qt::Key_Escape);
+        EXPECT_EQ(popUp->currentText(), u"Show All");
+    }
 }
 
 } // namespace
