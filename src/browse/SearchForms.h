@@ -3,8 +3,8 @@
 #include "browse/SearchText.h"
 
 // The search forms of many rows of texts in one piece of memory, which a search goes through at the speed of
-// memory. A row is the forms of some texts, each with the byte 0xFF behind it, then its length changes and
-// the numbers that its owner keeps with it.
+// memory. A row consists of the forms of some texts, each followed by the byte 0xFF, then its length changes,
+// and at the end the numbers that its owner keeps with it.
 class SearchForms
 {
 public:

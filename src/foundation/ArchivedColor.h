@@ -22,8 +22,8 @@ enum class ArchivedColorSpace {
     Named = 6,           // no text; "NSColor" is the colour that goes by the name
 };
 
-// Reads the components of all spaces but the named one: numbers from 0 to 1 between blanks, with an opacity
-// behind them unless that is 1. The text ends at its first null character. No colour management takes place:
+// Reads the components of all spaces but the named one: numbers from 0 to 1 between blanks, followed by
+// an opacity unless that is 1. The text ends at its first null character. No colour management takes place:
 // device components count as calibrated ones, and CMYK is mixed as ink on white paper. Nothing if the text is
 // something else; numbers outside become the nearer end.
 std::optional<Color> colorOfComponents(ArchivedColorSpace space, const QByteArray &text);

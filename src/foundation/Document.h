@@ -65,7 +65,7 @@ public:
     // Why nothing may be written now although dataOfType() would give bytes; null if nothing speaks against
     // it.
     virtual QString reasonNotToWrite() const { return {}; }
-    // Asked again with the bytes at hand: why nobody could open them; null if they can be opened.
+    // Called after dataOfType(): why its bytes could not be opened again, or null if they can be opened.
     virtual QString reasonNotReadable() const { return {}; }
     // Whether a large file of that size can hold a document, by its first and last bytes.
     virtual bool canBeItsFile(QByteArrayView head, QByteArrayView tail, qint64 size) const;

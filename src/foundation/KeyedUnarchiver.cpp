@@ -362,7 +362,8 @@ private:
 
     const BinaryObjectTable &m_table;
     ArchivedObjects m_objects;
-    ObjectMemo<Content> m_memo; // texts by the number of their object, archived objects behind them by UID
+    ObjectMemo<Content>
+        m_memo; // texts under their object numbers, archived objects under their UIDs after those
     ReadBudget &m_budget;
     std::unordered_map<quint64, Name> m_namesByUid;
     std::shared_ptr<const NameList> m_names; // of the dictionary read last

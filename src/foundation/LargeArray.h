@@ -14,7 +14,7 @@ namespace Foundation
 // large pages, which saves most of the time that fresh memory costs. A hint; nothing else depends on it.
 void adviseLargePages(void *memory, std::size_t size) noexcept;
 
-// Bytes for somebody who fills them all.
+// Bytes with undefined content. The caller must write all of them.
 QByteArray uninitializedBytes(qsizetype size);
 
 namespace Private

@@ -10,8 +10,8 @@ namespace Foundation
 // Whether two values count as one.
 using Likeness = bool (*)(const Value &a, const Value &b);
 
-// What the selected objects of a list have under a key path: one value if they agree. Looks at each object at
-// most once for each key path, however many controls ask, and at none behind the first that differs.
+// What the selected objects of a list have under a key path: one value if they agree. For each key
+// path it looks at each object at most once, however many controls ask, and stops at the first that differs.
 class SelectionValues
 {
 public:

@@ -58,7 +58,7 @@ QList<QByteArray> ownNamesIn(int folder)
     return names;
 }
 
-// A hard link is somebody's wish to keep the content.
+// A file with a second hard link is kept: another program or the user may have linked it to save its content.
 bool isLeftover(const struct stat &status)
 {
     return S_ISREG(status.st_mode) && status.st_uid == ::geteuid() && status.st_nlink == 1;

@@ -65,8 +65,8 @@ public:
     WholeTextButton *wholeTextButton() const { return m_button; }
 
 private:
-    // A text that has just grown too long in this field stays as it is, unless it grew by very much: nobody
-    // shall be stopped in the middle of a word.
+    // A text that has just grown too long in this field stays whole and editable, so that typing is not
+    // interrupted in the middle of a word. A text of twice the limit or more is shortened all the same.
     bool isBeingTyped(const QString &text) const
     {
         return m_isWhole && text.size() < 2 * shownPart(text).size() && textOfField(m_field) == text;

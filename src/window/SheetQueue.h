@@ -9,7 +9,7 @@
 // The sheets and alerts of one window: dialogs that block only that window. One stands at a time; others wait
 // until it has gone and its end has been told. Ends are told on a later turn of the event loop.
 //
-// While the window is locked only what may stand over the lock is shown, whoever asks.
+// While the window is locked, the queue shows only dialogs begun with Over::LockedWindow.
 class SheetQueue : public QObject
 {
     Q_OBJECT

@@ -7,8 +7,9 @@
 #include <unordered_map>
 
 // A scroll area that can follow another one up and down. Both count from the top. Of two areas that follow
-// each other, the one that the user moves leads: an area that only follows, or is out of sight, tells nobody,
-// or a shorter one would pull a longer one back. A field that gets the focus is scrolled into sight.
+// each other, the one that the user moves leads: an area that only follows, or is hidden, does not notify its
+// observers. Otherwise a shorter area would pull a longer one back. A field that gets the focus is scrolled
+// into sight.
 class SynchroScrollArea : public QScrollArea, public Foundation::ScrollView
 {
     Q_OBJECT
