@@ -14,7 +14,21 @@ void SortOrder::setDescriptors(std::vector<SortDescriptor> descriptors)
     m_order.clear();
 }
 
-void SortOrder::makeRow(const Dictionary &object, Row &row) const
+QCollatorSortKey SortOrder::textKey(const QString &text)
+{
+    constexpr qsizetype LongText = 64;
+    constexpr qsizetype MostKept = 1'000;
+    if (text.size() < LongText)
+        return m_collator.sortKey(text);
+    const auto known = m_keysOfLongTexts.constFind(text);
+    if (known != m_keysOfLongTexts.constEnd())
+        return *known;
+    if (m_keysOfLongTexts.size() == MostKept)
+        m_keysOfLongTexts.clear();
+    return *m_keysOfLongTexts.insert(text, m_collator.sortKey(text));
+}
+
+void SortOrder::makeRow(const Dictionary &object, Row &row)
 {
     row.keys.clear();
     row.rank = NoRank;
@@ -24,7 +38,9 @@ void SortOrder::makeRow(const Dictionary &object, Row &row) const
         double number = value.isDate() ? value.dateValue() : value.isNumber() ? value.doubleValue() : 0;
         if (std::isnan(number))
             number = 0; // What compares with nothing would leave the rest without an order.
-        const QCollatorSortKey text = m_collator.sortKey(value.stringValue());
+        const QCollatorSortKey text = textKey(value.stringValue());
+        if (!descriptor.keyPath.contains(u'.'))
+            value = {};
         row.keys.push_back({std::move(value), number, text});
     }
 }
@@ -111,11 +127,12 @@ void SortOrder::update(const Objects &objects)
     const auto make = [this](const Dictionary &object, Row &row) { makeRow(object, row); };
     const auto drop = [](const Row &) {};
     const Outcome outcome = m_rows.update(objects, make, drop);
-    if (outcome == Outcome::Unchanged && m_lastChangeStamp == Dictionary::lastChangeStamp())
-        return;
-    m_lastChangeStamp = Dictionary::lastChangeStamp();
-    if (refreshNestedKeys(objects) || outcome != Outcome::Unchanged)
-        rank(outcome == Outcome::ListReordered);
+    if (outcome != Outcome::Unchanged || m_lastChangeStamp != Dictionary::lastChangeStamp()) {
+        m_lastChangeStamp = Dictionary::lastChangeStamp();
+        if (refreshNestedKeys(objects) || outcome != Outcome::Unchanged)
+            rank(outcome == Outcome::ListReordered);
+    }
+    m_keysOfLongTexts.clear();
 }
 
 void SortOrder::arrange(const Objects &objects, Positions &positions)

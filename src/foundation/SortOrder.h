@@ -3,6 +3,7 @@
 #include "foundation/DerivedRows.h"
 
 #include <QCollator>
+#include <QHash>
 
 namespace Foundation
 {
@@ -39,7 +40,7 @@ private:
     // Made once a value, not once a comparison.
     struct SortKey
     {
-        Value source;
+        Value source; // of a nested key path, otherwise null
         double number;
         QCollatorSortKey text;
     };
@@ -50,7 +51,8 @@ private:
     };
 
     void update(const Objects &objects);
-    void makeRow(const Dictionary &object, Row &row) const;
+    void makeRow(const Dictionary &object, Row &row);
+    QCollatorSortKey textKey(const QString &text);
     // True if any differed.
     bool refreshNestedKeys(const Objects &objects);
     bool isBefore(quint32 a, quint32 b) const;
@@ -61,6 +63,8 @@ private:
     std::vector<SortDescriptor> m_descriptors;
     QCollator m_collator;
     DerivedRows<Row> m_rows;
+    // While rows are made. A million objects may share a text, of which each key alone takes kilobytes.
+    QHash<QString, QCollatorSortKey> m_keysOfLongTexts;
     Positions m_order;
     quint64 m_lastChangeStamp = 0;
 };

@@ -127,6 +127,26 @@ TEST(ArrayController, SortsNumbersAroundOneThatIsNone)
     EXPECT_EQ(arranged[2]->value(u"name"), Value(2.0));
 }
 
+TEST(ArrayController, SortsManyLongTextsByTheirLastLetters)
+{
+    // More long texts than the order keeps keys for, each of them shared by two objects.
+    Controller controller;
+    auto content = Array::create();
+    QStringList expected;
+    for (int i = 2499; i >= 0; --i) {
+        const QString name = QString(80, u'n') + QString::number(10000 + i % 1250);
+        content->values.push_back(Controller::named(name));
+        expected.append(name);
+    }
+    expected.sort();
+    controller.setContent(content);
+    controller.setSortDescriptors({{QStringLiteral("name"), true}});
+    QStringList sorted;
+    for (const auto &object : controller.arrangedObjects())
+        sorted.append(object->value(u"name").stringValue());
+    EXPECT_EQ(sorted, expected);
+}
+
 int likenessAsked = 0;
 
 TEST(ArrayController, LooksOnceForWhatManySelectedShareAndTellsOnceOfAnEdit)
