@@ -188,6 +188,8 @@ protected:
         Leave leave = leaveOf(focus);
         const QString before = shownBy(focus);
         strike(key);
+        if (key == KeyPress(Qt::Key_F, CtrlShift))
+            fieldBefore = nullptr; // The first name may go on with a new contact that was hidden.
         if (focus && !leave.ids.isEmpty()) {
             leave.text = shownBy(focus);
             // A control that shows the same text as before, or another object, has changed nothing.
