@@ -1,4 +1,5 @@
 #include "SampleContacts.h"
+#include "core/RecordModel.h"
 #include "window/Application.h"
 #include "window/RecordTable.h"
 #include "window/SearchField.h"
@@ -223,12 +224,26 @@ void repaint(benchmark::State &state)
         state, [] {}, [&] { open.table->viewport()->repaint(); });
 }
 
+// A contact of which four fields hold texts of this length: limit 50 ms a field, whatever the length.
+void firstPaintOfLongTexts(benchmark::State &state)
+{
+    OpenWindow open(1);
+    const Foundation::Value text(QString(int(state.range(0)), u'x'));
+    const auto record = open.content.myArray->values[0].dictionary();
+    for (const auto &key :
+         {RecordKey::firstName, RecordKey::company, RecordKey::addressWork, RecordKey::note})
+        record->setValue(key, text);
+    measure(
+        state, [&] { open.lock(); }, [&] { open.show(); });
+}
+
 void sizes(benchmark::internal::Benchmark *benchmark)
 {
     benchmark->Arg(1000)->Arg(10000)->Arg(100000)->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 
 BENCHMARK(firstPaint)->Apply(sizes);
+BENCHMARK(firstPaintOfLongTexts)->Arg(100)->Arg(4000000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(lock)->Apply(sizes)->Arg(1000000);
 BENCHMARK_CAPTURE(keystroke, absent, "quic", "quick q")->Apply(sizes);
 BENCHMARK_CAPTURE(keystroke, frequent, "", "e")->Apply(sizes);
