@@ -179,7 +179,7 @@ BENCHMARK(searchAccented)->Apply(&ofRecords);
 BENCHMARK(searchDecomposedNames)->Apply(&ofRecords);
 BENCHMARK_CAPTURE(searchAllDecomposed, frequent, "e")->Apply(&ofRecords);
 BENCHMARK_CAPTURE(searchAllDecomposed, composed, "é")->Apply(&ofRecords);
-BENCHMARK(searchSharedNotes)->Apply(&ofRecords);
+BENCHMARK(searchSharedNotes)->Apply(&ofRecords)->Arg(1000000);
 BENCHMARK(searchGrowing)->Apply(&ofRecords);
 BENCHMARK(searchGrowingFromFrequent)->Apply(&ofRecords);
 BENCHMARK(prepareSearch)->Apply(&ofRecords);

@@ -19,6 +19,9 @@ constexpr int ShowAllItem = 1;
 constexpr int FirstCategoryItem = 2;
 // The whole title of an item, of which a very long one shows the beginning.
 constexpr int TitleRole = Qt::UserRole + 1;
+// A menu of the toolkit takes more than linear time to fill and to lay out, and has no type-ahead for so
+// many.
+constexpr int MostCategoriesInMenu = 300;
 
 QString nameOfCategory(const ArrayController::Object &category)
 {
@@ -144,15 +147,30 @@ void CategoryFilter::followName()
 void CategoryFilter::fillMenu()
 {
     m_categoryMenu.clear();
-    for (int index = ShowAllItem; index < m_popUp->count(); ++index) {
-        MenuItem menuItem{m_popUp->itemData(index).toString(),
-                          m_popUp->itemData(index, TitleRole).toString()};
-        QAction *item = m_categoryMenu.addAction(titleOfText(shownLine(menuItem.title)));
-        item->setCheckable(true);
-        item->setEnabled(m_document.validateMenuItem(menuItem));
-        item->setChecked(menuItem.isChecked);
-        connect(item, &QAction::triggered, this, [this, index] { sendActionOfItem(index); });
-        if (index == ShowAllItem)
-            m_categoryMenu.addSeparator();
-    }
+    addItemToMenu(ShowAllItem);
+    m_categoryMenu.addSeparator();
+    const int end = qMin(m_popUp->count(), FirstCategoryItem + MostCategoriesInMenu);
+    for (int index = FirstCategoryItem; index < end; ++index)
+        addItemToMenu(index);
+    if (end == m_popUp->count())
+        return;
+    m_categoryMenu.addSeparator();
+    if (m_popUp->currentIndex() >= end)
+        addItemToMenu(m_popUp->currentIndex());
+    QAction *all =
+        m_categoryMenu.addAction(tr("&All %1 Categories…").arg(m_popUp->count() - FirstCategoryItem));
+    connect(all, &QAction::triggered, m_popUp, [popUp = m_popUp] {
+        popUp->setFocus(Qt::PopupFocusReason);
+        popUp->showPopup();
+    });
+}
+
+void CategoryFilter::addItemToMenu(int index)
+{
+    MenuItem menuItem{m_popUp->itemData(index).toString(), m_popUp->itemData(index, TitleRole).toString()};
+    QAction *item = m_categoryMenu.addAction(titleOfText(shownLine(menuItem.title)));
+    item->setCheckable(true);
+    item->setEnabled(m_document.validateMenuItem(menuItem));
+    item->setChecked(menuItem.isChecked);
+    connect(item, &QAction::triggered, this, [this, index] { sendActionOfItem(index); });
 }

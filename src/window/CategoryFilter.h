@@ -16,7 +16,7 @@ public:
     // None is owned; all outlive this.
     CategoryFilter(MyDocument &document, ActionDispatcher &dispatcher, QComboBox *popUp);
 
-    // As the pop-up has it.
+    // The items of the pop-up. Beyond some hundred categories, the last item opens the pop-up instead.
     QMenu &categoryMenu() { return m_categoryMenu; }
 
     qsizetype numberOfItems() const override { return m_popUp->count(); }
@@ -31,6 +31,7 @@ private:
     QString titleOfFilter() const;
     void showFilter();
     void fillMenu();
+    void addItemToMenu(int index);
     void takeFilter();
     void followName();
     bool isFiltered(const Foundation::ArrayController::Object &category) const;

@@ -2,6 +2,8 @@
 #include "window/StatusStrip.h"
 #include "window/WindowTest.h"
 
+#include <QAbstractItemView>
+
 namespace
 {
 
@@ -101,6 +103,26 @@ TEST_F(BrowsingTest, OneCategoryIsShownByPopUpMenuAndStrip)
     EXPECT_EQ(searched(), QString());
     EXPECT_EQ(popUp->currentText(), u"Show All");
     EXPECT_FALSE(isStripShown());
+}
+
+TEST_F(BrowsingTest, TheMenuOfManyCategoriesLeadsToThePopUp)
+{
+    makeTwoContacts();
+    for (int count = 0; count < 400; ++count)
+        document()->myCategoryArrayController()->addWithName(QString::number(count));
+    document()->categoryCommands().synkCategorySubMenu({});
+    auto *popUp = control<QComboBox>("myActionPopup");
+    popUp->setCurrentIndex(401);
+    QMenu *menu = item("myCategorySuperMenuItem")->menu();
+    Q_EMIT menu->aboutToShow();
+    const QList<QAction *> items = menu->actions();
+    ASSERT_EQ(items.size(), 305) << "all, a line, 300, a line, the chosen one, the way to the others";
+    EXPECT_EQ(items.at(303)->text(), popUp->itemText(401));
+    EXPECT_EQ(items.last()->text(), u"&All 402 Categories\u2026");
+    items.last()->trigger();
+    EXPECT_TRUE(eventually([&] { return popUp->view()->isVisible(); })) << "the pop-up opens";
+    popUp->hidePopup();
+    EXPECT_TRUE(popUp->hasFocus());
 }
 
 TEST_F(BrowsingTest, ACopyComesByButtonAndKeyAndGoesByUndo)
