@@ -5,10 +5,55 @@
 #include "window/PrintedCard.h"
 #include "window/VLWhiteView.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QPageSetupDialog>
 #include <QPainter>
+#include <QPointer>
 #include <QPrintDialog>
+
+namespace
+{
+
+// The toolkit's dialog gives the chosen layout to the printer at the end of exec(), and not at all after
+// open(), which a sheet needs. So this one calls exec() for a moment when it is accepted.
+class PageLayoutDialog : public QPageSetupDialog
+{
+public:
+    using QPageSetupDialog::QPageSetupDialog;
+
+    void done(int result) override
+    {
+        if (m_isApplying) {
+            setResult(result);
+            hide(); // ends exec()
+            return;
+        }
+        const QPointer<PageLayoutDialog> self(this);
+        if (result == Accepted) {
+            m_isApplying = true;
+            QMetaObject::invokeMethod(this, &QDialog::accept, Qt::QueuedConnection);
+            exec();
+        }
+        if (self)
+            QPageSetupDialog::done(result);
+    }
+
+private:
+    bool m_isApplying = false;
+};
+
+// The toolkit reports no failed write of a PDF, for example on a full disk.
+bool isWholePdf(const QString &path)
+{
+    constexpr qint64 EndSize = 16;
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.seek(std::max<qint64>(file.size() - EndSize, 0)) &&
+           file.readAll().contains("%%EOF");
+}
+
+} // namespace
 
 CardPrinter::CardPrinter(SheetQueue &sheets, MyDocument &document)
     : m_sheets(sheets)
@@ -45,35 +90,47 @@ void CardPrinter::beginPrint()
 
 void CardPrinter::beginPageLayout()
 {
-    m_sheets.begin(QString(), [this](QWidget *parent) { return new QPageSetupDialog(&printer(), parent); },
+    m_sheets.begin(QString(), [this](QWidget *parent) { return new PageLayoutDialog(&printer(), parent); },
                    {});
 }
 
-bool CardPrinter::printCards()
+QString CardPrinter::printCards()
 {
+    const QString refused = QPrintDialog::tr("The printer or the file did not take it.");
     PrintedCard card(m_document.myLabelDictionary());
     // The page's fonts and distances are those of the screen.
     printer().setResolution(card.page().logicalDpiX());
+    const int lineHeight = card.page().fontMetrics().height();
+    if (printer().width() < lineHeight || printer().height() < lineHeight)
+        return QPrintDialog::tr(
+            "The margins leave no room on the paper. Change them in Page Setup, or choose "
+            "a larger paper.");
     QPainter painter;
     if (!painter.begin(&printer()))
-        return false;
+        return refused;
     bool isFirst = true;
     for (const auto &record : m_document.myArrayController()->selectedObjects()) {
         if (!std::exchange(isFirst, false) && !printer().newPage())
-            return false;
+            return refused;
         card.show(record);
         if (!card.page().print(painter, printer()))
-            return false;
+            return refused;
     }
-    return painter.end();
+    if (!painter.end())
+        return refused;
+    const QString path = printer().outputFileName();
+    if (printer().outputFormat() != QPrinter::PdfFormat || !QFileInfo(path).isFile() || isWholePdf(path))
+        return {};
+    QFile::remove(path); // A part of it cannot be opened.
+    return QPrintDialog::tr("The file could not be written completely. The disk may be full.");
 }
 
 void CardPrinter::print()
 {
-    if (printCards())
+    const QString reason = printCards();
+    if (reason.isNull())
         return;
-    const Foundation::Alert alert{QPrintDialog::tr("The contact could not be printed"),
-                                  QPrintDialog::tr("The printer or the file did not take it."),
-                                  {QPrintDialog::tr("OK")}};
+    const Foundation::Alert alert{
+        QPrintDialog::tr("The contact could not be printed"), reason, {QPrintDialog::tr("OK")}};
     m_sheets.begin(QString(), [alert](QWidget *parent) { return new AlertDialog(alert, parent); }, {});
 }

@@ -25,7 +25,8 @@ public:
     QPrinter &printer();
 
 private:
-    bool printCards();
+    // Why they could not be printed; null if they were.
+    QString printCards();
 
     SheetQueue &m_sheets;
     MyDocument &m_document;

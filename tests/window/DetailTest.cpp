@@ -3,11 +3,15 @@
 #include "window/WindowTest.h"
 
 #include <QContextMenuEvent>
+#include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QProcess>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
+
+#include <csignal>
+#include <sys/resource.h>
 
 namespace
 {
@@ -149,6 +153,33 @@ TEST_F(DetailTest, PrintingBeginsWithADialogAndTellsNoName)
     EXPECT_EQ(controller()->cardPrinter().printer().docName(), u"Vexarel");
     sheet()->reject();
     EXPECT_TRUE(windowIsActive());
+}
+
+TEST_F(DetailTest, PrintsOnThePaperThatWasSetUpAndRefusesOneWithoutRoom)
+{
+    document()->runPageLayout({});
+    ASSERT_TRUE(eventually([this] { return qobject_cast<QPageSetupDialog *>(sheet()) != nullptr; }));
+    auto *sizes = control<QComboBox>("pageSizeCombo");
+    sizes->setCurrentIndex(sizes->findText(u"A10"_qs));
+    sheet()->accept();
+    EXPECT_TRUE(windowIsActive());
+    ASSERT_EQ(controller()->cardPrinter().printer().pageLayout().pageSize().id(), QPageSize::A10);
+    controller()->cardPrinter().print();
+    EXPECT_TRUE(nextAlert().value(1).startsWith(u"The margins leave no room on the paper."_qs));
+}
+
+TEST_F(DetailTest, APdfThatTheDiskDoesNotTakeAsAWholeIsToldAndRemoved)
+{
+    ASSERT_EQ(printedPages().size(), 1);
+    const rlimit full{.rlim_cur = 4096, .rlim_max = RLIM_INFINITY};
+    const rlimit unlimited{.rlim_cur = RLIM_INFINITY, .rlim_max = RLIM_INFINITY};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &full);
+    controller()->cardPrinter().print();
+    setrlimit(RLIMIT_FSIZE, &unlimited);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_TRUE(nextAlert().value(1).startsWith(u"The file could not be written completely."_qs));
+    EXPECT_FALSE(QFile::exists(pathOf(u"card.pdf"_qs)));
 }
 
 TEST_F(DetailTest, MoreOpensItsMenuWhenItIsPressed)
