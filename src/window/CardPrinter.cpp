@@ -96,7 +96,7 @@ void CardPrinter::beginPageLayout()
 
 QString CardPrinter::printCards()
 {
-    const QString refused = QPrintDialog::tr("The printer or the file did not take it.");
+    QString refused = QPrintDialog::tr("The printer or the file did not take it.");
     PrintedCard card(m_document.myLabelDictionary());
     // The page's fonts and distances are those of the screen.
     printer().setResolution(card.page().logicalDpiX());
