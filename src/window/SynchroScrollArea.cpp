@@ -17,6 +17,7 @@ SynchroScrollArea::SynchroScrollArea(QWidget *parent)
 
 SynchroScrollArea::~SynchroScrollArea()
 {
+    qApp->disconnect(this); // The field with the focus goes after this and loses it.
     Q_EMIT goes();
 }
 

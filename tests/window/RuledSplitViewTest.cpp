@@ -5,7 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QScrollBar>
+#include <QTest>
 
 namespace
 {
@@ -109,4 +111,14 @@ TEST(SynchroScrollAreaTest, FollowsUpAndDownAsFarAsItGoes)
     follower.follow(nullptr);
     leader.verticalScrollBar()->setValue(0);
     EXPECT_GE(follower.verticalScrollBar()->value(), 780);
+}
+
+TEST(SynchroScrollAreaTest, GoesWithTheFieldThatHasTheFocus)
+{
+    SynchroScrollArea area;
+    area.setWidget(new QLineEdit);
+    area.show();
+    area.activateWindow();
+    area.widget()->setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&area] { return area.widget()->hasFocus(); }));
 }
