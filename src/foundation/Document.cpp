@@ -123,19 +123,28 @@ bool Document::autosave(QString *reason)
 bool Document::writeRecoveryFile(QString *reason)
 {
     const quint64 content = contentStamp();
+    // A program that cleans up may have removed it.
+    if (m_recoveryFile && !m_recoveryFile->isHeld())
+        m_recoveryFile = nullptr;
     if (m_recoveryFile && m_recoverableContent == content && QFileInfo::exists(m_recoveryFile->path()))
         return true;
     const auto bytes = bytesToWrite(reason);
     if (!bytes)
         return false;
-    if (!m_recoveryFile)
-        m_recoveryFile = RecoveryFile::create();
-    if (!m_recoveryFile) {
-        *reason = tr("The folder for unsaved documents cannot be made.");
-        return false;
+    if (!m_recoveryFile || !m_recoveryFile->write(*bytes, reason)) {
+        auto fresh = RecoveryFile::create();
+        if (!fresh) {
+            if (reason->isNull())
+                *reason = tr("The folder for unsaved documents cannot be made.");
+            return false;
+        }
+        if (!fresh->write(*bytes, reason)) {
+            fresh->remove();
+            return false;
+        }
+        dropRecoveryFile();
+        m_recoveryFile = std::move(fresh);
     }
-    if (!m_recoveryFile->write(*bytes, reason))
-        return false;
     m_recoverableContent = content;
     return true;
 }

@@ -41,11 +41,16 @@ std::unique_ptr<RecoveryFile> RecoveryFile::hold(const QString &path)
         [&] { return FileSystem::system().openAt(AT_FDCWD, name.constData(), Flags, S_IRUSR | S_IWUSR); }));
     if (!file->m_lock.isOpen() || FileSystem::system().lock(file->m_lock.get()) < 0)
         return nullptr;
-    // Its former holder may have removed it in the moment before it was locked. Other
-    // processes cannot find a lock file that has no name, so such a lock does not protect the recovery file.
+    // Its former holder may have removed it in the moment before it was locked.
+    return file->isHeld() ? std::move(file) : nullptr;
+}
+
+bool RecoveryFile::isHeld() const
+{
+    // Other processes cannot find a lock file that has no name, so such a lock does not protect the recovery
+    // file.
     struct stat locked;
-    const bool isNamed = FileSystem::system().fstat(file->m_lock.get(), &locked) == 0 && locked.st_nlink > 0;
-    return isNamed ? std::move(file) : nullptr;
+    return FileSystem::system().fstat(m_lock.get(), &locked) == 0 && locked.st_nlink > 0;
 }
 
 std::unique_ptr<RecoveryFile> RecoveryFile::create()

@@ -31,6 +31,8 @@ public:
     ~RecoveryFile() = default;
 
     const QString &path() const { return m_path; }
+    // False once its lock file was removed: another process may then take the file, too.
+    bool isHeld() const;
     // False with *reason in plain words.
     bool write(const QByteArray &bytes, QString *reason);
     // The document is saved or was given up.

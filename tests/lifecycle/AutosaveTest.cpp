@@ -375,6 +375,35 @@ TEST_F(Autosaving, WhatSomebodyDecidedToLoseIsGoneAndNothingElse)
     EXPECT_EQ(recoveryFiles().size(), 1) << "nobody has looked at it yet";
 }
 
+TEST_F(Autosaving, ARecoveryFileThatSomebodyRemovedOrBlockedIsMadeAnew)
+{
+    const struct
+    {
+        const char *what;
+        std::function<void(const QString &)> spoil;
+    } cases[] = {
+        {"folder", [](const QString &) { QDir(RecoveryFile::folder()).removeRecursively(); }},
+        {"file and lock",
+         [](const QString &path) { QFile::remove(path), QFile::remove(path + u".lock"_qs); }},
+        {"blocked", [](const QString &path) { QFile::setPermissions(path, QFile::ReadOwner); }},
+    };
+    MyDocument *edited = newOne();
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.what);
+        for (const QString &text : {u"before"_qs, QString::fromLatin1(c.what)}) {
+            type(edited, text);
+            autosaver.autosaveAll();
+            ASSERT_EQ(recoveryFiles().size(), 1);
+            const QString path = RecoveryFile::folder() + u'/' + recoveryFiles().front();
+            EXPECT_EQ(noteIn(path), text);
+            if (text == u"before")
+                c.spoil(path);
+        }
+        DocumentController another([] { return std::make_unique<MyDocument>(); });
+        EXPECT_EQ(another.recoverDocuments(), 0) << "it is held";
+    }
+}
+
 TEST_F(Autosaving, WhatKilledSavesLeftGoesAtTheNextOpening)
 {
     const auto numberOfFiles = [](const QString &in) {
