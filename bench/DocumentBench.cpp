@@ -1,9 +1,9 @@
 #include "SampleContacts.h"
+#include "archive/KeyedArchive.h"
 #include "core/DecryptPipeline.h"
 #include "core/DocumentReader.h"
 #include "core/FileLayout.h"
 #include "core/SavePipeline.h"
-#include "foundation/KeyedArchive.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 #include "SampleContacts.h"
 #include "browse/SearchIndex.h"
-#include "foundation/ArrayController.h"
+#include "lists/ArrayController.h"
 
 #include <benchmark/benchmark.h>
 

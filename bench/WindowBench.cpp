@@ -1,8 +1,8 @@
 #include "SampleContacts.h"
 #include "core/RecordModel.h"
-#include "window/Application.h"
-#include "window/RecordTable.h"
-#include "window/SearchField.h"
+#include "window/application/Application.h"
+#include "window/controls/SearchField.h"
+#include "window/list/RecordTable.h"
 
 #include <benchmark/benchmark.h>
 

@@ -28,11 +28,14 @@ if(VEXAREL_FUZZ)
   target_compile_options(vexarel-options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# vexarel_library(<folder> SOURCES <files> LINKS <targets>): the library of the current source folder.
+# vexarel_library(<folder> HEADERS <files> SOURCES <files> LINKS <targets>): the library of the current source folder.
+# The target all_verify_interface_header_sets compiles each header alone.
 function(vexarel_library folder)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "HEADERS;SOURCES;LINKS" ${ARGN})
   add_library(vexarel-${folder} STATIC ${ARG_SOURCES})
-  target_include_directories(vexarel-${folder} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_sources(vexarel-${folder} PUBLIC
+    FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/src FILES ${ARG_HEADERS})
+  set_target_properties(vexarel-${folder} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
   target_link_libraries(vexarel-${folder} PUBLIC ${ARG_LINKS} PRIVATE vexarel-options)
 endfunction()
 

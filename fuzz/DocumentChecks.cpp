@@ -1,10 +1,10 @@
 #include "DocumentChecks.h"
 
+#include "archive/KeyedArchive.h"
 #include "core/DecryptPipeline.h"
 #include "core/DocumentReader.h"
 #include "core/KeyDerivation.h"
 #include "core/SavePipeline.h"
-#include "foundation/KeyedArchive.h"
 
 #include <QCryptographicHash>
 

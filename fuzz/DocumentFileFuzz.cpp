@@ -1,6 +1,6 @@
 #include "DocumentChecks.h"
+#include "archive/KeyedArchive.h"
 #include "core/FileLayout.h"
-#include "foundation/KeyedArchive.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "foundation/KeyedArchive.h"
+#include "archive/KeyedArchive.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #include "DocumentChecks.h"
+#include "archive/KeyedArchive.h"
 #include "core/FileLayout.h"
 #include "core/VLCrypto.h"
-#include "foundation/KeyedArchive.h"
 
 #include <cstdint>
 #include <iterator>

@@ -1,4 +1,4 @@
-#include "foundation/PropertyList.h"
+#include "archive/PropertyList.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browse/BrowseWindow.h"
-#include "foundation/UndoManager.h"
+#include "documents/UndoManager.h"
 
 #include <QString>
 

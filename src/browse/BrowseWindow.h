@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/DocumentWindow.h"
+#include "documents/DocumentWindow.h"
 
 // A pop-up button whose items the logic fills.
 class PopUpMenu

@@ -1,9 +1,9 @@
 #include "browse/CategoryCommands.h"
 
 #include "core/RecordModel.h"
-#include "foundation/ColorPanel.h"
-#include "foundation/DisplayText.h"
-#include "foundation/Services.h"
+#include "platform/ColorPanel.h"
+#include "platform/Services.h"
+#include "values/DisplayText.h"
 
 #include <QPointer>
 

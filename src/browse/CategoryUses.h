@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/ArrayController.h"
+#include "lists/ArrayController.h"
 
 #include <unordered_map>
 

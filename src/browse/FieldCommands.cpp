@@ -1,8 +1,8 @@
 #include "browse/FieldCommands.h"
 
 #include "core/RecordModel.h"
-#include "foundation/DisplayText.h"
 #include "helpers/VLUrlResolutor.h"
+#include "values/DisplayText.h"
 
 #include <array>
 

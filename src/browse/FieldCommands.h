@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browse/FilteringArrayController.h"
-#include "foundation/Actions.h"
+#include "platform/Actions.h"
 
 #include <QObject>
 

@@ -2,8 +2,8 @@
 
 #include "core/RecordModel.h"
 #include "core/ReleaseMigration.h"
-#include "foundation/DisplayText.h"
-#include "foundation/Services.h"
+#include "platform/Services.h"
+#include "values/DisplayText.h"
 
 #include <algorithm>
 #include <numeric>

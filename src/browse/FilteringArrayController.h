@@ -4,7 +4,7 @@
 #include "browse/SearchIndex.h"
 #include "browse/SharedFieldEdits.h"
 #include "browse/VLColoredCategoryArrayController.h"
-#include "foundation/Actions.h"
+#include "platform/Actions.h"
 
 // The record list of one document: narrowed to the records of one category and to those that hold a text, and
 // the one place where records are made, copied and removed, so that the counts of uses of the categories keep

@@ -1,7 +1,7 @@
 #include "browse/RecordCommands.h"
 
 #include "core/RecordModel.h"
-#include "foundation/Services.h"
+#include "platform/Services.h"
 
 #include <QPointer>
 

@@ -2,7 +2,7 @@
 
 #include "browse/FilteringArrayController.h"
 #include "browse/UndoneRecords.h"
-#include "foundation/Actions.h"
+#include "platform/Actions.h"
 
 // The commands with which the user adds, duplicates and deletes records. Each change goes through a pair of
 // operations that record one another with the undo manager, so that undo and redo simply call the other half;

@@ -1,7 +1,7 @@
 #include "browse/RecordName.h"
 
 #include "core/RecordModel.h"
-#include "foundation/DisplayText.h"
+#include "values/DisplayText.h"
 
 using Foundation::displayText;
 using Foundation::Value;

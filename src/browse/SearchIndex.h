@@ -2,7 +2,7 @@
 
 #include "browse/SearchForms.h"
 #include "browse/SharedSearchForms.h"
-#include "foundation/DerivedRows.h"
+#include "lists/DerivedRows.h"
 
 #include <optional>
 

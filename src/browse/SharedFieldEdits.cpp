@@ -1,6 +1,6 @@
 #include "browse/SharedFieldEdits.h"
 
-#include "foundation/ReplacedObjects.h"
+#include "lists/ReplacedObjects.h"
 
 #include <unordered_set>
 

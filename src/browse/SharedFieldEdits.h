@@ -1,7 +1,7 @@
 #pragma once
 
 #include "browse/BrowseHost.h"
-#include "foundation/ArrayController.h"
+#include "lists/ArrayController.h"
 
 #include <memory>
 

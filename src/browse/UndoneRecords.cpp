@@ -2,7 +2,7 @@
 
 #include "core/DecryptPipeline.h"
 #include "core/RecordModel.h"
-#include "foundation/ReplacedObjects.h"
+#include "lists/ReplacedObjects.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/Array.h"
-#include "foundation/Dictionary.h"
+#include "values/Array.h"
+#include "values/Dictionary.h"
 
 #include <memory>
 #include <vector>

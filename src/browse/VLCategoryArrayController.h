@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/Actions.h"
-#include "foundation/ArrayController.h"
+#include "lists/ArrayController.h"
+#include "platform/Actions.h"
 
 // List of named rows, whatever they are: finds names that are still free.
 class VLCategoryArrayController : public Foundation::ArrayController

@@ -1,8 +1,8 @@
 #include "core/DecryptPipeline.h"
 
+#include "archive/KeyedArchive.h"
 #include "core/ReleaseMigration.h"
 #include "core/SecretBytes.h"
-#include "foundation/KeyedArchive.h"
 
 #include <algorithm>
 #include <unordered_map>

@@ -1,8 +1,8 @@
 #include "core/DocumentReader.h"
 
+#include "archive/KeyedArchive.h"
 #include "core/FileLayout.h"
-#include "foundation/KeyedArchive.h"
-#include "foundation/Services.h"
+#include "platform/Services.h"
 
 using Foundation::Dictionary;
 using Foundation::Ref;

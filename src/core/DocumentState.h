@@ -3,7 +3,7 @@
 #include "core/RecordModel.h"
 #include "core/VLCommonCrypto.h"
 #include "core/VLCrypto.h"
-#include "foundation/Geometry.h"
+#include "values/Geometry.h"
 
 #include <memory>
 

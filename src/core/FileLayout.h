@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Key.h"
+#include "values/Key.h"
 
 #include <optional>
 

@@ -1,11 +1,11 @@
 #include "core/ReleaseMigration.h"
 
+#include "archive/KeyedArchive.h"
 #include "core/DecryptPipeline.h"
 #include "core/ReleaseDate.h"
-#include "foundation/KeyedArchive.h"
-#include "foundation/OpaqueObject.h"
-#include "foundation/Services.h"
 #include "helpers/VLColorUtilOSX.h"
+#include "platform/Services.h"
+#include "values/OpaqueObject.h"
 
 using Foundation::Array;
 using Foundation::Color;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "archive/ReadBudget.h"
 #include "core/DocumentState.h"
 #include "core/FileLayout.h"
-#include "foundation/ReadBudget.h"
 
 #include <optional>
 #include <unordered_map>

@@ -1,8 +1,8 @@
 #include "core/SavePipeline.h"
 
+#include "archive/KeyedArchive.h"
 #include "core/FileLayout.h"
 #include "core/SecretBytes.h"
-#include "foundation/KeyedArchive.h"
 
 #include <QtGlobal>
 

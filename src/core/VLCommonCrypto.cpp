@@ -1,8 +1,9 @@
 #include "core/VLCommonCrypto.h"
 
+#include "archive/LargeArray.h"
 #include "core/KeyDerivation.h"
-#include "foundation/LargeArray.h"
-#include "foundation/RandomNumbers.h"
+#include "files/RandomBytes.h"
+#include "helpers/RandomNumbers.h"
 
 #include <algorithm>
 #include <memory>

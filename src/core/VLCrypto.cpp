@@ -1,7 +1,7 @@
 #include "core/VLCrypto.h"
 
+#include "core/MacRoman.h"
 #include "core/SecretBytes.h"
-#include "foundation/MacRoman.h"
 
 #include <algorithm>
 #include <cstdlib>

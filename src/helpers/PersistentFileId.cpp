@@ -1,6 +1,6 @@
 #include "helpers/PersistentFileId.h"
 
-#include "foundation/FileSystem.h"
+#include "files/FileSystem.h"
 
 #include <fcntl.h>
 #include <sys/sysmacros.h>

@@ -1,6 +1,6 @@
 #include "helpers/VLAppSupportUtility.h"
 
-#include "foundation/Services.h"
+#include "platform/Services.h"
 
 #include <QSysInfo>
 #include <QUrl>

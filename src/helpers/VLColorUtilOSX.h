@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/Color.h"
-#include "foundation/Dictionary.h"
+#include "values/Color.h"
+#include "values/Dictionary.h"
 
 // The one place where colour dictionaries and colours meet: keys "r", "g", "b", "a", numbers from 0 to 1 of
 // the calibrated RGB space. Documents store the dictionary.

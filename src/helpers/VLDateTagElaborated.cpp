@@ -1,6 +1,6 @@
 #include "helpers/VLDateTagElaborated.h"
 
-#include "foundation/Services.h"
+#include "platform/Services.h"
 
 #include <QDateTime>
 

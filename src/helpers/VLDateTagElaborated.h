@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/ValueTransformer.h"
+#include "platform/ValueTransformer.h"
 
 // Replaces the date and time tags in a string by those of the present moment, in local time:
 // <yy> year in two digits, <YY> full year, <mm> month, <dd> day, <hh> hour of 24, <ii> minute, <ss> second,

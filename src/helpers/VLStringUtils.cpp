@@ -1,7 +1,7 @@
 #include "helpers/VLStringUtils.h"
 
-#include "foundation/RandomNumbers.h"
-#include "foundation/Services.h"
+#include "helpers/RandomNumbers.h"
+#include "platform/Services.h"
 
 #include <QDateTime>
 #include <QSet>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/TextAttributes.h"
+#include "platform/TextAttributes.h"
 
 #include <QString>
 

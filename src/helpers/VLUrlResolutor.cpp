@@ -1,9 +1,9 @@
 #include "helpers/VLUrlResolutor.h"
 
-#include "foundation/FileIdentity.h"
-#include "foundation/Services.h"
+#include "files/FileIdentity.h"
 #include "helpers/VLNetValidator.h"
 #include "helpers/VLStringUtils.h"
+#include "platform/Services.h"
 
 #include <algorithm>
 #include <optional>

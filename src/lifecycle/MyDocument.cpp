@@ -1,14 +1,14 @@
 #include "lifecycle/MyDocument.h"
 
+#include "archive/KeyedArchive.h"
 #include "core/ContentStamp.h"
 #include "core/DecryptPipeline.h"
 #include "core/DocumentReader.h"
 #include "core/SavePipeline.h"
-#include "foundation/ColorPanel.h"
-#include "foundation/KeyedArchive.h"
-#include "foundation/Services.h"
-#include "helpers/HelperTransformers.h"
 #include "helpers/VLAppSupportUtility.h"
+#include "helpers/transformers/HelperTransformers.h"
+#include "platform/ColorPanel.h"
+#include "platform/Services.h"
 
 #include <QPointer>
 

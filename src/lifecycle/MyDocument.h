@@ -6,9 +6,9 @@
 #include "browse/RecordCommands.h"
 #include "browse/VLCategoryEditFieldDelegate.h"
 #include "core/SavePipeline.h"
-#include "foundation/Predicate.h"
 #include "lifecycle/DocumentProperties.h"
 #include "lifecycle/VLCryptoDoc.h"
+#include "values/Predicate.h"
 
 // The address book of one file. Holds the state of DocumentState and hands the work on: saving and
 // deciphering to the pipelines of core/, records and categories to the controllers and commands of browse/.

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "browse/BrowseWindow.h"
-#include "foundation/Color.h"
-#include "helpers/VLVSplitViewDelegate.h"
+#include "helpers/views/VLVSplitViewDelegate.h"
+#include "values/Color.h"
 
 // What the address book's document asks of its window beyond any document's.
 class MyDocumentWindow : public BrowseWindow

@@ -1,7 +1,7 @@
 #include "lifecycle/VLCryptoDoc.h"
 
 #include "core/FileLayout.h"
-#include "foundation/Services.h"
+#include "platform/Services.h"
 
 #include <QPointer>
 

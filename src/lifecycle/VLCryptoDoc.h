@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/DocumentState.h"
-#include "foundation/Document.h"
+#include "documents/Document.h"
 #include "lifecycle/MyDocumentWindow.h"
 
 // A document behind a master password: holds the password and the flag that says whether the content is open

@@ -1,6 +1,6 @@
 #include "lifecycle/VLRevertDocController.h"
 
-#include "foundation/Services.h"
+#include "platform/Services.h"
 
 #include <QPointer>
 

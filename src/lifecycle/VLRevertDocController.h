@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/DocumentController.h"
+#include "documents/DocumentController.h"
 
 // The documents of the application, with a second way of locking that nothing here takes: to save a document
 // and open its file again, which shows the one that is open.

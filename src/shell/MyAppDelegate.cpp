@@ -1,8 +1,8 @@
 #include "shell/MyAppDelegate.h"
 
-#include "foundation/UserDefaults.h"
-#include "helpers/HelperTransformers.h"
+#include "helpers/transformers/HelperTransformers.h"
 #include "lifecycle/MyDocument.h"
+#include "platform/UserDefaults.h"
 
 MyAppDelegate::MyAppDelegate(Foundation::DocumentController &documents, QObject *parent)
     : QObject(parent)

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "foundation/DocumentController.h"
-#include "foundation/Services.h"
+#include "documents/DocumentController.h"
+#include "platform/Services.h"
 
 #include <QObject>
 #include <QVariantHash>

@@ -1,8 +1,8 @@
 #include "core/DecryptPipeline.h"
 
+#include "archive/KeyedArchive.h"
 #include "core/FileLayout.h"
 #include "core/TestDocument.h"
-#include "foundation/KeyedArchive.h"
 #include "support/Printers.h"
 
 #include <gtest/gtest.h>

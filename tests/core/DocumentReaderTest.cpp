@@ -1,6 +1,6 @@
+#include "archive/KeyedArchive.h"
 #include "core/FileLayout.h"
 #include "core/TestDocument.h"
-#include "foundation/KeyedArchive.h"
 #include "support/Printers.h"
 #include "support/TestServices.h"
 

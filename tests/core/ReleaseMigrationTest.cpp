@@ -1,8 +1,8 @@
 #include "core/ReleaseMigration.h"
 
+#include "archive/KeyedArchive.h"
 #include "core/ReleaseDate.h"
 #include "core/TestDocument.h"
-#include "foundation/KeyedArchive.h"
 #include "support/Printers.h"
 #include "support/TestServices.h"
 

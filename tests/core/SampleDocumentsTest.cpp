@@ -1,7 +1,7 @@
 #include "DocumentJson.h"
+#include "archive/KeyedArchive.h"
 #include "core/TestDocument.h"
-#include "foundation/KeyedArchive.h"
-#include "foundation/Services.h"
+#include "platform/Services.h"
 #include "support/Printers.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "core/VLCommonCrypto.h"
 
-#include "foundation/RandomNumbers.h"
+#include "helpers/RandomNumbers.h"
 #include "support/Printers.h"
 
 #include <gtest/gtest.h>

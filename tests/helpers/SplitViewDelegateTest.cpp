@@ -1,5 +1,5 @@
-#include "helpers/VLHSplitViewDelegate.h"
-#include "helpers/VLVSplitViewDelegate.h"
+#include "helpers/views/VLHSplitViewDelegate.h"
+#include "helpers/views/VLVSplitViewDelegate.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "helpers/SynchroScrollView.h"
+#include "helpers/views/SynchroScrollView.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "foundation/Autosaver.h"
+#include "documents/Autosaver.h"
 #include "support/ChildProcess.h"
 #include "support/DocumentFixture.h"
 #include "support/FaultyFileSystem.h"

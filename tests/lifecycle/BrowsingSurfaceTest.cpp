@@ -1,4 +1,4 @@
-#include "foundation/ColorPanel.h"
+#include "platform/ColorPanel.h"
 #include "support/DocumentFixture.h"
 
 #include <QMetaProperty>

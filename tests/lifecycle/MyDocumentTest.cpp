@@ -1,5 +1,5 @@
+#include "archive/KeyedArchive.h"
 #include "core/FileLayout.h"
-#include "foundation/KeyedArchive.h"
 #include "support/DocumentFixture.h"
 
 #include <QFile>

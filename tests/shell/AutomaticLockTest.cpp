@@ -1,6 +1,6 @@
-#include "foundation/UserDefaults.h"
 #include "lifecycle/MyDocument.h"
 #include "lifecycle/VLRevertDocController.h"
+#include "platform/UserDefaults.h"
 #include "shell/MyAppDelegate.h"
 #include "support/Printers.h"
 #include "support/ScriptedDocumentWindow.h"

@@ -1,6 +1,6 @@
 #include "shell/MyAppDelegate.h"
 
-#include "foundation/UserDefaults.h"
+#include "platform/UserDefaults.h"
 #include "support/Printers.h"
 
 #include <gtest/gtest.h>

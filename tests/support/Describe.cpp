@@ -1,8 +1,8 @@
 #include "support/Describe.h"
 
-#include "foundation/Array.h"
-#include "foundation/Dictionary.h"
 #include "support/Printers.h"
+#include "values/Array.h"
+#include "values/Dictionary.h"
 
 #include <cstdio>
 #include <ostream>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Value.h"
+#include "values/Value.h"
 
 #include <iosfwd>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/DocumentController.h"
+#include "documents/DocumentController.h"
 #include "lifecycle/MyDocument.h"
 #include "support/Files.h"
 #include "support/Printers.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/FileSystem.h"
+#include "files/FileSystem.h"
 
 #include <QHash>
 #include <QList>

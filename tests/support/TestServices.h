@@ -1,6 +1,6 @@
 #pragma once
 
-#include "foundation/Services.h"
+#include "platform/Services.h"
 
 #include <QList>
 

@@ -1,9 +1,9 @@
-#include "window/AlertDialog.h"
+#include "window/sheets/AlertDialog.h"
 
 #include "support/Printers.h"
 #include "support/TestServices.h"
-#include "window/SafeText.h"
-#include "window/SheetQueue.h"
+#include "window/controls/SafeText.h"
+#include "window/controls/SheetQueue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "window/Binder.h"
+#include "window/binding/Binder.h"
 
 #include "core/RecordModel.h"
 #include "lifecycle/MyDocument.h"
-#include "window/InterfaceTransformers.h"
+#include "window/binding/InterfaceTransformers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "window/SearchField.h"
-#include "window/StatusStrip.h"
 #include "window/WindowTest.h"
+#include "window/controls/SearchField.h"
+#include "window/list/StatusStrip.h"
 
 #include <QAbstractItemView>
 

@@ -1,6 +1,6 @@
-#include "window/DesktopImageReader.h"
+#include "window/desktop/DesktopImageReader.h"
 
-#include "helpers/AppearanceTransformers.h"
+#include "helpers/transformers/AppearanceTransformers.h"
 
 #include <gtest/gtest.h>
 

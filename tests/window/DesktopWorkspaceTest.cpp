@@ -1,4 +1,4 @@
-#include "window/DesktopWorkspace.h"
+#include "window/desktop/DesktopWorkspace.h"
 
 #include "support/Files.h"
 

@@ -1,6 +1,6 @@
 #include "support/TestServices.h"
-#include "window/FieldText.h"
 #include "window/WindowTest.h"
+#include "window/binding/FieldText.h"
 
 #include <QContextMenuEvent>
 #include <QPageSetupDialog>

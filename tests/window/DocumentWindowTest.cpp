@@ -1,7 +1,7 @@
-#include "window/InterfaceProperties.h"
-#include "window/ProgressSpinner.h"
-#include "window/RecordTable.h"
 #include "window/WindowTest.h"
+#include "window/controls/InterfaceProperties.h"
+#include "window/controls/ProgressSpinner.h"
+#include "window/list/RecordTable.h"
 
 using Foundation::Rect;
 

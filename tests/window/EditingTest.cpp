@@ -1,6 +1,6 @@
-#include "window/Announcer.h"
-#include "window/RecordTable.h"
 #include "window/WindowTest.h"
+#include "window/accessibility/Announcer.h"
+#include "window/list/RecordTable.h"
 
 #include <QKeyEvent>
 #include <QSpinBox>

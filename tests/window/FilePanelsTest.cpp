@@ -1,4 +1,4 @@
-#include "window/FilePanels.h"
+#include "window/sheets/FilePanels.h"
 
 #include "support/Files.h"
 #include "support/Printers.h"

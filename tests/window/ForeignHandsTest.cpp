@@ -1,4 +1,4 @@
-#include "foundation/RecoveryFile.h"
+#include "documents/RecoveryFile.h"
 #include "window/WindowTest.h"
 
 #include <QProcess>

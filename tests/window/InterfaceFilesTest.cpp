@@ -1,7 +1,7 @@
-#include "window/Binding.h"
-#include "window/InterfaceProperties.h"
-#include "window/SymbolIcon.h"
 #include "window/WindowTest.h"
+#include "window/binding/Binding.h"
+#include "window/controls/InterfaceProperties.h"
+#include "window/desktop/SymbolIcon.h"
 
 #include <QDir>
 #include <QMenuBar>

@@ -1,5 +1,5 @@
-#include "window/DesktopColorPanel.h"
 #include "window/WindowTest.h"
+#include "window/desktop/DesktopColorPanel.h"
 
 #include <QAccessible>
 

@@ -1,10 +1,10 @@
 #include "DocumentJson.h"
 #include "core/RecordModel.h"
-#include "foundation/Array.h"
 #include "support/Printers.h"
-#include "window/FieldText.h"
-#include "window/RecordTable.h"
+#include "values/Array.h"
 #include "window/WindowTest.h"
+#include "window/binding/FieldText.h"
+#include "window/list/RecordTable.h"
 
 #include <QClipboard>
 #include <QJsonDocument>

@@ -1,9 +1,9 @@
 #include "core/RecordModel.h"
-#include "foundation/UserDefaults.h"
-#include "window/CategoryView.h"
-#include "window/DesktopText.h"
-#include "window/VLLabelDrawer.h"
-#include "window/VLLabelDrawerExt.h"
+#include "platform/UserDefaults.h"
+#include "window/desktop/DesktopText.h"
+#include "window/list/CategoryView.h"
+#include "window/list/VLLabelDrawer.h"
+#include "window/list/VLLabelDrawerExt.h"
 
 #include <gtest/gtest.h>
 

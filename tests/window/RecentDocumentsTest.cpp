@@ -1,4 +1,4 @@
-#include "window/RecentDocuments.h"
+#include "window/desktop/RecentDocuments.h"
 
 #include "window/WindowTest.h"
 

@@ -1,10 +1,10 @@
-#include "window/RecordTable.h"
+#include "window/list/RecordTable.h"
 
 #include "browse/RecordName.h"
 #include "core/RecordModel.h"
-#include "window/AccessibleFactory.h"
-#include "window/MyTableDelegate.h"
-#include "window/RecordTableModel.h"
+#include "window/accessibility/AccessibleFactory.h"
+#include "window/list/MyTableDelegate.h"
+#include "window/list/RecordTableModel.h"
 
 #include <gtest/gtest.h>
 

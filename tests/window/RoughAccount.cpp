@@ -1,7 +1,7 @@
 #include "RoughAccount.h"
 
 #include "core/RecordModel.h"
-#include "foundation/DisplayText.h"
+#include "values/DisplayText.h"
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
 #include "browse/RecordName.h"
 #include "support/TestServices.h"
-#include "window/AlertDialog.h"
-#include "window/ControlAccess.h"
-#include "window/RecordTable.h"
-#include "window/RecordTableModel.h"
 #include "window/RoughAccount.h"
 #include "window/WindowTest.h"
+#include "window/binding/ControlAccess.h"
+#include "window/list/RecordTable.h"
+#include "window/list/RecordTableModel.h"
+#include "window/sheets/AlertDialog.h"
 
 #include <QColorDialog>
 #include <QHeaderView>

@@ -1,6 +1,6 @@
-#include "window/RuledSplitView.h"
+#include "window/controls/RuledSplitView.h"
 
-#include "window/SynchroScrollArea.h"
+#include "window/controls/SynchroScrollArea.h"
 
 #include <gtest/gtest.h>
 

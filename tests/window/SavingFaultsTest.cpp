@@ -1,6 +1,6 @@
 #include "core/DecryptPipeline.h"
 #include "core/DocumentReader.h"
-#include "foundation/DurableFile.h"
+#include "files/DurableFile.h"
 #include "support/ChildProcess.h"
 #include "support/FaultyFileSystem.h"
 #include "support/TestServices.h"

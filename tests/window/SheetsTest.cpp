@@ -1,9 +1,9 @@
-#include "foundation/ColorPanel.h"
 #include "helpers/VLColorUtilOSX.h"
-#include "window/CategoryTable.h"
-#include "window/ColorWell.h"
-#include "window/DesktopColorPanel.h"
+#include "platform/ColorPanel.h"
 #include "window/WindowTest.h"
+#include "window/controls/ColorWell.h"
+#include "window/desktop/DesktopColorPanel.h"
+#include "window/list/CategoryTable.h"
 
 using Foundation::Color;
 

@@ -1,4 +1,4 @@
-#include "window/WindowPlacement.h"
+#include "window/application/WindowPlacement.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "window/WindowTest.h"
 
-#include "window/RecordTable.h"
-#include "window/RecordTableModel.h"
+#include "window/list/RecordTable.h"
+#include "window/list/RecordTableModel.h"
 
 #include <QInputMethodEvent>
 

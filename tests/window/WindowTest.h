@@ -3,7 +3,7 @@
 #include "core/RecordModel.h"
 #include "support/Files.h"
 #include "support/Printers.h"
-#include "window/Application.h"
+#include "window/application/Application.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "DocumentJson.h"
 #include "core/DecryptPipeline.h"
-#include "foundation/ProcessSetup.h"
 #include "lifecycle/MyDocument.h"
+#include "platform/ProcessSetup.h"
 
 #include <QCoreApplication>
 #include <QFile>

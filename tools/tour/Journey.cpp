@@ -1,8 +1,8 @@
 #include "Journey.h"
 
 #include "browse/RecordName.h"
-#include "window/DesktopColorPanel.h"
-#include "window/RecordTable.h"
+#include "window/desktop/DesktopColorPanel.h"
+#include "window/list/RecordTable.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "window/Application.h"
+#include "window/application/Application.h"
 
 #include <QDir>
 #include <QLineEdit>

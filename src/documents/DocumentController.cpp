@@ -1,0 +1,119 @@
+#include "documents/DocumentController.h"
+
+#include "platform/Services.h"
+
+#include <QFileInfo>
+
+namespace Foundation
+{
+
+DocumentController::DocumentController(DocumentMaker makeDocument, QObject *parent)
+    : QObject(parent)
+    , m_makeDocument(std::move(makeDocument))
+{
+}
+
+DocumentController::~DocumentController()
+{
+    for (Document *document : m_documents)
+        document->disconnect(this);
+    qDeleteAll(m_documents);
+}
+
+Document *DocumentController::newDocument()
+{
+    auto document = m_makeDocument();
+    document->setUntitledNumber(++m_lastUntitledNumber);
+    Document *added = document.get();
+    add(std::move(document));
+    return added;
+}
+
+Document *DocumentController::openDocument(const QString &path)
+{
+    if (Document *open = documentOfFile(path)) {
+        if (open->window())
+            open->window()->makeKeyAndOrderFront();
+        return open;
+    }
+    auto document = m_makeDocument();
+    QString reason;
+    if (!document->readFromFile(path, &reason)) {
+        if (!reason.isNull())
+            Services::shared().modalAlerts().runModal(
+                {tr("The document “%1” could not be opened.").arg(QFileInfo(path).fileName()),
+                 reason,
+                 {tr("OK")}});
+        return nullptr;
+    }
+    Document *added = document.get();
+    add(std::move(document));
+    return added;
+}
+
+int DocumentController::recoverDocuments()
+{
+    int recovered = 0;
+    for (auto &file : RecoveryFile::takeAbandoned()) {
+        auto document = m_makeDocument();
+        QString reason;
+        const QString path = file->path();
+        if (!document->recover(std::move(file), &reason)) {
+            if (!reason.isNull())
+                Services::shared().modalAlerts().runModal(
+                    {tr("Changes that were kept for you could not be opened."),
+                     reason + u'\n' + path,
+                     {tr("OK")}});
+            continue;
+        }
+        document->setUntitledNumber(++m_lastUntitledNumber);
+        add(std::move(document));
+        ++recovered;
+    }
+    return recovered;
+}
+
+Document *DocumentController::documentOfFile(const QString &path) const
+{
+    const auto identity = identityOfFile(path);
+    for (Document *document : m_documents) {
+        if (document->fileURL().isNull() || !identity)
+            continue;
+        const auto other = identityOfFile(document->fileURL());
+        if (other && other->device == identity->device && other->inode == identity->inode)
+            return document;
+    }
+    return nullptr;
+}
+
+void DocumentController::add(std::unique_ptr<Document> document)
+{
+    Document *added = document.release();
+    m_documents.append(added);
+    connect(added, &Document::closed, this, [this, added] {
+        m_documents.removeOne(added);
+        Q_EMIT documentClosed();
+    });
+    Q_EMIT documentAdded(added);
+}
+
+void DocumentController::closeAllDocuments(const Document::Completion &done)
+{
+    if (m_documents.isEmpty()) {
+        done(true);
+        return;
+    }
+    // A document may close at once and never answer, so what counts is whether it has gone.
+    Document *last = m_documents.last();
+    const auto goOn = connect(last, &Document::closed, this, [this, done] { closeAllDocuments(done); });
+    last->canCloseDocument([last, done, goOn](bool shouldClose) {
+        if (shouldClose) {
+            last->close();
+            return;
+        }
+        disconnect(goOn);
+        done(false);
+    });
+}
+
+} // namespace Foundation

@@ -1,0 +1,170 @@
+#include "files/FileRights.h"
+
+#include "files/FileDescriptor.h"
+
+#include <algorithm>
+#include <fcntl.h>
+
+namespace Foundation
+{
+
+namespace
+{
+
+// The largest list and the largest value that Linux knows (xattr(7)).
+constexpr qsizetype MaximumAttributeSize = 65536;
+constexpr char AccessList[] = "system.posix_acl_access";
+
+// Not permitted here, unknown to this file system or beyond its limits: the save goes on without.
+bool cannotBeKept(int number)
+{
+    constexpr int Numbers[] = {EPERM, EACCES, ENOTSUP, ENOSYS, EINVAL, E2BIG, ERANGE};
+    return std::ranges::find(Numbers, number) != std::end(Numbers);
+}
+
+bool isAccessList(const QByteArray &name)
+{
+    return name.startsWith("system.");
+}
+
+bool isToBeKept(const QByteArray &name)
+{
+    return !name.isEmpty() && (!name.startsWith("security.") || name == "security.selinux");
+}
+
+// With the file in another group, the former group counts as others and the new one held others before: both
+// get only what both had.
+mode_t modeWithoutGroup(mode_t mode)
+{
+    const mode_t common = (mode >> 3) & mode & 07;
+    return (mode & 0700) | common << 3 | common;
+}
+
+mode_t modeOfOwnerAlone(mode_t mode)
+{
+    return mode & 0700;
+}
+
+} // namespace
+
+int FileRights::takeFrom(int folder, const char *name, const struct stat &status, FileSystem &files)
+{
+    m_replacing = true;
+    m_mode = status.st_mode & 0777;
+    m_owner = status.st_uid;
+    m_group = status.st_gid;
+    constexpr int Flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW | O_CLOEXEC;
+    const FileDescriptor file(files, uninterrupted([&] { return files.openAt(folder, name, Flags, 0); }));
+    if (file.isOpen())
+        return takeAttributesFrom(file.get(), files);
+    if (!cannotBeKept(errno))
+        return errno;
+    m_listsKnown = false;
+    return 0;
+}
+
+int FileRights::takeAttributesFrom(int descriptor, FileSystem &files)
+{
+    QByteArray buffer(MaximumAttributeSize, Qt::Uninitialized);
+    const auto room = std::size_t(buffer.size());
+    const ssize_t length = uninterrupted([&] { return files.flistxattr(descriptor, buffer.data(), room); });
+    if (length < 0 && errno != ENOTSUP && errno != ENOSYS)
+        m_listsKnown = false;
+    if (length < 0)
+        return cannotBeKept(errno) ? 0 : errno;
+
+    const QList<QByteArray> names = QByteArray(buffer.constData(), length).split('\0');
+    for (const QByteArray &name : names) {
+        if (!isToBeKept(name))
+            continue;
+        const ssize_t size =
+            uninterrupted([&] { return files.fgetxattr(descriptor, name.constData(), buffer.data(), room); });
+        if (size >= 0)
+            m_attributes.append({name, QByteArray(buffer.constData(), size)});
+        else if (errno == ENODATA)
+            continue; // Removed since the list was made.
+        else if (!cannotBeKept(errno))
+            return errno;
+        else if (isAccessList(name))
+            m_listsKnown = false;
+    }
+    return 0;
+}
+
+int FileRights::giveTo(int descriptor, FileSystem &files) const
+{
+    mode_t mode = m_mode;
+    if (m_replacing) {
+        if (const int error = giveOwner(descriptor, files, mode))
+            return error;
+        if (const int error = giveAttributes(descriptor, files, mode))
+            return error;
+    }
+    return giveMode(descriptor, files, mode);
+}
+
+int FileRights::giveMode(int descriptor, FileSystem &files, mode_t mode)
+{
+    struct stat made;
+    if (uninterrupted([&] { return files.fstat(descriptor, &made); }) < 0)
+        return errno;
+    // Some shared folders deny every change of a mode, even one that changes nothing.
+    if ((made.st_mode & 07777) == mode || uninterrupted([&] { return files.fchmod(descriptor, mode); }) == 0)
+        return 0;
+    // File systems without modes of their own answer EPERM or one of the numbers after it. Any other answer,
+    // EACCES included, is a failure: the file would be saved, and other users silently lose it.
+    constexpr int NoModes[] = {EPERM, ENOTSUP, ENOSYS, EINVAL};
+    return std::ranges::find(NoModes, errno) != std::end(NoModes) ? 0 : errno;
+}
+
+int FileRights::giveOwner(int descriptor, FileSystem &files, mode_t &mode) const
+{
+    struct stat made;
+    if (uninterrupted([&] { return files.fstat(descriptor, &made); }) < 0)
+        return errno;
+    const auto change = [&](uid_t owner, gid_t group) {
+        return uninterrupted([&] { return files.fchown(descriptor, owner, group); }) < 0 ? errno : 0;
+    };
+    if (made.st_uid == m_owner && made.st_gid == m_group)
+        return 0;
+    int error = change(m_owner, m_group);
+    constexpr auto SameOwner = uid_t(-1);
+    if (cannotBeKept(error))
+        error = made.st_gid == m_group ? 0 : change(SameOwner, m_group);
+    if (!cannotBeKept(error))
+        return error;
+    mode = modeWithoutGroup(mode);
+    return 0;
+}
+
+int FileRights::giveAttributes(int descriptor, FileSystem &files, mode_t &mode) const
+{
+    bool listsKept = m_listsKnown;
+    bool hasAccessList = false;
+    for (const auto &[name, value] : m_attributes) {
+        hasAccessList = hasAccessList || name == AccessList;
+        const auto set = [&, &name = name, &value = value] {
+            return files.fsetxattr(descriptor, name.constData(), value.constData(),
+                                   std::size_t(value.size()));
+        };
+        if (uninterrupted(set) == 0)
+            continue;
+        if (!cannotBeKept(errno))
+            return errno;
+        listsKept = listsKept && !isAccessList(name);
+    }
+    // The folder may have given the new file a list of its own, which the old one does not have.
+    if (!hasAccessList && uninterrupted([&] { return files.fremovexattr(descriptor, AccessList); }) < 0 &&
+        errno != ENODATA && errno != ENOTSUP && errno != ENOSYS) {
+        if (!cannotBeKept(errno))
+            return errno;
+        listsKept = false;
+    }
+    // The group bits of a file with a list are the upper bound of the list, not the rights of the group.
+    // Without the list they would give the group, and others, what the list denied them.
+    if (!listsKept)
+        mode = modeOfOwnerAlone(mode);
+    return 0;
+}
+
+} // namespace Foundation

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace Foundation
+{
+
+// `length` bytes of the system's secure source; nothing if the source fails.
+std::optional<QByteArray> secureRandomBytes(quint64 length);
+
+} // namespace Foundation

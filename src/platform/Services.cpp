@@ -1,0 +1,157 @@
+#include "platform/Services.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <algorithm>
+#include <limits>
+
+namespace Foundation
+{
+
+namespace
+{
+
+class NoWorkspace : public Workspace
+{
+public:
+    bool openUrl(const QUrl &) override { return false; }
+    bool openFile(const QString &) override { return false; }
+};
+
+class LastButtonAnswer : public ModalAlertPresenter
+{
+public:
+    int runModal(const Alert &alert) override
+    {
+        return Alert::FirstButtonReturn + int(std::max<qsizetype>(alert.buttons.size(), 1)) - 1;
+    }
+};
+
+class EventLoopQueue : public MainQueue
+{
+public:
+    void addOperation(std::function<void()> operation) override
+    {
+        QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(operation), Qt::QueuedConnection);
+    }
+};
+
+class SystemClock : public Clock
+{
+public:
+    QDateTime now() const override { return QDateTime::currentDateTime(); }
+};
+
+class SystemTimers : public Timers
+{
+public:
+    Timer schedule(int seconds, std::function<void()> fired) override
+    {
+        // What it calls may drop it: it is deleted when that has returned.
+        const std::shared_ptr<QTimer> timer(new QTimer, [](QTimer *dropped) {
+            dropped->stop();
+            dropped->deleteLater();
+        });
+        timer->setSingleShot(true);
+        timer->setTimerType(Qt::PreciseTimer);
+        QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(fired));
+        constexpr int LongestTime = std::numeric_limits<int>::max() / 1000; // some weeks
+        timer->start(std::chrono::seconds(std::min(seconds, LongestTime)));
+        return timer;
+    }
+};
+
+class MonospacedMeasurer : public TextMeasurer
+{
+public:
+    double widthOfText(const QString &text, const TextAttributes &attributes) const override
+    {
+        constexpr double AdvanceOfFontSize = 0.6;
+        return double(text.size()) * AdvanceOfFontSize * attributes.fontSize;
+    }
+};
+
+class EmptyImage : public ImageObject
+{
+public:
+    bool isEmpty() const override { return true; }
+    QByteArray tiffRepresentation() const override { return {}; }
+};
+
+class NoImageReader : public ImageReader
+{
+public:
+    Ref<ImageObject> imageFromData(const QByteArray &) const override { return nullptr; }
+    Ref<ImageObject> emptyImage() const override { return Ref<ImageObject>(new EmptyImage); }
+};
+
+NoWorkspace noWorkspace;
+LastButtonAnswer lastButtonAnswer;
+EventLoopQueue eventLoopQueue;
+SystemClock systemClock;
+SystemTimers systemTimers;
+MonospacedMeasurer monospacedMeasurer;
+NoImageReader noImageReader;
+
+} // namespace
+
+double Clock::secondsSince2001() const
+{
+    constexpr qint64 MillisecondsTo2001 = 978307200000;
+    return double(now().toMSecsSinceEpoch() - MillisecondsTo2001) / 1000.0;
+}
+
+Services::Services()
+    : m_workspace(&noWorkspace)
+    , m_modalAlerts(&lastButtonAnswer)
+    , m_mainQueue(&eventLoopQueue)
+    , m_clock(&systemClock)
+    , m_timers(&systemTimers)
+    , m_textMeasurer(&monospacedMeasurer)
+    , m_imageReader(&noImageReader)
+{
+}
+
+Services &Services::shared()
+{
+    static Services services;
+    return services;
+}
+
+void Services::setWorkspace(Workspace *workspace)
+{
+    m_workspace = workspace ? workspace : &noWorkspace;
+}
+
+void Services::setModalAlerts(ModalAlertPresenter *presenter)
+{
+    m_modalAlerts = presenter ? presenter : &lastButtonAnswer;
+}
+
+void Services::setMainQueue(MainQueue *queue)
+{
+    m_mainQueue = queue ? queue : &eventLoopQueue;
+}
+
+void Services::setClock(Clock *clock)
+{
+    m_clock = clock ? clock : &systemClock;
+}
+
+void Services::setTimers(Timers *timers)
+{
+    m_timers = timers ? timers : &systemTimers;
+}
+
+void Services::setTextMeasurer(TextMeasurer *measurer)
+{
+    m_textMeasurer = measurer ? measurer : &monospacedMeasurer;
+}
+
+void Services::setImageReader(ImageReader *reader)
+{
+    m_imageReader = reader ? reader : &noImageReader;
+}
+
+} // namespace Foundation

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "values/Color.h"
+
+#include <QString>
+
+namespace Foundation
+{
+
+// How a line of text is drawn and measured.
+struct TextAttributes
+{
+    QString fontFamily;   // null for the desktop's own font
+    double fontSize = 13; // in points
+    Color foreground;
+    friend bool operator==(const TextAttributes &, const TextAttributes &) = default;
+};
+
+} // namespace Foundation

@@ -1,0 +1,46 @@
+#include "platform/UserDefaults.h"
+
+#include <QStandardPaths>
+
+namespace Foundation
+{
+
+UserDefaults::UserDefaults()
+    : m_settings(std::make_unique<QSettings>(
+          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+              QStringLiteral("/vexarel/vexarel.conf"),
+          QSettings::IniFormat))
+{
+}
+
+UserDefaults &UserDefaults::standardUserDefaults()
+{
+    static UserDefaults defaults;
+    return defaults;
+}
+
+void UserDefaults::registerDefaults(const QVariantHash &defaults)
+{
+    m_defaults.insert(defaults);
+}
+
+QVariant UserDefaults::value(const QString &key) const
+{
+    const QVariant stored = m_settings->value(key);
+    return stored.isValid() ? stored : m_defaults.value(key);
+}
+
+void UserDefaults::setValue(const QString &key, const QVariant &value)
+{
+    if (value.isValid())
+        m_settings->setValue(key, value);
+    else
+        m_settings->remove(key);
+}
+
+void UserDefaults::synchronize()
+{
+    m_settings->sync();
+}
+
+} // namespace Foundation

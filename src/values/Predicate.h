@@ -1,0 +1,40 @@
+#pragma once
+
+#include "values/Dictionary.h"
+
+#include <QList>
+#include <QString>
+
+namespace Foundation
+{
+
+// A condition on a dictionary, to be bound to: that the text under a key contains another one, whatever the
+// case and the accents of both, or that any or all of several conditions hold. A value; a default one holds
+// for everything.
+class Predicate
+{
+public:
+    Predicate() = default;
+    static Predicate contains(const QString &key, const QString &text);
+    static Predicate anyOf(const QList<Predicate> &conditions);
+    static Predicate allOf(const QList<Predicate> &conditions);
+
+    bool evaluate(const Dictionary &object) const;
+    // As such conditions are written: key CONTAINS[cd] "text", joined by OR and AND in parentheses.
+    QString predicateFormat() const;
+
+    friend bool operator==(const Predicate &a, const Predicate &b)
+    {
+        return a.predicateFormat() == b.predicateFormat();
+    }
+
+private:
+    enum class Kind { AllOf, AnyOf, Contains };
+
+    Kind m_kind = Kind::AllOf;
+    QString m_key;
+    QString m_text;
+    QList<Predicate> m_conditions;
+};
+
+} // namespace Foundation

@@ -1,0 +1,250 @@
+#pragma once
+
+#include "values/Ref.h"
+
+#include <QByteArray>
+#include <QMetaType>
+#include <QString>
+
+#include <cstring>
+
+namespace Foundation
+{
+
+class Array;
+class Dictionary;
+class ColorObject;
+class OpaqueObject;
+
+// A text as it is stored: ASCII characters, or UTF-16 units where a text has others. Exactly one pointer is
+// set (`ascii` for an empty text). Points into the value that gave it and lives no longer.
+struct TextView
+{
+    const char *ascii = nullptr;
+    const char16_t *units = nullptr;
+    qsizetype size = 0; // in UTF-16 code units
+};
+
+// A text too long for a value: the characters follow the object in the same allocation.
+class TextBox : public RefCounted
+{
+public:
+    static TextBox *create(const void *characters, qsizetype size, bool wide);
+    static void destroy(const TextBox *box);
+    TextView view() const noexcept
+    {
+        const auto size = qsizetype(m_sizeAndWidth & ~WideFlag);
+        if (m_sizeAndWidth & WideFlag)
+            return {nullptr, reinterpret_cast<const char16_t *>(this + 1), size};
+        return {reinterpret_cast<const char *>(this + 1), nullptr, size};
+    }
+
+private:
+    static constexpr quint32 WideFlag = 0x80000000U;
+
+    explicit TextBox(quint32 sizeAndWidth)
+        : m_sizeAndWidth(sizeAndWidth)
+    {
+    }
+
+    quint32 m_sizeAndWidth;
+};
+
+// One dynamically typed value of a document: what a record, category or caption holds under a key.
+//
+// 16 bytes. Numbers, dates and short texts (to 14 ASCII characters or 7 UTF-16 units) lie in the value
+// itself; longer texts, data, arrays and dictionaries are shared by reference, so that copying never copies
+// content. A number keeps the kind that it was made or read with. Texts keep every UTF-16 unit, lone
+// surrogates and NULs included.
+//
+// Reading never fails: a value of another type reads as the number 0, false, a null text or a null reference.
+// Number readings follow the platform's: narrowing keeps the low bits of a number, a real is cut toward zero
+// (and held at the ends of the range, NaN as 0), a text reads as the number that it begins with, held at the
+// ends of the range of 64 bits, or of 32 for intValue.
+class Value
+{
+public:
+    enum class Type : quint8 {
+        Null,         // nothing: what an absent key reads as
+        ArchivedNull, // the null object of an archive, a value of its own kind
+        Bool,
+        Int32,
+        Int64,
+        UInt64, // only for numbers above the signed range
+        Real32,
+        Real64,
+        Date, // 64-bit seconds since 2001-01-01 00:00:00 UTC
+        String,
+        Data,
+        Array,
+        Dictionary,
+        Opaque, // a colour, as documents of old releases hold them, or an image on its way to a control
+    };
+
+    Value() noexcept { setKind(Kind::Null); }
+    Value(bool value) noexcept { setScalar(Kind::Bool, value); }
+    Value(qint32 value) noexcept { setScalar(Kind::Int32, value); }
+    Value(qint64 value) noexcept { setScalar(Kind::Int64, value); }
+    Value(long value) noexcept { setScalar(Kind::Int64, qint64(value)); }
+    // Becomes Int64 where the number fits, since no reader of the format can tell them apart below.
+    Value(quint64 value) noexcept;
+    Value(unsigned long value) noexcept
+        : Value(quint64(value))
+    {
+    }
+    Value(float value) noexcept { setScalar(Kind::Real32, value); }
+    Value(double value) noexcept { setScalar(Kind::Real64, value); }
+    // A null text gives Null, an empty one an empty text.
+    Value(const QString &text);
+    // A null byte array gives Null, an empty one empty data.
+    Value(const QByteArray &data);
+    Value(const Ref<Array> &array);
+    Value(const Ref<Dictionary> &dictionary);
+    Value(const Ref<OpaqueObject> &object);
+    // Literals would otherwise become booleans.
+    Value(const char *) = delete;
+    Value(const void *) = delete;
+
+    static Value archivedNull() noexcept;
+    static Value date(double secondsSince2001) noexcept;
+    // Every byte of `text` must be below 0x80.
+    static Value fromAscii(const char *text, qsizetype size);
+    static Value fromUtf16(const char16_t *units, qsizetype size);
+
+    Value(const Value &other) noexcept
+    {
+        std::memcpy(m_bytes, other.m_bytes, sizeof m_bytes);
+        if (isShared())
+            shared()->retain();
+    }
+    Value(Value &&other) noexcept
+    {
+        std::memcpy(m_bytes, other.m_bytes, sizeof m_bytes);
+        other.setKind(Kind::Null);
+    }
+    Value &operator=(const Value &other) noexcept
+    {
+        Value copy(other);
+        swap(copy);
+        return *this;
+    }
+    Value &operator=(Value &&other) noexcept
+    {
+        Value taken(std::move(other));
+        swap(taken);
+        return *this;
+    }
+    ~Value()
+    {
+        if (isShared() && shared()->release())
+            destroyShared();
+    }
+    void swap(Value &other) noexcept { std::swap(m_bytes, other.m_bytes); }
+
+    Type type() const noexcept { return typeOfKind[m_bytes[KindIndex]]; }
+    bool isNull() const noexcept { return kind() == Kind::Null; }
+    bool isString() const noexcept { return type() == Type::String; }
+    bool isDate() const noexcept { return kind() == Kind::Date; }
+    bool isNumber() const noexcept { return kind() >= Kind::Bool && kind() <= Kind::Real64; }
+
+    bool boolValue() const;
+    qint16 shortValue() const { return qint16(longValue()); }
+    qint32 intValue() const;
+    qint64 longValue() const;
+    quint64 unsignedLongValue() const;
+    float floatValue() const { return float(doubleValue()); }
+    double doubleValue() const;
+    // Seconds since 2001 of a date, 0 of anything else.
+    double dateValue() const noexcept { return kind() == Kind::Date ? load<double>() : 0.0; }
+    // A null string unless this is a text.
+    QString stringValue() const;
+    // A null byte array unless this is data.
+    QByteArray dataValue() const;
+    Ref<Array> array() const noexcept;
+    Ref<Dictionary> dictionary() const noexcept;
+    Ref<OpaqueObject> opaque() const noexcept;
+    Ref<ColorObject> color() const noexcept;
+    // Empty unless this is a text.
+    TextView text() const noexcept;
+    // What the characters of a text or the bytes of data take; 0 of anything else.
+    qsizetype contentBytes() const noexcept;
+
+    // Equal type and content; arrays and dictionaries by identity. Numbers compare only within their kind.
+    friend bool operator==(const Value &a, const Value &b) noexcept;
+
+    // For walks over graphs of values: the shared object behind a text, data, array or dictionary that does
+    // not lie in the value itself, otherwise null.
+    const RefCounted *sharedObject() const noexcept { return isShared() ? shared() : nullptr; }
+
+private:
+    enum class Kind : quint8 {
+        Null,
+        ArchivedNull,
+        Bool,
+        Int32,
+        Int64,
+        UInt64,
+        Real32,
+        Real64,
+        Date,
+        InlineAscii,
+        InlineUnits,
+        Text, // from here on: a RefCounted pointer
+        Data,
+        Array,
+        Dictionary,
+        Opaque,
+    };
+
+    static constexpr Type typeOfKind[] = {Type::Null,  Type::ArchivedNull, Type::Bool,       Type::Int32,
+                                          Type::Int64, Type::UInt64,       Type::Real32,     Type::Real64,
+                                          Type::Date,  Type::String,       Type::String,     Type::String,
+                                          Type::Data,  Type::Array,        Type::Dictionary, Type::Opaque};
+    static constexpr qsizetype InlineBytes = 14;
+    static constexpr qsizetype SizeIndex = 14;
+    static constexpr qsizetype KindIndex = 15;
+
+    Kind kind() const noexcept { return Kind(m_bytes[KindIndex]); }
+    void setKind(Kind kind) noexcept { m_bytes[KindIndex] = quint8(kind); }
+    bool isShared() const noexcept { return kind() >= Kind::Text; }
+    template <class T>
+    T load() const noexcept
+    {
+        T value;
+        std::memcpy(&value, m_bytes, sizeof value);
+        return value;
+    }
+    template <class T>
+    void setScalar(Kind kind, T value) noexcept
+    {
+        std::memcpy(m_bytes, &value, sizeof value);
+        setKind(kind);
+    }
+    const RefCounted *shared() const noexcept { return load<const RefCounted *>(); }
+    void setShared(Kind kind, const RefCounted *object) noexcept;
+    void destroyShared() noexcept;
+    double numberInText() const;
+    qint64 integerInText() const;
+
+    alignas(8) quint8 m_bytes[16];
+};
+
+static_assert(sizeof(Value) == 16);
+
+inline TextView Value::text() const noexcept
+{
+    switch (kind()) {
+    case Kind::InlineAscii:
+        return {reinterpret_cast<const char *>(m_bytes), nullptr, m_bytes[SizeIndex]};
+    case Kind::InlineUnits:
+        return {nullptr, reinterpret_cast<const char16_t *>(m_bytes), m_bytes[SizeIndex]};
+    case Kind::Text:
+        return static_cast<const TextBox *>(shared())->view();
+    default:
+        return {};
+    }
+}
+
+} // namespace Foundation
+
+Q_DECLARE_METATYPE(Foundation::Value)

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "documents/Autosaver.h"
+#include "lifecycle/VLRevertDocController.h"
+#include "platform/TerminationSignals.h"
+#include "shell/MyAppDelegate.h"
+#include "window/application/DocumentWindowController.h"
+#include "window/controls/HeldUndoKey.h"
+#include "window/controls/WheelGuard.h"
+#include "window/desktop/DesktopImageReader.h"
+#include "window/desktop/DesktopText.h"
+#include "window/desktop/DesktopWorkspace.h"
+#include "window/desktop/RecentDocuments.h"
+#include "window/sheets/AlertDialog.h"
+
+#include <QFileDialog>
+#include <QSessionManager>
+
+// The application around its documents: gives the logic the services of the desktop, makes a window for each
+// document, and takes the commands that belong to no document, as the last responder of every window. Quits
+// when the last document has gone. Needs a QApplication, and is made once.
+class Application : public QObject, public MenuItemValidator
+{
+    Q_OBJECT
+
+public:
+    Application();
+    ~Application() override;
+
+    // Opens the files, or a new document if none is named.
+    void start(const QStringList &paths);
+    // The user started it once more: opens the files, or brings up a window.
+    void startAgain(const QStringList &paths);
+
+    Foundation::DocumentController &documentController() { return m_documents; }
+    // Null for a document without a window.
+    DocumentWindowController *windowOf(const Foundation::Document *document) const;
+
+    bool validateMenuItem(Foundation::MenuItem &) override { return true; }
+    Q_INVOKABLE void newDocument(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void openDocument(const Foundation::ActionSender &sender);
+    // Asks about the changes of each document; quits unless the user keeps one.
+    Q_INVOKABLE void terminate(const Foundation::ActionSender &sender);
+
+    // Whether the session may end. Saves what can be saved unasked, and asks about a document of which that
+    // leaves changes, if `mayAsk` says that there is somebody to answer. A locked document has none to save.
+    bool mayEndSession(const std::function<bool()> &mayAsk);
+
+    // The desktop's word to quit at the end of a session: nobody is asked any more.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void openDocuments(const QStringList &paths);
+    void makeWindow(Foundation::Document *document);
+    // Keeps the list of recent documents up to date with the document's file.
+    void noteUseOf(Foundation::Document *document);
+    void quitWithoutDocuments();
+    void followApplicationState(Qt::ApplicationState state);
+    // What is not in a file of the user's is offered again at the next start.
+    void terminateAtOnce();
+    void endSession(QSessionManager &manager);
+
+    DesktopWorkspace m_workspace;
+    ModalAlerts m_modalAlerts;
+    DesktopImageReader m_imageReader;
+    DesktopTextMeasurer m_textMeasurer;
+    VLRevertDocController m_documents;
+    Foundation::Autosaver m_autosaver;
+    MyAppDelegate m_delegate;
+    RecentDocuments m_recentDocuments;
+    QList<QPointer<DocumentWindowController>> m_windows;
+    QPointer<QFileDialog> m_openPanel;
+    Foundation::TerminationSignals m_terminationSignals;
+    WheelGuard m_wheelGuard;
+    HeldUndoKey m_heldUndoKey;
+    Foundation::Timers::Timer m_autosaveWhenLeft;
+    bool m_isSessionEnding = false;
+};

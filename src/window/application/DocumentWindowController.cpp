@@ -1,0 +1,446 @@
+#include "window/application/DocumentWindowController.h"
+
+#include "ui_MyDocument.h"
+#include "window/accessibility/DocumentAnnouncer.h"
+#include "window/card/DetailPlaceholder.h"
+#include "window/card/RecordCard.h"
+#include "window/controls/InterfaceStyle.h"
+#include "window/controls/SafeText.h"
+#include "window/desktop/DesktopText.h"
+#include "window/list/CategoryTable.h"
+#include "window/list/MyTableDelegate.h"
+#include "window/list/RecordTableModel.h"
+#include "window/sheets/AlertDialog.h"
+#include "window/sheets/FilePanels.h"
+#include "window/sheets/SheetDialog.h"
+
+#include <QApplication>
+#include <QMenu>
+
+using Foundation::ActionSender;
+using Foundation::Alert;
+using Foundation::AlertAnswer;
+using Foundation::ArrayController;
+using Foundation::Document;
+using Foundation::Rect;
+using Foundation::Size;
+
+namespace
+{
+
+constexpr QSize UsualSize(980, 640);
+constexpr int UsualListWidth = 280;
+constexpr QSize LeastLockedSize(560, 340);
+// The narrowest list beside the narrowest detail.
+constexpr QSize LeastOpenSize(662, 420);
+
+} // namespace
+
+DocumentWindowController::DocumentWindowController(MyDocument *document, QList<QObject *> lastResponders)
+    : m_document(document)
+    , m_lastResponders(std::move(lastResponders))
+    , m_frame(&m_window, UsualSize)
+    , m_ui(std::make_unique<Ui::MyDocument>())
+    , m_dispatcher(document, [this](const QString &action) { return responders(action); })
+    , m_binder(
+          document, m_dispatcher,
+          [this](const ArrayController *rows, int tag) { controlTextDidChange(rows, tag); },
+          wholeTextSheets())
+    , m_sheets(&m_window)
+    , m_savePanel(m_sheets)
+    , m_listWidth(UsualListWidth)
+{
+    m_ui->setupUi(&m_window);
+    m_window.resize(document->isEncrypted() ? LeastLockedSize : UsualSize);
+    m_textCommands = std::make_unique<TextCommands>(&m_window);
+    m_cardPrinter = std::make_unique<CardPrinter>(m_sheets, *m_document);
+    setUpControls();
+    followDocument();
+    followItems();
+    updateTitle();
+    showFace();
+    m_isLockedSinceOpened = document->isEncrypted();
+}
+
+DocumentWindowController::~DocumentWindowController() = default;
+
+void DocumentWindowController::setUpControls()
+{
+    styleInterface(&m_window);
+    // The toolbar is shown and hidden by the document and by its own item, which know when it may be.
+    m_window.setContextMenuPolicy(Qt::NoContextMenu);
+    m_ui->modernToolbar->setVisible(true);
+    giveListItsWidth();
+    // Reading and editing show the same contact, and go on where the other was left.
+    m_ui->viewScrollArea->follow(m_ui->editScrollArea);
+    m_ui->editScrollArea->follow(m_ui->viewScrollArea);
+    m_formFocus = std::make_unique<FormFocus>(
+        m_document, FormFocus::Parts{m_ui->editScrollArea, m_ui->firstName, m_ui->myTableView});
+    auto *announcer = new Announcer(&m_window);
+    m_hiddenContact = std::make_unique<HiddenContact>(
+        m_document, *m_formFocus,
+        HiddenContact::Parts{m_ui->hiddenContactNotice, m_ui->showAllButton, announcer});
+    setUpTable();
+    m_categoryFilter = std::make_unique<CategoryFilter>(*m_document, m_dispatcher, m_ui->myActionPopup);
+    setUpToolbar();
+    new RecordCard(m_document->myArrayController(), {m_ui->recordName, m_ui->recordSubtitle},
+                   wholeTextSheets(), &m_window);
+    new DetailPlaceholder(m_document,
+                          {m_ui->detailPlaceholder, m_ui->placeholderTitle, m_ui->placeholderHint,
+                           m_ui->detailView, m_ui->myTableView},
+                          &m_window);
+    new DocumentAnnouncer(m_document, announcer);
+    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::releaseFocus);
+    m_binder.bind(&m_window);
+}
+
+ShowWholeText DocumentWindowController::wholeTextSheets()
+{
+    return [this](QWidget *field, const QString &text, const WriteText &write) {
+        WholeTextSheet::show(m_sheets, field, text, write);
+    };
+}
+
+void DocumentWindowController::releaseFocus()
+{
+    // The bindings hide what has the focus next, which would give it to the toolbar on the way to the new
+    // face.
+    if (QWidget *focused = m_window.focusWidget())
+        focused->clearFocus();
+}
+
+void DocumentWindowController::giveListItsWidth()
+{
+    m_ui->mySplitView->setLeftWidth(m_listWidth);
+}
+
+void DocumentWindowController::setUpTable()
+{
+    FilteringArrayController *records = m_document->myArrayController();
+    RecordTable *table = m_ui->myTableView;
+    table->setRecords(records);
+    auto *delegate = new MyTableDelegate(records, m_ui->categoryView, m_ui->categoryView2, table);
+    table->setItemDelegateForColumn(RecordTableModel::CategoryColumn, delegate);
+    for (CategoryView *view : {m_ui->categoryView, m_ui->categoryView2})
+        view->setMyArrayController(records);
+    const auto refreshLabels = [delegate] { delegate->tableViewSelectionDidChange(); };
+    connect(records, &ArrayController::selectionChanged, delegate, refreshLabels);
+    connect(m_document->myCategoryArrayController(), &ArrayController::objectsChanged, delegate,
+            refreshLabels);
+    connect(table, &RecordTable::editRequested, m_formFocus.get(), &FormFocus::beginEditing);
+    connect(table, &RecordTable::contextMenuRequested, this,
+            [this](const QPoint &place) { m_ui->myActionMenu->popup(place); });
+}
+
+void DocumentWindowController::setUpToolbar()
+{
+    VLBtnImgPopUp *more = m_ui->myActionButton;
+    connect(more, &VLBtnImgPopUp::clicked, this,
+            [this, more] { m_ui->myActionMenu->popup(more->mapToGlobal(more->rect().bottomLeft())); });
+    connect(m_ui->searchField, &SearchField::left, m_ui->myTableView,
+            [this] { m_ui->myTableView->setFocus(); });
+    // Interface files put widgets before items.
+    QToolBar *toolbar = m_ui->modernToolbar;
+    QAction *filters = toolbar->actions().first();
+    toolbar->removeAction(filters);
+    toolbar->insertAction(m_ui->toolbarLockItem, filters);
+}
+
+void DocumentWindowController::followDocument()
+{
+    connect(&m_window, &DocumentMainWindow::becameKey, m_document, &MyDocument::windowDidBecomeKey);
+    connect(&m_window, &DocumentMainWindow::closeRequested, m_document,
+            [document = m_document] { document->performClose({}); });
+    connect(m_document, &Document::fileURLChanged, this, &DocumentWindowController::updateTitle);
+    connect(m_document, &Document::documentEditedChanged, this, &DocumentWindowController::updateTitle);
+    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::updateTitle);
+    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::changeFace);
+}
+
+void DocumentWindowController::followItems()
+{
+    for (QMenu *menu : m_window.findChildren<QMenu *>())
+        connect(menu, &QMenu::aboutToShow, &m_dispatcher, &ActionDispatcher::validate);
+    const auto validateLater = [this] { m_dispatcher.validateLater(); };
+    connect(m_textCommands.get(), &TextCommands::shortcutIsComing, &m_dispatcher,
+            &ActionDispatcher::validate);
+    connect(qApp, &QApplication::focusChanged, &m_dispatcher, validateLater);
+    connect(m_document, &VLCryptoDoc::isEncryptedChanged, &m_dispatcher, validateLater);
+    connect(m_document, &MyDocument::selectedViewChanged, &m_dispatcher, validateLater);
+    connect(&m_document->undoManager(), &Foundation::UndoManager::changed, &m_dispatcher, validateLater);
+    connect(&m_dispatcher, &ActionDispatcher::validated, this, &DocumentWindowController::updateUndoTitles);
+    m_dispatcher.validate();
+}
+
+QList<QObject *> DocumentWindowController::responders(const QString &action)
+{
+    QList<QObject *> chain;
+    if (m_textCommands->takes(action))
+        chain.append(m_textCommands.get());
+    chain.append({this, m_formFocus.get(), m_hiddenContact.get()});
+    chain.append(m_document->responders());
+    chain.append(m_lastResponders);
+    return chain;
+}
+
+void DocumentWindowController::updateTitle()
+{
+    QString name = withoutReorderingCharacters(m_document->displayName());
+    const QString suffix = u'.' + DocumentSuffix;
+    if (name.endsWith(suffix, Qt::CaseInsensitive) && name.size() > suffix.size())
+        name.chop(suffix.size());
+    // "[*]" is where the desktop's mark of an edited document goes; doubled it stands for itself.
+    name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+    const QString title = name + QStringLiteral("[*]");
+    m_window.setWindowTitle(m_document->isEncrypted() ? tr("%1 — locked").arg(title) : title);
+    m_window.setWindowFilePath(m_document->fileURL());
+    m_window.setWindowModified(m_document->isDocumentEdited());
+}
+
+void DocumentWindowController::updateUndoTitles()
+{
+    const auto title = [this](const QString &action, const QString &verb, const QString &actionName) {
+        const QString name = m_textCommands->takes(action) ? tr("Typing") : actionName;
+        return name.isEmpty() ? verb : verb + u' ' + titleOfText(name);
+    };
+    const Foundation::UndoManager &manager = m_document->undoManager();
+    m_ui->undoItem->setText(title(QStringLiteral("undo"), tr("&Undo"), manager.undoActionName()));
+    m_ui->redoItem->setText(title(QStringLiteral("redo"), tr("&Redo"), manager.redoActionName()));
+}
+
+void DocumentWindowController::showFace()
+{
+    m_sheets.setLocked(m_document->isEncrypted());
+    // What is only hidden, assistive technology still finds: a locked window must not have the content at
+    // all.
+    if (m_document->isEncrypted()) {
+        while (QWidget *popUp = QApplication::activePopupWidget())
+            popUp->close();
+        m_ui->openFace->setParent(&m_cellar);
+        m_categoryFilter->categoryMenu().clear();
+    } else if (m_ui->openFace->parentWidget() == &m_cellar) {
+        m_ui->facesLayout->addWidget(m_ui->openFace);
+        m_ui->openFace->show();
+    }
+    m_ui->myCategorySuperMenuItem->setEnabled(m_document->isDecrypted());
+    m_window.setMinimumSize(m_document->isEncrypted() ? LeastLockedSize : LeastOpenSize);
+    initialControl()->setFocus();
+}
+
+void DocumentWindowController::changeFace()
+{
+    if (m_document->isEncrypted())
+        m_listWidth = m_ui->mySplitView->sizes().front();
+    showFace();
+    if (m_document->isEncrypted())
+        return;
+    // A file may hold no frame for its window, which then leaves the small size of its locked face by itself.
+    if (std::exchange(m_isLockedSinceOpened, false) && !m_document->useMyWinRect()) {
+        m_window.resize(UsualSize);
+        center();
+    }
+    // When the window has the size that it comes back with: the list shall not have grown on the way.
+    QMetaObject::invokeMethod(this, &DocumentWindowController::giveListItsWidth, Qt::QueuedConnection);
+}
+
+QWidget *DocumentWindowController::initialControl() const
+{
+    return m_document->isEncrypted() ? static_cast<QWidget *>(m_ui->passwordToDecryptField)
+                                     : m_ui->myTableView;
+}
+
+Rect DocumentWindowController::frame() const
+{
+    return m_frame.frame();
+}
+
+void DocumentWindowController::setFrame(const Rect &frame, bool)
+{
+    m_frame.setFrame(frame);
+}
+
+Size DocumentWindowController::minSize() const
+{
+    return {double(m_window.minimumWidth()), double(m_window.minimumHeight())};
+}
+
+bool DocumentWindowController::isToolbarVisible() const
+{
+    // Not isVisible(): that is false as long as the window is hidden.
+    return !m_ui->modernToolbar->isHidden();
+}
+
+void DocumentWindowController::setToolbarVisible(bool visible)
+{
+    // It shows categories and what is searched for.
+    QToolBar *toolbar = m_ui->modernToolbar;
+    if (!visible && m_document->isEncrypted())
+        toolbar->setParent(&m_cellar);
+    else if (visible && toolbar->parentWidget() == &m_cellar)
+        m_window.addToolBar(toolbar);
+    toolbar->setVisible(visible);
+    m_dispatcher.validateLater();
+}
+
+void DocumentWindowController::orderOut()
+{
+    m_window.hide();
+}
+
+void DocumentWindowController::center()
+{
+    m_frame.center();
+}
+
+void DocumentWindowController::makeKeyAndOrderFront()
+{
+    if (m_window.isMinimized())
+        m_window.showNormal();
+    m_window.show();
+    m_window.raise();
+    m_window.takeKeyboard();
+}
+
+void DocumentWindowController::close()
+{
+    m_sheets.drop();
+    m_window.hide();
+    deleteLater();
+}
+
+void DocumentWindowController::beginSheet(const QString &name, SheetEnd ended)
+{
+    m_sheets.begin(
+        name,
+        [this, name](QWidget *parent) {
+            SheetDialog *sheet = newSheet(name, m_document, m_binder, parent);
+            m_categoryTable = sheet->findChild<CategoryTable *>();
+            return sheet;
+        },
+        std::move(ended));
+}
+
+void DocumentWindowController::endSheet(const QString &name, int returnCode)
+{
+    m_sheets.end(name, returnCode);
+}
+
+void DocumentWindowController::beginAlert(const Alert &alert, AlertAnswer answered)
+{
+    m_sheets.begin(
+        QString(), [alert](QWidget *parent) { return new AlertDialog(alert, parent); }, std::move(answered),
+        alert.mayStandOverLock ? SheetQueue::Over::LockedWindow : SheetQueue::Over::OpenWindow);
+}
+
+void DocumentWindowController::beginSavePanel(const QString &suggestedPath, SavePanel::PathChosen ended)
+{
+    m_savePanel.begin(suggestedPath, ended);
+}
+
+void DocumentWindowController::setDecryptProgressShown(bool shown)
+{
+    // Both are on the screen before the work begins, which lets no event through until it is done.
+    if (shown)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+    m_ui->decryptProgressIndicator->setRunning(shown);
+    if (!shown)
+        m_ui->passwordToDecryptField->selectAll();
+}
+
+void DocumentWindowController::clearPasswordToDecryptField()
+{
+    m_ui->passwordToDecryptField->clear();
+}
+
+void DocumentWindowController::scrollRowToVisible(qsizetype row)
+{
+    m_ui->myTableView->scrollRowToVisible(row);
+}
+
+void DocumentWindowController::redrawColumn(const QString &identifier)
+{
+    m_ui->myTableView->redrawColumn(identifier);
+}
+
+void DocumentWindowController::redrawCategoryViews()
+{
+    m_ui->categoryView->refresh();
+    m_ui->categoryView2->refresh();
+}
+
+void DocumentWindowController::redrawCategoryTable()
+{
+    if (m_categoryTable)
+        m_categoryTable->viewport()->update();
+}
+
+void DocumentWindowController::scrollCategoryViewToBottom()
+{
+    if (m_categoryTable)
+        m_categoryTable->scrollToBottom();
+}
+
+void DocumentWindowController::scrollListViewToBottom()
+{
+    m_ui->myTableView->scrollToBottom();
+}
+
+void DocumentWindowController::attachCategoryMenu()
+{
+    m_ui->myCategorySuperMenuItem->setMenu(&m_categoryFilter->categoryMenu());
+}
+
+void DocumentWindowController::setSearchInfoShown(bool shown)
+{
+    m_ui->grayStatusView->setVisible(shown);
+}
+
+VLVSplitViewDelegate &DocumentWindowController::mySplitViewDelegate()
+{
+    return m_ui->mySplitView->mySplitViewDelegate();
+}
+
+Foundation::Color DocumentWindowController::controlTextColor() const
+{
+    return componentsOfColor(m_window.palette().color(QPalette::WindowText));
+}
+
+void DocumentWindowController::printWhiteView()
+{
+    m_cardPrinter->beginPrint();
+}
+
+void DocumentWindowController::runPageLayout()
+{
+    m_cardPrinter->beginPageLayout();
+}
+
+void DocumentWindowController::controlTextDidChange(const ArrayController *controller, int tag)
+{
+    if (!controller)
+        m_document->labelCommands().captionDidChange();
+    else if (controller == m_document->myCategoryArrayController())
+        m_document->categoryEditFieldDelegate().controlTextDidChange();
+    else
+        m_document->controlTextDidChange(tag);
+}
+
+void DocumentWindowController::find(const ActionSender &)
+{
+    setToolbarVisible(true);
+    m_ui->searchField->setFocus(Qt::ShortcutFocusReason);
+    m_ui->searchField->selectAll();
+}
+
+bool DocumentWindowController::validateMenuItem(Foundation::MenuItem &item)
+{
+    item.isChecked = isToolbarVisible();
+    return m_document->isDecrypted();
+}
+
+void DocumentWindowController::toggleToolbarShown(const ActionSender &)
+{
+    setToolbarVisible(!isToolbarVisible());
+}

@@ -1,0 +1,29 @@
+#include "platform/ProcessSetup.h"
+#include "shell/SingleInstance.h"
+#include "window/application/Application.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+
+int main(int argc, char **argv)
+{
+    Foundation::prepareProcess();
+    QApplication qtApplication(argc, argv);
+    Application application;
+
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("documents"), QApplication::tr("Documents to open."),
+                                 QStringLiteral("[documents…]"));
+    parser.process(qtApplication);
+
+    SingleInstance instance;
+    if (instance.handOver(parser.positionalArguments()))
+        return 0;
+    QObject::connect(&instance, &SingleInstance::startedAgain, &application, &Application::startAgain);
+    // Within the event loop, so that a signal during an alert at the start ends the program, too.
+    QMetaObject::invokeMethod(
+        &application, [&] { application.start(parser.positionalArguments()); }, Qt::QueuedConnection);
+    return QApplication::exec();
+}

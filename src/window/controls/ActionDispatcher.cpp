@@ -1,0 +1,101 @@
+#include "window/controls/ActionDispatcher.h"
+
+#include "window/controls/InterfaceProperties.h"
+#include "window/controls/MenuItemValidator.h"
+
+using Foundation::ActionSender;
+using Foundation::MenuItem;
+
+ActionDispatcher::ActionDispatcher(Foundation::Document *document, Responders responders, QObject *parent)
+    : QObject(parent)
+    , m_document(document)
+    , m_responders(std::move(responders))
+{
+}
+
+void ActionDispatcher::addItem(QAction *item, const Condition &condition)
+{
+    m_items.append({item, textProperty(item, InterfaceProperty::Action), condition});
+    if (!item->isCheckable()) {
+        connect(item, &QAction::triggered, this, [this, added = m_items.last()] { trigger(added); });
+        return;
+    }
+    // Assistive technology turns the mark over without triggering the item.
+    connect(item, &QAction::toggled, this, [this, added = m_items.last()] {
+        if (!m_isValidating)
+            trigger(added);
+    });
+}
+
+bool ActionDispatcher::send(const QString &action, const ActionSender &sender) const
+{
+    return Foundation::sendAction(m_responders(action), action, sender);
+}
+
+void ActionDispatcher::trigger(const Item &item)
+{
+    MenuItem menuItem{item.action, titleWithoutMnemonic(item.item->text()), tagOf(item.item)};
+    // A shortcut may come before the items were brought up to date.
+    if (isEnabled(item, menuItem))
+        send(item.action, {menuItem.tag, menuItem.title, QString(), -1});
+    // Choosing a checkable item turns its mark over; the responder alone says what it is.
+    validate();
+}
+
+bool ActionDispatcher::isEnabled(const Item &item, MenuItem &menuItem) const
+{
+    if (!m_document)
+        return false;
+    QObject *responder = Foundation::responderForAction(m_responders(item.action), item.action);
+    if (!responder)
+        return false;
+    auto *validator = dynamic_cast<MenuItemValidator *>(responder);
+    const bool isValid =
+        validator ? validator->validateMenuItem(menuItem) : m_document->validateMenuItem(menuItem);
+    return isValid && (!item.condition || item.condition());
+}
+
+void ActionDispatcher::validate()
+{
+    m_isValidating = true;
+    for (const Item &item : m_items) {
+        if (!item.item)
+            continue;
+        MenuItem menuItem{item.action, titleWithoutMnemonic(item.item->text()), tagOf(item.item)};
+        item.item->setEnabled(isEnabled(item, menuItem));
+        if (item.item->isCheckable())
+            item.item->setChecked(menuItem.isChecked);
+    }
+    m_isValidating = false;
+    Q_EMIT validated();
+}
+
+void ActionDispatcher::validateLater()
+{
+    if (m_isValidationPending)
+        return;
+    m_isValidationPending = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_isValidationPending = false;
+            validate();
+        },
+        Qt::QueuedConnection);
+}
+
+QString titleWithoutMnemonic(const QString &title)
+{
+    QString plain;
+    for (qsizetype i = 0; i < title.size(); ++i) {
+        if (title[i] == u'&' && ++i == title.size())
+            break;
+        plain += title[i];
+    }
+    return plain;
+}
+
+QString titleOfText(QString text)
+{
+    return text.replace(u'&', QStringLiteral("&&"));
+}

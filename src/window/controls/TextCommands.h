@@ -1,0 +1,42 @@
+#pragma once
+
+#include "window/controls/MenuItemValidator.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+// The commands on text as the first responder of a window: they go to the field that has the focus. Undo and
+// Redo belong to the field only as long as it has something to undo or redo, and to the document after that.
+class TextCommands : public QObject, public MenuItemValidator
+{
+    Q_OBJECT
+
+public:
+    explicit TextCommands(QWidget *window);
+
+    // Whether the command is for the focused field at this moment.
+    bool takes(const QString &action) const;
+    bool validateMenuItem(Foundation::MenuItem &item) override;
+
+    Q_INVOKABLE void cut(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void copy(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void paste(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void selectAll(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void undo(const Foundation::ActionSender &sender);
+    Q_INVOKABLE void redo(const Foundation::ActionSender &sender);
+
+Q_SIGNALS:
+    // The user pressed the keys of Undo or Redo, and the menu is about to be asked for them.
+    void shortcutIsComing();
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+    void focusMoved(QWidget *old, QWidget *now);
+    void call(const char *slot);
+
+    QWidget *m_window;
+    QPointer<QWidget> m_focused;
+};

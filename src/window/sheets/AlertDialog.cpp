@@ -1,0 +1,115 @@
+#include "window/sheets/AlertDialog.h"
+
+#include "window/controls/ActionDispatcher.h"
+#include "window/controls/SafeText.h"
+#include "window/controls/ShownPart.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+using Foundation::Alert;
+
+namespace
+{
+
+constexpr int TextWidth = 400;
+
+QLabel *newTextLabel(const QString &text)
+{
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setText(withoutReorderingCharacters(shownLine(text)));
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setFixedWidth(TextWidth);
+    return label;
+}
+
+QDialogButtonBox::ButtonRole roleOfTitle(const QString &title)
+{
+    if (title == AlertDialog::tr("Cancel"))
+        return QDialogButtonBox::RejectRole;
+    return title == AlertDialog::tr("Discard") ? QDialogButtonBox::DestructiveRole
+                                               : QDialogButtonBox::AcceptRole;
+}
+
+} // namespace
+
+AlertDialog::AlertDialog(const Alert &alert, QWidget *parent)
+    : QDialog(parent)
+{
+    setWindowTitle(QApplication::applicationDisplayName());
+    const auto pixmap = alert.style == Alert::Style::Warning ? QStyle::SP_MessageBoxWarning
+                                                             : QStyle::SP_MessageBoxInformation;
+    auto *icon = new QLabel;
+    const int size = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
+    icon->setPixmap(
+        style()->standardIcon(pixmap, nullptr, this).pixmap(QSize(size, size), devicePixelRatioF()));
+
+    auto *layout = new QGridLayout(this);
+    layout->setContentsMargins(18, 18, 18, 14);
+    layout->setHorizontalSpacing(16);
+    layout->setVerticalSpacing(18);
+    layout->addWidget(icon, 0, 0, Qt::AlignTop);
+    layout->addWidget(newTexts(alert), 0, 1);
+    layout->addWidget(newButtons(alert.buttons), 1, 0, 1, 2);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    // Only now: the button box gives both to another button while it is being filled.
+    if (m_defaultButton) {
+        m_defaultButton->setDefault(true);
+        m_defaultButton->setFocus();
+    }
+}
+
+QWidget *AlertDialog::newTexts(const Alert &alert)
+{
+    auto *texts = new QWidget;
+    auto *layout = new QVBoxLayout(texts);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(8);
+    QLabel *message = newTextLabel(alert.message);
+    QFont bold = message->font();
+    bold.setBold(true);
+    message->setFont(bold);
+    layout->addWidget(message);
+    if (!alert.informativeText.isEmpty())
+        layout->addWidget(newTextLabel(alert.informativeText));
+    layout->addStretch();
+    // What a screen reader says when the alert comes.
+    setAccessibleName(shownLine(alert.message));
+    setAccessibleDescription(shownLine(alert.informativeText));
+    return texts;
+}
+
+QWidget *AlertDialog::newButtons(const QStringList &titles)
+{
+    auto *box = new QDialogButtonBox;
+    for (qsizetype i = 0; i < titles.size(); ++i) {
+        const int code = Alert::FirstButtonReturn + int(i);
+        QPushButton *button = box->addButton(titleOfText(titles[i]), roleOfTitle(titles[i]));
+        connect(button, &QPushButton::clicked, this, [this, code] { done(code); });
+        if (i == 0)
+            m_defaultButton = button;
+    }
+    const qsizetype cancel = titles.indexOf(tr("Cancel"));
+    m_escapeCode =
+        Alert::FirstButtonReturn + int(cancel >= 0 ? cancel : std::max<qsizetype>(titles.size() - 1, 0));
+    return box;
+}
+
+int ModalAlerts::runModal(const Alert &alert)
+{
+    // Above the document's window: a sheet may be ended, and with it all that stands on it.
+    QWidget *window = QApplication::activeWindow();
+    while (qobject_cast<QDialog *>(window) && window->parentWidget())
+        window = window->parentWidget()->window();
+    const QPointer<AlertDialog> dialog = new AlertDialog(alert, window);
+    const int code = dialog->exec();
+    delete dialog.data(); // unless its window took it along
+    return code;
+}
