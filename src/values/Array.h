@@ -7,7 +7,7 @@
 namespace Foundation
 {
 
-// Mutable array of values, shared by reference. Nobody is told of a change: see Dictionary.
+// Mutable array of values, shared by reference. It has no change notifications: see Dictionary.
 class Array : public RefCounted
 {
 public:

@@ -3,8 +3,8 @@
 namespace Foundation
 {
 
-// A colour of the calibrated RGB space, components from 0 to 1 in double precision: a desktop's own colour
-// type keeps 16 bits a component and would change what a document stores.
+// A colour of the calibrated RGB space. The components are doubles from 0 to 1: QColor stores 16 bits for
+// each component, and reading and saving a document through it would change the stored numbers.
 struct Color
 {
     double red = 0;

@@ -43,7 +43,7 @@ void Dictionary::setValue(const Key &key, Value value)
         return;
     }
     if (index != Absent) {
-        // The former value may be the last owner of this dictionary: it goes at the very end.
+        // The former value may be the last owner of this dictionary, so it is destroyed last.
         m_entries[index].value.swap(value);
         stampChange();
         return;
@@ -76,7 +76,8 @@ std::size_t Dictionary::indexOf(const Key &key) const noexcept
 
 void Dictionary::remove(std::size_t index)
 {
-    // The value may own what is being read elsewhere: it goes only when the dictionary is in order again.
+    // Destroying the value may run code that reads this dictionary, so it happens after the entries are
+    // consistent again.
     const Entry removed = std::move(m_entries[index]);
     m_entries.erase(m_entries.begin() + std::ptrdiff_t(index));
     stampChange();

@@ -10,12 +10,13 @@
 namespace Foundation
 {
 
-// Mutable dictionary, shared by reference and kept in the order in which its keys were first set: the form of
-// contact records, categories, captions and of the file's root. Reading an absent key gives Null, storing
-// Null removes the key. Nobody is told of a change: edits of shown values go through controllers, which tell.
-// What is derived from a dictionary and kept compares stamps to find out whether it still holds.
+// Mutable dictionary, shared by reference, with its entries in the order in which their keys were first set.
+// Contact records, categories, captions and the root of a file are dictionaries. Reading an absent key gives
+// Null, storing Null removes the key. A dictionary sends no notifications: edits of values that are on the
+// screen go through an ArrayController, which does. Data derived from a dictionary compares change stamps to
+// find out whether it is up to date.
 //
-// Entries lie side by side; beyond `IndexThreshold` of them an index keeps look-ups constant.
+// Look-ups are linear up to `IndexThreshold` entries; a larger dictionary has an index. Main thread only.
 class Dictionary : public RefCounted
 {
 public:
@@ -27,18 +28,19 @@ public:
 
     static constexpr std::size_t IndexThreshold = 32;
 
-    // A null reference never comes back.
+    // Never returns a null reference.
     static Ref<Dictionary> create() { return makeRef<Dictionary>(); }
-    // Shallow: the copy shares the values.
+    // A shallow copy, which shares the values.
     Ref<Dictionary> copy() const;
 
     const Value &value(const Key &key) const noexcept;
     const Value &value(QStringView name) const { return value(Key(name)); }
-    // Null where a part of the dotted path is absent or no dictionary.
+    // Returns Null if a part of the dotted path is absent or is no dictionary.
     Value valueForKeyPath(QStringView path) const;
     void setValue(const Key &key, Value value);
     void setValue(QStringView name, Value value) { setValue(Key(name), std::move(value)); }
-    // For readers of whole dictionaries: `key` must be absent and `value` must not be Null.
+    // Adds an entry without looking for the key, for code that builds whole dictionaries. `key` must be
+    // absent and `value` must not be Null.
     void append(const Key &key, Value &&value);
     bool contains(const Key &key) const noexcept { return indexOf(key) != Absent; }
 
@@ -46,10 +48,11 @@ public:
     const std::vector<Entry> &entries() const noexcept { return m_entries; }
     void reserve(std::size_t count) { m_entries.reserve(count); }
 
-    // The number of the last change in this dictionary itself, counted over all dictionaries, so that no two
-    // changes bear the same one. 0 if it has never held anything.
+    // The number of the last change of this dictionary, or 0 if it has never had an entry. Changes are
+    // counted over all dictionaries, so that no two changes have the same number. A change inside a contained
+    // array or dictionary does not count.
     quint64 changeStamp() const noexcept { return m_changeStamp; }
-    // That of the last change anywhere: as long as it stands, no dictionary has changed.
+    // The number of the last change of any dictionary. While it stays equal, no dictionary has changed.
     static quint64 lastChangeStamp() noexcept { return s_lastChangeStamp; }
 
 private:
@@ -64,7 +67,7 @@ private:
     static inline quint64 s_lastChangeStamp = 0;
 
     std::vector<Entry> m_entries;
-    std::unique_ptr<Index> m_index; // only beyond the threshold
+    std::unique_ptr<Index> m_index; // null up to the threshold
     quint64 m_changeStamp = 0;
 };
 

@@ -5,14 +5,14 @@
 namespace Foundation
 {
 
-// What a field for text shows of a value, which a document by another hand may have made of any kind: texts
-// as they are, numbers in digits (true and false as 1 and 0), dates in the user's form and local time, the
-// entries of an array behind one another, at most a hundred and some thousand units. Nothing, as a null text,
-// of all else.
+// The text that a field shows for a value. Documents of other programs may have any type where a text is
+// usual. A text is returned as it is, a number in digits (true and false as 1 and 0), a date in the user's
+// format and local time, an array as its entries joined by commas, limited to 100 entries and some thousand
+// UTF-16 units. Returns a null text for all other types.
 QString displayText(const Value &value);
 
-// Whether a field shows the same of both: an absent text and an empty one look alike, and so do a number and
-// its digits.
+// Whether a field shows both values in the same way: an absent text looks like an empty one, and a number
+// looks like a text of its digits.
 bool isShownAlike(const Value &a, const Value &b);
 
 } // namespace Foundation

@@ -3,8 +3,8 @@
 namespace Foundation
 {
 
-// Sizes and frames in points. The origin of a frame is its lower left corner, and y grows upward: that is how
-// frames stand in document files. The window layer translates.
+// Positions, sizes and frames in points. The origin of a frame is its lower left corner, and y grows upward,
+// as in document files. The window layer converts them.
 struct Point
 {
     double x = 0;

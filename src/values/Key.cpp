@@ -5,7 +5,7 @@
 namespace Foundation
 {
 
-// The views point into the names' own texts, which never move.
+// The views point into the texts of the names, which never move in memory.
 struct Key::Table
 {
     QHash<QStringView, Name *> names;
@@ -13,7 +13,7 @@ struct Key::Table
 
 Key::Table &Key::table()
 {
-    // Never destroyed: keys that are constants of other files outlive it otherwise.
+    // The table is never destroyed, because global constant keys of other files may be destroyed later.
     static auto *table = new Table;
     return *table;
 }
@@ -27,7 +27,7 @@ Key::Key(QStringView name)
         ++m_name->references;
         return;
     }
-    // A null name is the empty name: a text made of it must not be a null text.
+    // A null name counts as the empty name, and name() must not return a null text.
     m_name = new Name{name.isNull() ? QStringLiteral("") : name.toString(), 1};
     names.insert(QStringView(m_name->text), m_name);
 }

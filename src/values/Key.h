@@ -7,13 +7,13 @@
 namespace Foundation
 {
 
-// Name of an entry of a Dictionary, interned: equal names are one object, so comparing keys compares
-// pointers. A name stays in the table while a key bears it, so that hostile files leave nothing behind. Main
-// thread only.
+// Name of an entry of a Dictionary. Names are interned: equal names are one object, so that comparing keys
+// compares pointers. A name leaves the table with its last key, so that the keys of a hostile file do not
+// stay in memory. Main thread only.
 class Key
 {
 public:
-    // An empty name is a name like any other; a null one is the empty one.
+    // An empty name is valid. A null name is the same as the empty one.
     explicit Key(QStringView name);
     Key(const Key &other) noexcept
         : m_name(other.m_name)
@@ -37,9 +37,9 @@ public:
 
     const QString &name() const noexcept { return m_name->text; }
     friend bool operator==(const Key &a, const Key &b) noexcept { return a.m_name == b.m_name; }
-    // No other key bears this name: what it costs is due to this one.
+    // True if this is the only key with its name, so that the memory of the name is due to this key.
     bool isOnly() const noexcept { return m_name->references == 1; }
-    // The same for equal keys, while they live; for tables.
+    // A hash value for tables: equal keys have the same one as long as one of them exists.
     const void *identity() const noexcept { return m_name; }
 
 private:

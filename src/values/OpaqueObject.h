@@ -8,8 +8,8 @@
 namespace Foundation
 {
 
-// What a value can carry though it is neither number, text nor collection. Of its kinds only the colour has a
-// form in archives.
+// An object that a value can carry and that is no number, text or collection. Only ColorObject can be
+// archived.
 class OpaqueObject : public RefCounted
 {
 public:
@@ -33,12 +33,12 @@ public:
     const Color color;
 };
 
-// A picture, as the window layer keeps it.
+// A picture. The window layer implements it.
 class ImageObject : public OpaqueObject
 {
 public:
     virtual bool isEmpty() const = 0;
-    // Null for an empty image.
+    // Returns a null array for an empty image.
     virtual QByteArray tiffRepresentation() const = 0;
 };
 

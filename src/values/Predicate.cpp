@@ -8,7 +8,7 @@ namespace Foundation
 namespace
 {
 
-// Without case and accents.
+// The text in lower case and without accents.
 QString folded(const QString &text)
 {
     QString plain = text.normalized(QString::NormalizationForm_D).toCaseFolded();

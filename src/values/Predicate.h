@@ -8,9 +8,9 @@
 namespace Foundation
 {
 
-// A condition on a dictionary, to be bound to: that the text under a key contains another one, whatever the
-// case and the accents of both, or that any or all of several conditions hold. A value; a default one holds
-// for everything.
+// A condition on a dictionary: either the text under a key contains another text (case and accents are
+// ignored), or any or all of several conditions hold. A default-constructed predicate holds for every
+// dictionary.
 class Predicate
 {
 public:
@@ -20,7 +20,7 @@ public:
     static Predicate allOf(const QList<Predicate> &conditions);
 
     bool evaluate(const Dictionary &object) const;
-    // As such conditions are written: key CONTAINS[cd] "text", joined by OR and AND in parentheses.
+    // The condition as text: key CONTAINS[cd] "text", joined by OR and AND in parentheses.
     QString predicateFormat() const;
 
     friend bool operator==(const Predicate &a, const Predicate &b)

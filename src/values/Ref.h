@@ -7,11 +7,13 @@
 namespace Foundation
 {
 
-// Base of everything that values share by reference: texts, data, arrays and dictionaries.
+// Base class of everything that values share by reference: texts, data, arrays, dictionaries and opaque
+// objects.
 //
-// The count is not atomic: shared values belong to one thread at a time, and all document work is done on
-// the main thread. `visitMark` is scratch room for a walk over a graph of objects (see VisitSet), so that
-// finding out whether an object was met before costs no hashing.
+// The count is not atomic: a shared value may be used by one thread only, and all document work runs on the
+// main thread. `visitMark` is for an algorithm that walks over a graph of objects: it stores the position of
+// the object in its own list of visited objects and must check that list, since the mark may be left from an
+// earlier walk.
 class RefCounted
 {
 public:
@@ -20,7 +22,7 @@ public:
     RefCounted &operator=(const RefCounted &) = delete;
 
     void retain() const noexcept { ++m_references; }
-    // True when the last reference has gone: the caller then destroys the object.
+    // Returns true if that was the last reference. The caller must then destroy the object.
     [[nodiscard]] bool release() const noexcept { return --m_references == 0; }
     bool hasSeveralOwners() const noexcept { return m_references > 1; }
 
@@ -67,7 +69,7 @@ public:
     T &operator*() const noexcept { return *m_object; }
     explicit operator bool() const noexcept { return m_object != nullptr; }
 
-    // Identity, never equality of content.
+    // Compares identity, never content.
     friend bool operator==(const Ref &a, const Ref &b) noexcept { return a.m_object == b.m_object; }
     friend bool operator==(const Ref &a, std::nullptr_t) noexcept { return a.m_object == nullptr; }
 

@@ -51,7 +51,8 @@ bool isBlank(char character)
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-// The ASCII characters at the beginning of a text, without leading blanks: all that a number can consist of.
+// The ASCII characters at the beginning of a text, without leading blanks. A number consists of ASCII
+// characters only.
 std::string numericPrefix(const TextView &text)
 {
     constexpr qsizetype Longest = 512;
@@ -153,7 +154,8 @@ Value Value::fromAscii(const char *text, qsizetype size)
 
 Value Value::fromUtf16(const char16_t *units, qsizetype size)
 {
-    // One text has one form, so that texts compare by their bytes: ASCII where it can be.
+    // Equal texts must be stored in the same form, since they are compared by their bytes. So every text that
+    // consists of ASCII characters is stored as ASCII.
     if (isAscii(units, size)) {
         const QByteArray ascii = QStringView(units, size).toLatin1();
         return fromAscii(ascii.constData(), ascii.size());
@@ -304,7 +306,8 @@ bool Value::boolValue() const
 {
     if (isNumber())
         return doubleValue() != 0.0;
-    // A text is true if it begins, behind blanks, a sign and zeros, with a digit or the y or t of a word.
+    // A text is true if, after blanks, a sign and zeros, the next character is another digit or one of y, Y,
+    // t and T.
     const std::string prefix = numericPrefix(text());
     std::size_t start = !prefix.empty() && (prefix[0] == '+' || prefix[0] == '-') ? 1 : 0;
     start = std::min(prefix.find_first_not_of('0', start), prefix.size());
@@ -317,7 +320,7 @@ double Value::numberInText() const
     const bool isNegative = prefix.starts_with('-');
     const char *start = prefix.data() + (isNegative || prefix.starts_with('+') ? 1 : 0);
     const char *end = prefix.data() + prefix.size();
-    // Words such as "inf" and "nan" are no numbers here, and one sign is enough.
+    // Words such as "inf" and "nan" and a second sign are not accepted as numbers.
     if (start == end || !(*start == '.' || (*start >= '0' && *start <= '9')))
         return 0;
     double number = 0;

@@ -16,8 +16,8 @@ class Dictionary;
 class ColorObject;
 class OpaqueObject;
 
-// A text as it is stored: ASCII characters, or UTF-16 units where a text has others. Exactly one pointer is
-// set (`ascii` for an empty text). Points into the value that gave it and lives no longer.
+// A view of a stored text: ASCII characters, or UTF-16 units if the text contains other characters. At most
+// one pointer is set. Valid only as long as the value that returned it.
 struct TextView
 {
     const char *ascii = nullptr;
@@ -25,7 +25,8 @@ struct TextView
     qsizetype size = 0; // in UTF-16 code units
 };
 
-// A text too long for a value: the characters follow the object in the same allocation.
+// A text that is too long to be stored inside a value. The characters follow the object in the same
+// allocation.
 class TextBox : public RefCounted
 {
 public:
@@ -52,21 +53,21 @@ private:
 
 // One dynamically typed value of a document: what a record, category or caption holds under a key.
 //
-// 16 bytes. Numbers, dates and short texts (to 14 ASCII characters or 7 UTF-16 units) lie in the value
-// itself; longer texts, data, arrays and dictionaries are shared by reference, so that copying never copies
-// content. A number keeps the kind that it was made or read with. Texts keep every UTF-16 unit, lone
-// surrogates and NULs included.
+// A value takes 16 bytes. Numbers, dates and short texts (up to 14 ASCII characters or 7 UTF-16 units) are
+// stored in the value itself; longer texts, data, arrays and dictionaries are shared by reference, so that
+// copying a value never copies content. A number keeps the type that it was made or read with. Texts keep
+// every UTF-16 unit, including lone surrogates and null characters.
 //
 // Reading never fails: a value of another type reads as the number 0, false, a null text or a null reference.
-// Number readings follow the platform's: narrowing keeps the low bits of a number, a real is cut toward zero
-// (and held at the ends of the range, NaN as 0), a text reads as the number that it begins with, held at the
-// ends of the range of 64 bits, or of 32 for intValue.
+// The number conversions are prescribed: narrowing keeps the low bits of an integer; a real is truncated
+// toward zero and limited to the range of the result, and NaN becomes 0; a text is read as the number at its
+// beginning, limited to 64 bits, or to 32 bits by intValue.
 class Value
 {
 public:
     enum class Type : quint8 {
-        Null,         // nothing: what an absent key reads as
-        ArchivedNull, // the null object of an archive, a value of its own kind
+        Null,         // no value: the result of reading an absent key
+        ArchivedNull, // the null object of an archive, which is a value of a type of its own
         Bool,
         Int32,
         Int64,
@@ -78,7 +79,7 @@ public:
         Data,
         Array,
         Dictionary,
-        Opaque, // a colour, as documents of old releases hold them, or an image on its way to a control
+        Opaque, // a colour object, as in documents of old releases, or an image for a control
     };
 
     Value() noexcept { setKind(Kind::Null); }
@@ -86,7 +87,7 @@ public:
     Value(qint32 value) noexcept { setScalar(Kind::Int32, value); }
     Value(qint64 value) noexcept { setScalar(Kind::Int64, value); }
     Value(long value) noexcept { setScalar(Kind::Int64, qint64(value)); }
-    // Becomes Int64 where the number fits, since no reader of the format can tell them apart below.
+    // Becomes Int64 if the number fits, because the file format does not distinguish the two.
     Value(quint64 value) noexcept;
     Value(unsigned long value) noexcept
         : Value(quint64(value))
@@ -94,14 +95,14 @@ public:
     }
     Value(float value) noexcept { setScalar(Kind::Real32, value); }
     Value(double value) noexcept { setScalar(Kind::Real64, value); }
-    // A null text gives Null, an empty one an empty text.
+    // A null text becomes Null, an empty text stays an empty text.
     Value(const QString &text);
-    // A null byte array gives Null, an empty one empty data.
+    // A null byte array becomes Null, an empty one becomes empty data.
     Value(const QByteArray &data);
     Value(const Ref<Array> &array);
     Value(const Ref<Dictionary> &dictionary);
     Value(const Ref<OpaqueObject> &object);
-    // Literals would otherwise become booleans.
+    // Without these, a literal would become a boolean.
     Value(const char *) = delete;
     Value(const void *) = delete;
 
@@ -154,7 +155,7 @@ public:
     quint64 unsignedLongValue() const;
     float floatValue() const { return float(doubleValue()); }
     double doubleValue() const;
-    // Seconds since 2001 of a date, 0 of anything else.
+    // Seconds since 2001-01-01 00:00:00 UTC, or 0 if this is no date.
     double dateValue() const noexcept { return kind() == Kind::Date ? load<double>() : 0.0; }
     // A null string unless this is a text.
     QString stringValue() const;
@@ -166,14 +167,15 @@ public:
     Ref<ColorObject> color() const noexcept;
     // Empty unless this is a text.
     TextView text() const noexcept;
-    // What the characters of a text or the bytes of data take; 0 of anything else.
+    // The memory that the characters of a text or the bytes of data take; 0 for other types.
     qsizetype contentBytes() const noexcept;
 
-    // Equal type and content; arrays and dictionaries by identity. Numbers compare only within their kind.
+    // Compares type and content. Numbers of different types are never equal; arrays and dictionaries are
+    // compared by identity.
     friend bool operator==(const Value &a, const Value &b) noexcept;
 
-    // For walks over graphs of values: the shared object behind a text, data, array or dictionary that does
-    // not lie in the value itself, otherwise null.
+    // The object to which this value refers: a long text, data, array, dictionary or opaque object. Null for
+    // a value that is stored in itself.
     const RefCounted *sharedObject() const noexcept { return isShared() ? shared() : nullptr; }
 
 private:
@@ -189,7 +191,7 @@ private:
         Date,
         InlineAscii,
         InlineUnits,
-        Text, // from here on: a RefCounted pointer
+        Text, // this and the following hold a RefCounted pointer
         Data,
         Array,
         Dictionary,
