@@ -10,7 +10,8 @@ namespace Foundation
 namespace
 {
 
-// These stand for objects that are not live, so that no reference to a live one is taken for them.
+// Placeholders for the archived array and its rows, which are no live objects. No graph contains these two,
+// so that no object of a graph can be mistaken for one of them.
 const Value &standInForArray()
 {
     static const Value standIn = Array::create();
@@ -62,7 +63,7 @@ ArchiveNumbering::ArchiveNumbering(const ArchivedRows &rows)
 
 void ArchiveNumbering::numberRows(const ArchivedRows &rows)
 {
-    std::vector<Uid> keys; // of the copy
+    std::vector<Uid> keys; // of the archived copy
     qsizetype omitted = Absent;
     qsizetype replaced = Absent;
     for (std::size_t row = 0; row < rows.rows.values.size(); ++row) {
@@ -100,7 +101,8 @@ void ArchiveNumbering::numberRows(const ArchivedRows &rows)
 ArchiveNumbering::Uid ArchiveNumbering::uidOf(const Value &value)
 {
     if (const RefCounted *object = value.sharedObject()) {
-        // The mark may be left from another walk: it holds only if the object stands where it says.
+        // The mark may be left from an earlier walk. It is valid only if the object is at that position of
+        // the list.
         const quint32 mark = object->visitMark;
         if (mark > 0 && mark < m_objects.size() && m_objects[mark]->sharedObject() == object)
             return mark;
@@ -206,7 +208,7 @@ void ArchiveNumbering::numberRest()
 void ArchiveNumbering::numberChildren(const Dictionary &dictionary, std::size_t place)
 {
     const auto &entries = dictionary.entries();
-    // Dictionaries mostly have the keys of the one before them.
+    // Most dictionaries have the same keys as the previous one.
     if (!m_lastKeysAreListed || !areSame(entries, m_lastKeys)) {
         m_lastKeys.clear();
         std::vector<Uid> keys;

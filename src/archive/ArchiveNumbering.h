@@ -17,11 +17,11 @@ namespace Foundation
 enum class ArchivedClass { MutableDictionary, MutableArray, Date, Color, Null };
 constexpr std::size_t ArchivedClassCount = 5;
 
-// The first pass over a graph that becomes a keyed archive: gives every object its UID, breadth first and
-// without recursion. An object that is shared gets one UID; so do the empty text, the null object, booleans
-// and small numbers. UID 0 is the archive's own null object.
+// The first pass over a graph of values that becomes a keyed archive: it gives every object its UID, breadth
+// first and without recursion. A shared object gets one UID, and so does each of the empty text, the null
+// object, the booleans and the small numbers. UID 0 is the archive's null object.
 //
-// The graph must stay as it is while the numbering lives, since it points into it.
+// The numbering points into the graph, so the graph must not change while the numbering exists.
 class ArchiveNumbering
 {
 public:
@@ -38,21 +38,23 @@ public:
     explicit ArchiveNumbering(const ArchivedRows &rows);
 
     Uid rootUid() const noexcept { return m_rootUid; }
-    // Objects by UID; the place of UID 0 is null. The class descriptions have the UIDs behind.
+    // `objects()[uid]` is the object with that UID; `objects()[0]` is a null pointer. UIDs from
+    // `objects().size()` on belong to class descriptions.
     const LargeVector<const Value *> &objects() const noexcept { return m_objects; }
     // In the order of their UIDs.
     const LargeVector<Container> &containers() const noexcept { return m_containers; }
-    // The keys of dictionaries; those of equal ones in a row are one list.
+    // The lists of the UIDs of keys. Consecutive dictionaries with equal keys share one list.
     const std::vector<std::vector<Uid>> &keyLists() const noexcept { return m_keyLists; }
-    // The UIDs of all that the containers hold, container after container.
+    // The UIDs of the contents of all containers, one container after the other.
     const LargeVector<Uid> &children() const noexcept { return m_children; }
-    // 0 for a class that the archive does not need.
+    // The UIDs of the class descriptions, by ArchivedClass; 0 for a class that the archive does not need.
     const std::array<Uid, ArchivedClassCount> &classUids() const noexcept { return m_classUids; }
     Uid uidCount() const noexcept { return m_uidCount; }
-    // Objects of the property list that lie inside archived ones: the lists of a dictionary, the number of a
-    // date, names and contents of the fields of a colour. Those of the class descriptions are not among them.
+    // The number of objects of the property list that are inside archived objects: the lists of a dictionary,
+    // the number of a date, names and contents of the fields of a colour. Those of class descriptions are not
+    // counted.
     quint64 innerObjectCount() const noexcept { return m_innerObjectCount; }
-    // Bytes of all texts, data and numbers, and of the references in dictionaries and arrays, about.
+    // An estimate in bytes: all texts, data and numbers, and the references in dictionaries and arrays.
     qsizetype contentSize() const noexcept { return m_contentSize; }
 
 private:
@@ -65,7 +67,7 @@ private:
     Uid append(const Value &value);
     void numberRows(const ArchivedRows &rows);
     void numberRest();
-    // `place` among the containers.
+    // `place` is the index of the container in containers().
     void numberChildren(const Dictionary &dictionary, std::size_t place);
     void numberChildren(const Array &array, std::size_t place);
     void setContainer(std::size_t place, std::size_t keyList, std::size_t count);
@@ -74,7 +76,7 @@ private:
 
     LargeVector<const Value *> m_objects;
     LargeVector<Container> m_containers;
-    std::vector<const Value *> m_unnumbered; // containers behind the rows, a queue
+    std::vector<const Value *> m_unnumbered; // queue of the containers that are not rows
     std::vector<std::vector<Uid>> m_keyLists;
     LargeVector<Uid> m_children;
     std::array<Uid, ArchivedClassCount> m_classUids = {};
@@ -87,10 +89,10 @@ private:
     Uid m_emptyText = 0;
     std::array<Uid, 2> m_booleans = {};
     std::array<Uid, SmallNumbers> m_smallNumbers = {};
-    std::deque<Value> m_keyTexts; // stays where it is while it grows
+    std::deque<Value> m_keyTexts; // a deque, since pointers into it stay valid while it grows
     std::unordered_map<Key, Uid> m_keyUids;
     std::vector<Key> m_lastKeys;      // of the dictionary numbered last
-    bool m_lastKeysAreListed = false; // as they are: those of a row differ from what is archived of it
+    bool m_lastKeysAreListed = false; // false for the keys of a row, which differ from the archived ones
 };
 
 } // namespace Foundation

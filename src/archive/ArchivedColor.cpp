@@ -11,7 +11,7 @@ namespace Foundation
 namespace
 {
 
-// Of the colour itself, without the opacity.
+// The number of components without the opacity.
 qsizetype componentCount(ArchivedColorSpace space)
 {
     switch (space) {
@@ -29,13 +29,13 @@ qsizetype componentCount(ArchivedColorSpace space)
     return -1;
 }
 
-// Empty unless all are numbers.
+// Returns an empty list unless all words are numbers.
 QList<double> numbersIn(const QByteArray &text)
 {
     QList<double> numbers;
     for (const QByteArray &word : text.simplified().split(' ')) {
         bool isNumber = false;
-        const double number = word.toDouble(&isNumber); // Never asks for a locale.
+        const double number = word.toDouble(&isNumber); // Does not depend on the locale.
         if (!isNumber || !std::isfinite(number))
             return {};
         numbers.append(std::clamp(number, 0.0, 1.0));

@@ -16,7 +16,7 @@ QByteArrayView asciiOf(const Object &object)
     return {reinterpret_cast<const char *>(object.payload), qsizetype(object.count)};
 }
 
-// The value of a bare dictionary under a name.
+// The value under a name in a dictionary of the property list.
 std::optional<Object> entry(const BinaryObjectTable &table, const Object &dictionary, QByteArrayView name)
 {
     if (dictionary.kind != Kind::Dictionary)
@@ -40,7 +40,7 @@ ReadableClass classNamed(QByteArrayView name)
                    {"NSMutableArray", ReadableClass::Array},
                    {"NSString", ReadableClass::String},
                    {"NSMutableString", ReadableClass::String},
-                   // Of a styled text, its characters.
+                   // The characters of a styled text.
                    {"NSAttributedString", ReadableClass::String},
                    {"NSMutableAttributedString", ReadableClass::String},
                    {"NSData", ReadableClass::Data},
@@ -144,7 +144,7 @@ ReadableClass ArchivedObjects::classOf(quint64 uid)
         return found;
     if (const auto name = entry(m_table, description, "$classname"))
         found = classNamed(asciiOf(*name));
-    // A subclass is read as the nearest class that is known.
+    // An object of an unknown class is read as its nearest known ancestor.
     const auto ancestors = entry(m_table, description, "$classes");
     if (found == ReadableClass::Unknown && ancestors && ancestors->kind == Kind::Array &&
         spendOn(*ancestors, ReadBudget::Reference)) {

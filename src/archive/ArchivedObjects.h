@@ -12,31 +12,31 @@ namespace Foundation
 // The classes of archived objects that can be read.
 enum class ReadableClass { Unknown, Dictionary, Array, String, Data, Date, Color, Null };
 
-// The objects of a keyed archive in binary form, by their UIDs: where each lies, its class and its fields.
-// What comes out are places in the bytes; nothing is made of them here. The table and the budget must outlive
-// it.
+// The objects of a keyed archive in binary form, by their UIDs: position, class and fields of each. The
+// results refer to the bytes; this class makes no values. The table and the budget must outlive it.
 class ArchivedObjects
 {
 public:
     using Object = BinaryObjectTable::Object;
     using Kind = BinaryObjectTable::Kind;
 
-    // The fields that the known classes have; of the kind Invalid if they are absent.
+    // The fields of the known classes. An absent field has the kind Invalid.
     struct Fields
     {
         std::optional<quint64> classUid;
         Object keys, objects, time, text, bytes, data, colorSpace, components, namedColor;
     };
 
-    // Nothing if the property list is no archive.
+    // Returns nothing if the property list is no archive.
     static std::optional<ArchivedObjects> open(const BinaryObjectTable &table, ReadBudget &budget);
 
     quint64 rootUid() const noexcept { return m_rootUid; }
     quint64 uidCount() const noexcept { return m_objects.count; }
-    // The number of an object of the archive in the property list. `uid` must be below uidCount().
+    // The index in the property list of the archived object `uid`, which must be below uidCount().
     quint64 indexOf(quint64 uid) const noexcept { return m_table.reference(m_objects.payload, uid); }
 
-    // The UID that an object is, or that reference `i` of a container leads to.
+    // The UID that an object of the kind Uid contains, or that reference `i` of a container refers to.
+    // Nothing for another kind, and for a UID that the archive does not have.
     std::optional<quint64> uidOf(const Object &object) const noexcept
     {
         if (object.kind != Kind::Uid || object.count > 8)
@@ -49,10 +49,11 @@ public:
         return uidOf(m_table.object(m_table.reference(container.payload, i)));
     }
 
-    // Nothing if the budget is spent or there is no class.
+    // Returns nothing if the budget is spent or the object has no class.
     std::optional<Fields> fieldsOf(const Object &dictionary);
     ReadableClass classOf(quint64 uid);
-    // To be asked before the references of an object are read.
+    // Charges the budget for reading the references of an object. Must be called before they are read; false
+    // if the budget is spent.
     bool spendOn(const Object &object, quint64 costOfEach)
     {
         return m_budget.spend(ReadBudget::Container + object.count * costOfEach);
@@ -87,7 +88,7 @@ private:
     quint64 m_rootUid = 0;
     ReadBudget &m_budget;
     std::unordered_map<quint64, ReadableClass> m_classes;
-    // Remembered by the number of the name: an archive has few names and many objects.
+    // A cache by the index of the name, because an archive has few names and many objects.
     struct
     {
         quint64 nameIndex = ~quint64(0);

@@ -7,7 +7,7 @@ namespace
 {
 
 constexpr qsizetype TrailerSize = 32;
-constexpr quint64 LargestCount = quint64(1) << 40; // far above every file, and safe to multiply
+constexpr quint64 LargestCount = quint64(1) << 40; // larger than any file, and small enough to be multiplied
 
 } // namespace
 
@@ -77,7 +77,7 @@ BinaryObjectTable::Object BinaryObjectTable::rareObject(uchar marker, const ucha
     default:
         break;
     }
-    // What is left is a long count: the low half says that an integer object with the count follows.
+    // All remaining objects have a long count, which follows as an integer object.
     if ((marker & 0x0F) != 0x0F || marker < 0x40 || room < 1 || at[0] < 0x10 || at[0] > 0x13)
         return {};
     const int size = 1 << (at[0] & 0x0F);

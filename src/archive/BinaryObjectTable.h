@@ -8,12 +8,12 @@
 namespace Foundation
 {
 
-// The numbered objects of a binary property list (public format, "bplist00"), as they lie in its bytes.
+// Reads the numbered objects of a binary property list (public format, "bplist00") from its bytes.
 //
-// A file is: the magic, the objects, a table of their offsets, and a trailer of 32 bytes that says how wide
-// offsets and references are, how many objects there are, which is the top one, and where the table stands.
-// Everything read here comes from outside and is checked before it is used; nothing is copied and nothing is
-// reserved. The bytes must outlive the table.
+// A file consists of the magic, the objects, a table of their offsets, and a trailer of 32 bytes with the
+// sizes of offsets and references, the number of objects, the index of the top object and the offset of the
+// table. All input may be hostile and is checked before it is used. Nothing is copied and no memory is
+// allocated. The bytes must outlive the table.
 class BinaryObjectTable
 {
 public:
@@ -33,9 +33,9 @@ public:
         Dictionary
     };
 
-    // `count`: bytes of a number, data or ASCII text, units of a UTF-16 text, references of an array, pairs
-    // of a dictionary (whose payload is all key references, then all value references). The payload lies
-    // whole inside the objects' part of the file.
+    // `count` is the number of bytes of a number, data or ASCII text, of units of a UTF-16 text, of
+    // references of an array, or of pairs of a dictionary, whose payload is all references to keys and then
+    // all references to values. The whole payload is inside the part of the file that contains the objects.
     struct Object
     {
         Kind kind = Kind::Invalid;
@@ -46,16 +46,17 @@ public:
     static constexpr QByteArrayView Magic = "bplist00";
 
     static bool looksLikeOne(QByteArrayView bytes) { return bytes.startsWith(Magic.first(7)); }
-    // Whether a file of that size may be one by its first and its last bytes, before the rest is read.
+    // Whether a file of that size can be a binary property list, judged by its first and last bytes. For use
+    // before the rest is read.
     static bool mayBeOne(QByteArrayView head, QByteArrayView tail, qint64 size);
-    // Nothing if the trailer is damaged or lies.
+    // Returns nothing if the trailer is damaged or contradicts the size of the file.
     static std::optional<BinaryObjectTable> open(QByteArrayView bytes);
 
     quint64 objectCount() const noexcept { return m_objectCount; }
     quint64 topObject() const noexcept { return m_topObject; }
     int referenceSize() const noexcept { return m_referenceSize; }
 
-    // Kind Invalid if there is no such object, it is cut off or of an unknown sort.
+    // Returns the kind Invalid if the object does not exist, is cut off or has an unknown type.
     Object object(quint64 index) const noexcept
     {
         if (index >= m_objectCount)
@@ -65,21 +66,21 @@ public:
             return {};
         const uchar *at = m_bytes + offset;
         const uchar marker = *at++;
-        // The texts and containers with a short count, which is nearly everything.
+        // Nearly all objects are texts and containers with a short count.
         const quint64 count = marker & 0x0F;
         if (count < 0x0F && marker >= 0x40)
             return checked(marker >> 4, count, at);
         return rareObject(marker, at);
     }
 
-    // Reference `i` of an array's or dictionary's payload.
+    // Reference `i` in the payload of an array or dictionary, which must have more than `i` references.
     quint64 reference(const uchar *payload, quint64 i) const noexcept
     {
         return number(payload + i * quint64(m_referenceSize), m_referenceSize);
     }
 
-    // Big-endian number of 1 to 8 bytes. Reads 8 bytes from `at` on, which the trailer makes safe everywhere
-    // before it.
+    // A big-endian number of 1 to 8 bytes. Always reads 8 bytes from `at` on, which is safe before the
+    // trailer, because the trailer has 32 bytes.
     static quint64 number(const uchar *at, int size) noexcept
     {
         return qFromBigEndian<quint64>(at) >> (64 - 8 * size);
@@ -87,7 +88,7 @@ public:
 
 private:
     BinaryObjectTable() = default;
-    // False if it is damaged or lies.
+    // False if the trailer is damaged or contradicts the size of the file.
     bool readTrailer(const uchar *trailer, quint64 bytesBefore);
 
     Object checked(int sort, quint64 count, const uchar *payload) const noexcept;

@@ -20,7 +20,8 @@ BinaryObjectWriter::BinaryObjectWriter(quint64 objectCount, qsizetype sizeEstima
     , m_referenceSize(bytesFor(objectCount))
 {
     const qsizetype wanted = BinaryObjectTable::Magic.size() + sizeEstimate;
-    // Growing it moves pages instead of copying. What is far too large would be kept for good.
+    // Growing a large array moves pages instead of copying. Memory that is far too large is not reused,
+    // because it would be kept for the life of the document.
     const bool isUseful = memory.isDetached() && memory.capacity() / 2 <= wanted;
     m_bytes = isUseful ? std::move(memory) : uninitializedBytes(wanted);
     m_bytes.resize(std::max(wanted, m_bytes.size()));
@@ -58,7 +59,7 @@ void BinaryObjectWriter::writeUnsigned(quint64 index, quint64 value)
         writeInteger(index, qint64(value));
         return;
     }
-    // Eight bytes would read as a negative number.
+    // In eight bytes it would be read as a negative number.
     begin(index, 16);
     putByte(0x14);
     putNumber(0, 8);

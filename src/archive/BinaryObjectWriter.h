@@ -12,18 +12,19 @@
 namespace Foundation
 {
 
-// Writes the numbered objects of a binary property list (public format, "bplist00"), the counterpart of
-// BinaryObjectTable. The number of objects is fixed at the start, since it decides the width of references;
-// the objects may come in any order, but each exactly once.
+// Writes the numbered objects of a binary property list (public format, "bplist00"); the counterpart of
+// BinaryObjectTable. The number of objects must be known at the start, because it determines the size of
+// references. The objects may be written in any order, but each exactly once.
 class BinaryObjectWriter
 {
 public:
-    // `sizeEstimate`: bytes to set aside for the objects; a good one saves copying. `memory`: an array whose
-    // memory may be used, whatever it holds, which costs less than new one.
+    // `sizeEstimate` is the number of bytes to reserve for the objects; a good estimate avoids copying.
+    // `memory` is an array whose content is no longer needed and whose memory is reused, which costs less
+    // than fresh memory.
     BinaryObjectWriter(quint64 objectCount, qsizetype sizeEstimate, QByteArray memory = {});
 
     void writeBool(quint64 index, bool value);
-    // In as few bytes as hold it, as the format demands: 1, 2, 4 or 8.
+    // Integers are written in the smallest sufficient size of 1, 2, 4 and 8 bytes, as the format requires.
     void writeInteger(quint64 index, qint64 value);
     void writeUnsigned(quint64 index, quint64 value);
     void writeReal32(quint64 index, float value);
@@ -40,31 +41,31 @@ public:
     void writeAscii(quint64 index, QByteArrayView text) { writeAscii(index, text.data(), text.size()); }
     void writeUnits(quint64 index, const char16_t *units, qsizetype size);
     void writeUid(quint64 index, quint64 uid);
-    // `count` objects from `firstIndex` on: the UIDs from 0 on. At most one such run.
+    // Writes `count` objects from `firstIndex` on, which are the UIDs from 0 on. May be called once.
     void writeUidRun(quint64 firstIndex, quint64 count);
-    // Followed by `count` references.
+    // Must be followed by `count` calls of writeReference().
     void beginArray(quint64 index, quint64 count)
     {
         begin(index, qsizetype(count) * m_referenceSize);
         putHead(0xA0, count);
     }
-    // Followed by `count` references to keys and then as many to values.
+    // Must be followed by `count` references to keys and then `count` references to values.
     void beginDictionary(quint64 index, quint64 count)
     {
         begin(index, 2 * qsizetype(count) * m_referenceSize);
         putHead(0xD0, count);
     }
     void writeReference(quint64 index) { putNumber(index, m_referenceSize); }
-    // An object of the same bytes as a former one, `size` in number.
+    // Writes an object with the same `size` bytes as an object written before.
     void writeAgain(quint64 index, quint64 formerIndex, qsizetype size);
-    // How many bytes the objects take so far.
+    // The number of bytes written so far.
     qsizetype size() const { return m_at - reinterpret_cast<const uchar *>(m_bytes.constData()); }
 
-    // The whole file. The writer is spent afterwards.
+    // Returns the whole file. The writer must not be used after that.
     QByteArray finish(quint64 topObject);
 
 private:
-    // Marker, marker of the count, count; and what putNumber() writes beyond a number.
+    // The marker, the marker of the count, the count, and the bytes that putNumber() writes after a number.
     static constexpr qsizetype LongestHead = 10 + 8;
 
     static int bytesFor(quint64 number) { return number == 0 ? 1 : (71 - std::countl_zero(number)) / 8; }
@@ -92,12 +93,12 @@ private:
     void putByte(uchar byte) { *m_at++ = byte; }
     void putNumber(quint64 number, int size)
     {
-        // One store of eight bytes, of which those behind the number are overwritten next: begin() leaves
-        // space.
+        // Stores eight bytes at once; the bytes after the number are overwritten by the next call. begin()
+        // leaves space for them.
         qToBigEndian<quint64>(number << (64 - 8 * size), m_at);
         m_at += size;
     }
-    // By `wanted` bytes or more.
+    // Makes space for `wanted` more bytes.
     void grow(qsizetype wanted);
     void putOffsets(quint64 from, quint64 to, int offsetSize);
     void setOffset(quint64 index, quint64 offset)
@@ -116,7 +117,8 @@ private:
     QByteArray m_bytes;
     uchar *m_at;
     uchar *m_limit;
-    // By number; nothing for the run of UIDs. The high parts are hardly ever touched.
+    // Offsets by the index of the object; unused for the run of UIDs. The high parts are used only for files
+    // above 4 GiB.
     LargeArray<quint32> m_offsets;
     LargeArray<quint8> m_highOffsets;
     bool m_hasHighOffsets = false;

@@ -35,12 +35,12 @@ Value unitsValue(const uchar *payload, qsizetype size)
     return Value(units);
 }
 
-// Nothing beyond 64 bits.
+// Returns nothing for an integer of more than 64 bits.
 std::optional<Value> integerValue(const Object &object)
 {
     if (object.count == 8)
         return Value(qFromBigEndian<qint64>(object.payload));
-    if (object.count < 8) // The short ones have no sign.
+    if (object.count < 8) // Integers of fewer than 8 bytes are unsigned.
         return Value(qint64(BinaryObjectTable::number(object.payload, int(object.count))));
     const auto high = qFromBigEndian<quint64>(object.payload);
     const auto low = qFromBigEndian<quint64>(object.payload + 8);
@@ -90,7 +90,7 @@ std::optional<Value::Type> scalarType(const Object &object)
         return Value::Type::String;
     case Kind::Data:
         return Value::Type::Data;
-    default: // Making the others costs nothing.
+    default: // The other types are cheap to make.
         const auto value = scalarValue(object);
         return value ? std::optional(value->type()) : std::nullopt;
     }

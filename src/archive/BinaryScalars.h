@@ -9,13 +9,14 @@
 namespace Foundation
 {
 
-// The value of an object that holds no references: boolean, number, date, text or data. Nothing for any other
-// object, and for a text object of ASCII kind with bytes beyond ASCII or an integer beyond 64 bits.
+// The value of an object without references: boolean, number, date, text or data. Returns nothing for any
+// other object, for an ASCII text with bytes outside ASCII, and for an integer of more than 64 bits.
 std::optional<Value> scalarValue(const BinaryObjectTable::Object &object);
-// The type of that value; nothing where there would be none.
+// The type of that value, without making it; nothing where scalarValue() returns nothing.
 std::optional<Value::Type> scalarType(const BinaryObjectTable::Object &object);
 
-// What making that value costs, for a ReadBudget. Numbers and short texts leave nothing behind.
+// The cost of making that value in a ReadBudget. Numbers and short texts are free, because they take no
+// memory besides the value itself.
 inline quint64 scalarCost(const BinaryObjectTable::Object &object) noexcept
 {
     using Kind = BinaryObjectTable::Kind;

@@ -11,50 +11,50 @@
 namespace Foundation
 {
 
-// The platform's public keyed archive format (archiver name "NSKeyedArchiver", version 100000): a property
-// list whose objects refer to each other by UID. The container of document files and of everything enciphered
-// in them.
+// The public keyed archive format (archiver name "NSKeyedArchiver", version 100000): a property list whose
+// objects refer to each other by UID. Document files and the enciphered parts in them are such archives.
 //
-// Reading takes binary and XML lists; classes NSDictionary, NSArray, NSString, NSData (each also mutable),
-// NSDate, NSNull, NSColor and their subclasses, and numbers, booleans, texts and data that stand bare.
-// Writing gives a binary list with the mutable dictionary and array classes, as a document's content is
-// mutable.
+// Reading accepts binary and XML property lists with the classes NSDictionary, NSArray, NSString, NSData
+// (each also mutable), NSDate, NSNull, NSColor and their subclasses, and numbers, booleans, texts and data
+// without a class. Writing makes a binary property list with the mutable dictionary and array classes,
+// because the content of a document is mutable.
 //
-// Every value comes back with its type, every real with its width (integers as 64-bit ones, since the format
-// tells no other apart), every text with its UTF-16 units. Objects that are shared stay shared and are
-// written once. Only object 0 is the null object: a text "$null" is a text.
+// A value that is written and read keeps its type, a real its width and a text its UTF-16 units; all integers
+// are read as 64-bit integers, since the format does not distinguish others. Shared objects are written once
+// and stay shared. Only object 0 is the null object: a text "$null" is a text.
 
-// The root object; Null if the archive's root is the null object. Nothing if the bytes are no archive, are
-// damaged or cut off, hold an object of another class, an object that contains itself, nesting deeper than
-// 512, or containers whose sharing expands beyond use (see ObjectMemo). Time and memory are bounded by the
-// size of `bytes`, whatever they hold (see ReadBudget).
+// Returns the root object, or Null if the root is the null object. Returns nothing if the bytes are no
+// archive or are damaged or cut off, or if they contain an object of another class, an object that contains
+// itself, nesting deeper than 512, or shared containers that expand too much (see ObjectMemo). Time and
+// memory are bounded by the size of `bytes` (see ReadBudget).
 std::optional<Value> unarchivedRoot(const QByteArray &bytes);
-// For many small archives of one origin: they share a budget, where each would have one that is ample for its
-// size. Nothing also once that is spent.
+// Charges a given budget. For many small archives of one file, since a budget of its own would allow each of
+// them much more than its size. Returns nothing also when the budget is spent.
 std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget);
 
-// Whether a file of that size may be an archive, by its first and its last bytes: what is left of a file that
-// is none need not be read. `tail` has 32 bytes or more.
+// Whether a file of that size can be an archive, judged by its first and last bytes, so that the rest of a
+// file that is none need not be read. `tail` must have at least 32 bytes.
 bool mayBeArchive(QByteArrayView head, QByteArrayView tail, qint64 size);
 
-// Whether unarchivedRoot would read a binary archive, by the same rules and within the same budget, in a
-// fraction of the time and memory, since nothing is made of it.
+// Whether unarchivedRoot() would read this binary archive, by the same rules and with the same budget. Makes
+// no values, and so takes a fraction of the time and memory.
 bool canBeUnarchived(const QByteArray &binaryArchive);
 
-// `root` may be Null. The graph below it must not contain itself.
+// `root` may be Null. No object may contain itself.
 QByteArray archivedData(const Value &root);
 
-// An array of dictionaries as it is to be archived: of each a copy that lacks an entry and has a value of its
-// own in another. The copies are never made.
+// An array of dictionaries that is archived with changes: each dictionary is archived as a copy without the
+// entry `omitted` and with another value in the entry `replaced`. The copies are never made.
 struct ArchivedRows
 {
-    const Array &rows; // of dictionaries only
+    const Array &rows; // must contain dictionaries only
     Key omitted;
-    // Which entry has the values below, in its place or at the end; not looked at if there are none.
+    // The entry that gets the replacement; it keeps its position, or is added at the end. Unused if there are
+    // no replacements.
     Key replaced;
-    std::vector<Value> replacements; // one for each row
+    std::vector<Value> replacements; // one for each row, or empty
 };
-// `memory`: bytes that are no longer needed and not shared, in whose place the archive may come.
+// `memory` is an unshared array whose content is no longer needed; its memory may be reused for the archive.
 QByteArray archivedData(const ArchivedRows &rows, QByteArray memory = {});
 
 } // namespace Foundation

@@ -14,7 +14,8 @@ namespace
 
 using Uid = ArchiveNumbering::Uid;
 
-// The property list around the archived objects: these come first, under fixed numbers.
+// The objects of the property list that surround the archived objects. They come first and have fixed
+// indexes.
 enum FixedObject : quint64 {
     TopDictionary,
     VersionName,
@@ -45,7 +46,7 @@ constexpr struct
     {KeysField, "NS.keys"},         {ObjectsField, "NS.objects"}, {TimeField, "NS.time"},
     {ClassNameField, "$classname"}, {ClassField, "$class"},       {ClassesField, "$classes"}};
 
-// Each class with its ancestors, itself first.
+// Each class, followed by its ancestors.
 struct Lineage
 {
     QByteArrayView names[3];
@@ -57,9 +58,9 @@ constexpr Lineage lineages[ArchivedClassCount] = {{{"NSMutableDictionary", "NSDi
                                                   {{"NSColor", "NSObject"}, 2},
                                                   {{"NSNull", "NSObject"}, 2}};
 
-// The second pass: writes the numbered objects. Object `uid` of the archive is object FixedObjectCount + uid
-// of the property list; the UID objects that refer to them follow behind, one for each; last come the objects
-// that lie inside archived ones, such as the arrays of a dictionary.
+// The second pass: writes the numbered objects. Object `uid` of the archive has the index FixedObjectCount +
+// uid in the property list. After these come the UID objects that refer to them, one for each, and at the end
+// the objects inside archived objects, such as the arrays of a dictionary.
 class ArchiveWriter
 {
 public:
@@ -98,15 +99,16 @@ private:
         quint64 count = m_numbering.innerObjectCount();
         for (std::size_t i = 0; i < ArchivedClassCount; ++i) {
             if (m_numbering.classUids()[i] != 0)
-                count += 1 + lineages[i].count; // the list and the names on it
+                count += 1 + lineages[i].count; // the list and the names in it
         }
         return count;
     }
 
-    // A little too much rather than too little: what is left over is never touched.
+    // Reserves slightly too much rather than too little: memory that is never touched costs nothing.
     qsizetype sizeEstimate() const
     {
-        constexpr qsizetype PerUid = 4 + 5 + 2 * 4; // on the list of objects, to refer to it, and two offsets
+        constexpr qsizetype PerUid =
+            4 + 5 + 2 * 4; // its entry in the list of objects, its UID object, and two offsets
         constexpr qsizetype PerInnerObject = 4;
         constexpr qsizetype Frame = 1024;
         return m_numbering.contentSize() + qsizetype(m_numbering.uidCount()) * PerUid +
@@ -162,8 +164,8 @@ private:
         case Value::Type::Opaque:
             if (value.color())
                 return writeColor(number, value.color()->color);
-            [[fallthrough]];    // Others have no archived form.
-        case Value::Type::Null: // Never numbered: it is UID 0.
+            [[fallthrough]];    // Other opaque objects cannot be archived.
+        case Value::Type::Null: // Never has a number of its own: it is UID 0.
         case Value::Type::ArchivedNull:
             m_writer.beginDictionary(number, 1);
             return writeReferences({ClassField, classReferrer(ArchivedClass::Null)});
@@ -186,7 +188,7 @@ private:
         m_writer.writeReal64(time, secondsSince2001);
     }
 
-    // Rare enough for field names of its own.
+    // Colours are rare, so their field names are written each time.
     void writeColor(quint64 number, const Color &color)
     {
         const quint64 names = m_nextInner;
@@ -211,7 +213,7 @@ private:
         writeChildren(values, container.count);
     }
 
-    // Records mostly have the keys of the record before them.
+    // Most records have the same keys as the previous record.
     void writeKeys(quint64 number, quint32 keyList)
     {
         if (m_lastKeys != 0 && keyList == m_lastKeyList) {
@@ -261,7 +263,7 @@ private:
     quint64 m_nextInner;
     const ArchiveNumbering::Container *m_nextContainer;
     const Uid *m_nextChild;
-    quint64 m_lastKeys = 0; // the number of their array; 0 before the first
+    quint64 m_lastKeys = 0; // the index of the array of the last keys; 0 before the first
     quint32 m_lastKeyList = 0;
     qsizetype m_sizeOfLastKeys = 0;
     BinaryObjectWriter m_writer;

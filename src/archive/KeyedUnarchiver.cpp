@@ -24,7 +24,7 @@ namespace
 using Kind = BinaryObjectTable::Kind;
 using Object = BinaryObjectTable::Object;
 
-// Makes the values.
+// The builder that makes values.
 struct Building
 {
     using Content = Value;
@@ -37,7 +37,8 @@ struct Building
     static Content date(double secondsSince2001) { return Value::date(secondsSince2001); }
     static Content color(const Color &color) { return Ref<OpaqueObject>(new ColorObject(color)); }
     static Content text(const QString &text) { return Value(text); }
-    // A scalar that may have been met before. Small ones are made anew as quickly as they are found.
+    // A scalar that may have been read before. Small ones are made again, which is as fast as looking them
+    // up.
     template <class MakeNew>
     static std::optional<Content> remembered(ObjectMemo<Content> &memo, quint64 slot, const Object &,
                                              MakeNew makeNew)
@@ -88,14 +89,14 @@ struct Building
     }
 };
 
-// Makes nothing: what a value would be is all that the rules ask for.
+// The builder that only checks: it keeps what the rules need to know of a value, and makes none.
 struct Checking
 {
     struct Content
     {
         Value::Type type;
         const uchar *bytes = nullptr; // of data
-        quint64 size = 0;             // of data, and of a text in units
+        quint64 size = 0;             // bytes of data, or UTF-16 units of a text
     };
     struct Name
     {
@@ -124,7 +125,7 @@ struct Checking
                                              MakeNew makeNew)
     {
         memo.count();
-        // A long text is looked through once.
+        // A long text is checked once.
         if (memo.isMarkedScalar(slot))
             return ofType(object.kind == Kind::Data ? Value::Type::Data : Value::Type::String, object);
         const auto made = makeNew();
@@ -150,8 +151,8 @@ struct Checking
     static bool areDistinct(const std::vector<Name> &) { return true; }
 };
 
-// Reads one archive by rules that are the same whether anything is made of it or not. Every step answers
-// nothing as soon as something is wrong, which ends the whole reading.
+// Reads one archive, by the same rules for both builders. Every step returns nothing as soon as it finds an
+// error, and this ends the reading.
 template <class Maker>
 class Unarchiver
 {
@@ -172,7 +173,7 @@ public:
         return table.objectCount() + objects.uidCount();
     }
 
-    // The object of a number in the archive.
+    // The archived object with that UID.
     std::optional<Content> value(quint64 uid)
     {
         if (uid == 0) {
@@ -184,7 +185,8 @@ public:
         const bool isContainer = object.kind == Kind::Dictionary;
         if (object.kind == Kind::Invalid)
             return std::nullopt;
-        // Equal texts may stand in the list once and are shared; of dictionaries each UID has its own.
+        // The property list may contain equal texts once, so texts are shared by their index; each UID of a
+        // dictionary is a dictionary of its own.
         return isContainer ? container(object, m_table.objectCount() + uid)
                            : Maker::remembered(m_memo, index, object, [&] { return scalar(object); });
     }
@@ -201,7 +203,7 @@ private:
         return m_budget.spend(scalarCost(object)) ? Maker::scalar(object) : std::nullopt;
     }
 
-    // Never a part of value(), which is called for every text and needs but few registers for one.
+    // Must not be inlined into value(), which is called for every text and then needs few registers.
     Q_NEVER_INLINE std::optional<Content> container(const Object &object, quint64 slot)
     {
         if (const Content *known = m_memo.find(slot))
@@ -246,7 +248,7 @@ private:
         if (keys.kind != Kind::Array || objects.kind != Kind::Array || keys.count != objects.count ||
             !m_objects.spendOn(objects, costOfEntry(objects.count)) || !readNames(keys))
             return std::nullopt;
-        // Reading the values may read other dictionaries, which have names of their own.
+        // Kept here because reading the values may read other dictionaries, which change m_names.
         const std::shared_ptr<const NameList> list = m_names;
         auto result = Maker::dictionary(keys.count);
         for (quint64 i = 0; i < objects.count; ++i) {
@@ -265,7 +267,7 @@ private:
                (count > Dictionary::IndexThreshold ? ReadBudget::IndexedEntry : 0);
     }
 
-    // Sets m_names. Records mostly have the keys of the record before them, reference for reference.
+    // Sets m_names. Most records have the same references to keys as the previous record.
     bool readNames(const Object &keys)
     {
         const std::size_t bytes = keys.count * quint64(m_table.referenceSize());
@@ -289,7 +291,7 @@ private:
         return true;
     }
 
-    // Null if the object is no text, or the budget is spent.
+    // Returns null if the object is no text or the budget is spent.
     const Name *nameOf(quint64 uid)
     {
         const auto known = m_namesByUid.find(uid);
@@ -317,7 +319,7 @@ private:
         return Content(result);
     }
 
-    // A field's content, which stands there itself or is referred to.
+    // The content of a field, which is either stored directly or referred to by UID.
     std::optional<Content> bare(const Object &field, Value::Type type)
     {
         const auto uid = m_objects.uidOf(field);
@@ -362,11 +364,10 @@ private:
 
     const BinaryObjectTable &m_table;
     ArchivedObjects m_objects;
-    ObjectMemo<Content>
-        m_memo; // texts under their object numbers, archived objects under their UIDs after those
+    ObjectMemo<Content> m_memo; // texts by their object index, then archived objects by their UID
     ReadBudget &m_budget;
     std::unordered_map<quint64, Name> m_namesByUid;
-    std::shared_ptr<const NameList> m_names; // of the dictionary read last
+    std::shared_ptr<const NameList> m_names; // the keys of the last dictionary
     const uchar *m_nameReferences = nullptr;
 };
 
@@ -395,14 +396,14 @@ std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget)
 {
     if (BinaryObjectTable::looksLikeOne(bytes))
         return rootOf<Building>(bytes, budget, Value());
-    // XML archives come from other programs and are rare: they take the same road in binary form.
+    // XML archives come from other programs and are rare, so they are converted to the binary form first.
     if (!budget.spend(quint64(bytes.size())))
         return std::nullopt;
     auto list = readXmlPropertyList(bytes);
     if (!list)
         return std::nullopt;
     const QByteArray binary = writeBinaryPropertyList(*list);
-    list.reset(); // So that it need not stay beside what is read from it.
+    list.reset(); // Frees its memory before the archive is read.
     return rootOf<Building>(binary, budget, Value());
 }
 
@@ -410,7 +411,7 @@ bool mayBeArchive(QByteArrayView head, QByteArrayView tail, qint64 size)
 {
     if (head.startsWith("bplist"))
         return BinaryObjectTable::mayBeOne(head, tail, size);
-    // XML in any encoding: marks, the null bytes of wide characters and blanks may come before the first tag.
+    // XML in any encoding may begin with a byte-order mark, the null bytes of wide characters, and blanks.
     constexpr QByteArrayView BeforeFirstTag("\xFE\xFF\xEF\xBB\xBF\0 \t\r\n", 10);
     const auto first =
         std::find_if(head.begin(), head.end(), [&](char byte) { return !BeforeFirstTag.contains(byte); });

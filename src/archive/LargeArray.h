@@ -10,20 +10,20 @@
 namespace Foundation
 {
 
-// Tells the system that `size` bytes at `memory`, not used so far, will all be used: it may then give them in
-// large pages, which saves most of the time that fresh memory costs. A hint; nothing else depends on it.
+// Tells the system that all `size` bytes at `memory`, which is unused so far, will be used. The system may
+// then provide large pages, which saves most of the cost of fresh memory. This is only a hint.
 void adviseLargePages(void *memory, std::size_t size) noexcept;
 
-// Bytes with undefined content. The caller must write all of them.
+// Returns an array with undefined content. The caller must write all bytes.
 QByteArray uninitializedBytes(qsizetype size);
 
 namespace Private
 {
-// Memory full of zeros, to be freed. Null only for no elements.
+// Returns zeroed memory, which must be released with free(). Null only for 0 elements.
 void *zeroedMemory(std::size_t count, std::size_t size);
 } // namespace Private
 
-// A fixed number of plain elements, all zero at first. Costs nothing where it is never touched.
+// A fixed number of trivial elements, all zero at first. Parts that are never accessed take no memory.
 template <class T>
 class LargeArray
 {
@@ -46,7 +46,7 @@ private:
     std::unique_ptr<T, Free> m_elements;
 };
 
-// For vectors that may become large: their memory comes in large pages where the system has them.
+// An allocator for vectors that may become large: it asks the system for large pages.
 template <class T>
 struct LargePageAllocator
 {

@@ -9,27 +9,26 @@
 namespace Foundation
 {
 
-// What a reader of a binary property list remembers of the objects already read, and what it refuses. The
-// reader gives each object a slot, a number below the count of slots. `Content` is what the reader makes of
-// an object.
+// Remembers the objects that a reader of a binary property list has read, and decides what the reader must
+// refuse. The reader assigns each object a slot, a number below `slotCount`. `Content` is what the reader
+// makes of an object.
 //
-// Shared objects are made once and stay shared. Refused are objects that contain themselves, nesting beyond
-// any use, also where it comes together from objects that were read apart, and containers whose sharing would
-// expand without bound (a list of two references to a list of two references and so on): destroying what was
-// read recurses, and a walk over it would never end.
+// Shared objects are made once and stay shared. A reader must refuse objects that contain themselves, nesting
+// deeper than DeepestNesting (also when it results from objects that were read separately), and shared
+// containers that expand without bound (a list of two references to a list of two references and so on). The
+// reasons: destroying a value recurses, and code that walks over the values would never end.
 //
-// Texts and other scalars may be shared by any number of containers, and so may what the entries of a list
-// of dictionaries hold: a document whose records are copies of each other, or were all given one text, is
-// honest. The limit is the same for every file, so that a file which became shorter is never refused for what
-// the longer one held.
+// Scalars may be shared by any number of containers, and so may the values of records, which are the entries
+// of a list of dictionaries: records that are copies of each other are legitimate. The limit does not depend
+// on the size of the file. Otherwise a document could be refused after an edit that only made it smaller.
 template <class Content>
 class ObjectMemo
 {
 public:
     static constexpr int DeepestNesting = 512;
-    // What containers that are met again may expand to, in values.
+    // How many values the repeated references to containers may expand to.
     static constexpr quint64 MostRepeatedValues = 1'000'000;
-    // Where the values of a record stand: below a list and the record itself.
+    // The depth of the values of a record: inside the list and the record.
     static constexpr int DepthOfRecordValues = 2;
 
     explicit ObjectMemo(quint64 slotCount)
@@ -37,7 +36,8 @@ public:
     {
     }
 
-    // What was remembered, or null. To be followed by isWithinBounds(), as what it expands to counts again.
+    // Returns the content of the slot, or null if none is remembered. A reference to a container is charged
+    // again, so the caller must then check isWithinBounds().
     const Content *find(quint64 slot) noexcept
     {
         const quint32 place = m_slots[slot];
@@ -56,9 +56,10 @@ public:
                m_depth + m_heights[std::size_t(m_depth)] <= DeepestNesting;
     }
 
-    // Counts a value that is read for the first time. Gives what close() asks for.
+    // Counts a value that is read for the first time. Returns the argument `valuesBefore` of close().
     quint64 count() noexcept { return m_values++; }
-    // Around the reading of a container. False: it is being read already, or nested too deep.
+    // open() and close() enclose the reading of a container. open() returns false if the container is being
+    // read already or is nested too deep.
     [[nodiscard]] bool open(quint64 slot) noexcept
     {
         if (m_slots[slot] == Open || m_depth >= DeepestNesting)
@@ -67,7 +68,7 @@ public:
         m_heights[std::size_t(++m_depth)] = 0;
         return true;
     }
-    // `valuesBefore`: what count() gave.
+    // `valuesBefore` is the result of count() for this container.
     void close(quint64 slot, const Content &content, quint64 valuesBefore)
     {
         const int height = m_heights[std::size_t(m_depth--)] + 1;
@@ -75,7 +76,7 @@ public:
         remember(slot, {content, m_values - valuesBefore, height});
     }
     void rememberScalar(quint64 slot, const Content &content) { remember(slot, {content, 1, 0}); }
-    // For a reader that needs no more than to know that a scalar was met.
+    // For a reader that only needs to know that a scalar was read.
     void markScalar(quint64 slot) noexcept { m_slots[slot] = MetScalar; }
     bool isMarkedScalar(quint64 slot) const noexcept { return m_slots[slot] == MetScalar; }
 
@@ -83,10 +84,10 @@ private:
     struct Made
     {
         Content content;
-        quint64 values; // that it expands to, itself included
-        int height;     // levels of containers, itself included
+        quint64 values; // number of values that it expands to, including itself
+        int height;     // levels of containers, including itself
     };
-    static constexpr quint32 Open = 1; // 0 is a slot of which nothing is known.
+    static constexpr quint32 Open = 1; // 0 means that nothing is known of the slot.
     static constexpr quint32 MetScalar = 2;
     static constexpr quint32 FirstMade = 3;
 
@@ -103,11 +104,11 @@ private:
 
     LargeArray<quint32> m_slots;
     LargeVector<Made> m_made;
-    quint64 m_values = 0; // met so far, expanded
+    quint64 m_values = 0; // number of values read so far, expanded
     quint64 m_repeatedValues = 0;
     int m_depth = 0;
-    std::array<int, DeepestNesting + 1> m_heights =
-        {}; // by depth: the tallest content so far of what is open there
+    // By depth: the greatest height so far of the content of the container that is open there.
+    std::array<int, DeepestNesting + 1> m_heights = {};
 };
 
 } // namespace Foundation

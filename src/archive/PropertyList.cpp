@@ -29,7 +29,7 @@ Value uidValue(quint64 uid)
     return dictionary;
 }
 
-// The number of a dictionary that stands for a UID.
+// The number in a dictionary that represents a UID.
 std::optional<quint64> uidIn(const Dictionary &dictionary)
 {
     if (dictionary.count() != 1 || dictionary.entries().front().key.name() != uidEntryName)
@@ -118,7 +118,7 @@ private:
         return Value(result);
     }
 
-    // Null if the object is no text, or the budget is spent.
+    // Returns null if the object is no text or the budget is spent.
     const Key *keyOf(quint64 index)
     {
         const auto known = m_keys.find(index);
@@ -134,12 +134,12 @@ private:
     const BinaryObjectTable &m_table;
     ObjectMemo<Value> m_memo;
     ReadBudget m_budget;
-    std::unordered_map<quint64, Key> m_keys; // by the number of their text
+    std::unordered_map<quint64, Key> m_keys; // by the index of their text
 };
 
-// Gives every object a number, breadth first, and writes them in that order. Scalars that share their
-// content, containers met again and keys are written once: a reader counts what it meets, and must not meet
-// more than there was in the list that this one was read from.
+// Gives every object an index, breadth first, and writes the objects in that order. Scalars with shared
+// content, shared containers and keys are written once. Otherwise a reader, which charges every object, could
+// refuse a list that is the converted form of a list that it accepts.
 class BinaryWriter
 {
 public:
@@ -243,7 +243,7 @@ private:
 
     std::vector<const Value *> m_objects;
     std::vector<quint64> m_children;
-    std::deque<Value> m_names; // stays where it is while it grows
+    std::deque<Value> m_names; // a deque, since pointers into it stay valid while it grows
     std::unordered_map<Key, quint64> m_keyNumbers;
 };
 

@@ -7,25 +7,25 @@
 namespace Foundation
 {
 
-// What a reader of a property list may take, measured by the size of the file, so that a small hostile file
-// cannot ask for much: by naming the same bytes over and over, or by objects that cost far more than they
-// weigh.
+// Limits the memory and time of a reader of a property list by the size of the file. Without it, a small
+// hostile file could need much memory by referring to the same bytes many times, or by objects that take much
+// more memory than bytes of the file.
 //
-// Counted are bytes of memory, about as many as what is read will occupy; reading that leaves nothing behind
-// is counted as if it did, which bounds the time as well. A small file may cost many times its size, as
-// references of one byte honestly do; a large one may not, as its references are wide. So no file takes more
-// than a GiB beyond its own size, until it is so large (some 150 MB) that honest contents do.
+// The unit is about one byte of memory of the result. Reading without a result is charged in the same way,
+// which bounds the time. A small file may cost many times its size, because its references have one byte; a
+// large file has wide references and may not. So no file takes more than 1 GiB beyond its own size, unless it
+// has more than about 150 MB, when legitimate content takes more.
 class ReadBudget
 {
 public:
-    // Of one read reference, and of the value in a list that it becomes.
+    // One reference, and the value in a list that it becomes.
     static constexpr quint64 Reference = 16;
-    static constexpr quint64 Slot = 4; // of what a reader remembers of each object
+    static constexpr quint64 Slot = 4; // what a reader remembers of each object
     static constexpr quint64 DictionaryEntry = 24;
-    static constexpr quint64 IndexedEntry = 48; // comes on top beyond the threshold of dictionaries
-    static constexpr quint64 KeyName = 220;     // with the tables that hold it; its text comes on top
+    static constexpr quint64 IndexedEntry = 48; // added to DictionaryEntry beyond Dictionary::IndexThreshold
+    static constexpr quint64 KeyName = 220;     // including its entries in tables; its text is added
     static constexpr quint64 Container = 160;
-    static constexpr quint64 SharedScalar = 96; // its text or data comes on top
+    static constexpr quint64 SharedScalar = 96; // the bytes of its text or data are added
 
     explicit ReadBudget(quint64 byteCount)
         : m_left(
@@ -33,7 +33,8 @@ public:
     {
     }
 
-    // To be asked before the cost arises. False when the budget does not reach.
+    // Must be called before the cost arises. Returns false if the budget does not suffice; the budget is then
+    // spent.
     [[nodiscard]] bool spend(quint64 cost) noexcept
     {
         const bool isEnough = cost <= m_left;

@@ -8,10 +8,10 @@ namespace Foundation
 namespace
 {
 
-// The document type of property lists is the longest tag by far, at a hundred.
+// The longest tag that property lists need is the document type, with about 100 bytes.
 constexpr qsizetype LongestTag = 1024;
 
-// Behind the tag or document type that begins at `at`, or -1.
+// The position after the tag or document type that begins at `at`, or -1.
 qsizetype endOfTag(QByteArrayView xml, qsizetype at)
 {
     char quote = '\0';
@@ -24,13 +24,13 @@ qsizetype endOfTag(QByteArrayView xml, qsizetype at)
             quote = character;
         else if (character == '>')
             return i + 1;
-        else if (character == '[') // Here begin the declarations of a document type.
+        else if (character == '[') // Declarations of a document type begin here.
             return -1;
     }
     return -1;
 }
 
-// Behind the markup that begins at `at`, or -1.
+// The position after the markup that begins at `at`, or -1.
 qsizetype endOfMarkup(QByteArrayView xml, qsizetype at)
 {
     static constexpr struct

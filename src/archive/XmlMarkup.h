@@ -5,13 +5,14 @@
 namespace Foundation
 {
 
-// Whether an XML text has no markup beyond what property lists need: tags short enough that they cannot hold
-// many attributes, and a document type without declarations of its own. The parser compares every attribute
-// of a tag, given or declared, with every other, so that a few megabytes of them would keep it busy for
-// hours, and entities of the text's own could expand without end.
+// Whether an XML text uses only the markup that property lists need: tags that are too short for many
+// attributes, and a document type without declarations. The parser compares every attribute of a tag with
+// every other, so that a few megabytes of attributes would block it for hours; and declared entities could
+// expand without end.
 //
-// `xml` is in an encoding in which ASCII characters are single bytes that stand for nothing else. Only what
-// the parser would read before it finds a mistake of grammar is judged rightly. Linear in the size.
+// In the encoding of `xml`, ASCII characters must be single bytes, and these bytes must have no other
+// meaning. The result is reliable only up to the first grammatical error, where the parser stops. Takes
+// linear time.
 bool isPlainXml(QByteArrayView xml);
 
 } // namespace Foundation

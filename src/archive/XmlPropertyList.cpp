@@ -53,7 +53,7 @@ std::optional<Value> dateIn(const QString &text)
     QDateTime date = QDateTime::fromString(text.trimmed(), Qt::ISODate);
     if (!date.isValid())
         return std::nullopt;
-    // The XML form holds whole seconds of UTC, whatever the zone of this machine.
+    // The XML form has whole seconds of UTC, independent of the local time zone.
     if (date.timeSpec() == Qt::LocalTime)
         date.setTimeSpec(Qt::UTC);
     const qint64 seconds = (date.toMSecsSinceEpoch() - MillisecondsTo2001) / 1000;
@@ -77,8 +77,7 @@ std::optional<Value> dataIn(const QString &text)
     return Value(decoded.decoded.isNull() ? QByteArray("") : decoded.decoded);
 }
 
-// The list's own document type is not fetched, so that an entity that nobody declared would vanish in
-// silence.
+// The DTD is not loaded, so the parser would silently drop an undeclared entity.
 class UndeclaredEntities : public QXmlStreamEntityResolver
 {
 public:
@@ -91,15 +90,16 @@ public:
     bool wereMet = false;
 };
 
-// Reads the elements one after the other; the containers that are open stand on a stack of its own.
+// Reads the elements one after the other. Open containers are on an explicit stack, so that nesting needs no
+// recursion.
 class XmlReader
 {
 public:
-    // Bytes in an encoding of which ASCII is a part.
+    // The bytes of the list, in an encoding that contains ASCII.
     explicit XmlReader(const QByteArray &bytes)
         : m_budget(quint64(bytes.size()))
     {
-        // Through a device the text is decoded piece by piece.
+        // A device makes the parser decode the text in pieces.
         m_device.setData(bytes);
         m_device.open(QIODevice::ReadOnly);
         m_xml.setDevice(&m_device);
@@ -144,7 +144,7 @@ public:
     }
 
 private:
-    // Of the bytes behind the declaration. Others could hide markup from isPlainXml().
+    // Whether isPlainXml() can judge a text in the encoding that the XML declaration names.
     static bool isKnownEncoding(QStringView name)
     {
         static constexpr QStringView known[] = {u"", u"UTF-8", u"US-ASCII", u"ISO-8859-1"};
@@ -156,10 +156,10 @@ private:
     {
         Ref<Dictionary> dictionary; // null for an array
         Ref<Array> array;
-        QString key; // that waits for its value, or null
+        QString key; // a key without its value yet, or null
     };
 
-    // Each value of a list, and what becomes of it on its way into another form.
+    // The cost of one element, including its conversion into the binary form.
     static constexpr quint64 Element = 4 * ReadBudget::Reference;
 
     bool readElement()
