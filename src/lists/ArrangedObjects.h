@@ -8,9 +8,9 @@
 namespace Foundation
 {
 
-// Some of the objects of a list in an order of their own, as a list that can be read. Holds places and no
-// references: arranging a hundred thousand objects anew touches none of them. Valid as long as both lists
-// are.
+// A read-only view of some objects of a list in another order. It consists of positions and not of
+// references, so that rearranging 100,000 objects changes no reference count. Valid as long as both lists
+// exist and are unchanged.
 class ArrangedObjects
 {
 public:

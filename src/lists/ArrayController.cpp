@@ -80,7 +80,7 @@ void ArrayController::setSortDescriptors(std::vector<SortDescriptor> descriptors
 
 const std::shared_ptr<const ArrayController::Objects> &ArrayController::updatedContentObjects()
 {
-    // Compared without touching the objects themselves: a list is arranged far more often than it changes.
+    // Compares pointers only, since a list is arranged far more often than it changes.
     const Objects &former = *m_contentObjects;
     std::size_t matching = 0;
     bool isSame = true;
@@ -139,7 +139,7 @@ void ArrayController::rearrangeObjects()
 
 void ArrayController::arrange()
 {
-    // An object that has gone from the content lives as long as it is shown.
+    // An object that was removed from the content must stay alive as long as it is shown.
     const std::shared_ptr<const Objects> objects = updatedContentObjects();
     m_arranged = arrangedPositions(*objects);
     m_arrangedFrom = objects;
@@ -170,7 +170,7 @@ void ArrayController::selectAgain(const Objects &former, std::size_t fallbackInd
 std::vector<std::size_t> ArrayController::positionsOf(const Objects &objects) const
 {
     std::vector<std::size_t> positions;
-    if (objects.size() == 1) { // Nearly always so, and a plain look along the list is fastest.
+    if (objects.size() == 1) { // The usual case, in which a linear search is fastest.
         if (const qsizetype index = arrangedIndexOf(objects.front()); index >= 0)
             positions.push_back(std::size_t(index));
         return positions;
@@ -197,7 +197,7 @@ void ArrayController::addObject(const Object &object)
     const std::size_t place = firstSelectedPosition();
     m_content->values.emplace_back(object);
     showAtItsPlace(object);
-    // A filter may hide the new object: then the selection stays as it was.
+    // A filter may hide the new object; then the selection does not change.
     if (const qsizetype index = arrangedIndexOf(object); index >= 0)
         select({std::size_t(index)}, place, false);
     else
@@ -211,7 +211,7 @@ void ArrayController::showAtItsPlace(const Object &object)
     auto place = std::find(fresh.begin(), fresh.end(), object);
     if (place == fresh.end())
         return;
-    // After the next object before it that is shown now.
+    // The position after the closest preceding object that is shown now.
     qsizetype index = 0;
     while (index == 0 && place != fresh.begin())
         index = arrangedIndexOf(*--place) + 1;
@@ -285,7 +285,7 @@ void ArrayController::setValueForSelection(const Key &key, const Value &value)
     for (const std::size_t index : m_selection)
         arrangedObjects()[index]->setValue(key, value);
     m_selectionValues.takeCommonValue(key, value, formerChangeStamp);
-    noteChanges(std::vector(m_selection)); // A view may change the selection meanwhile.
+    noteChanges(std::vector(m_selection)); // A copy, since a view may change the selection meanwhile.
 }
 
 void ArrayController::setValues(const Key &key, const std::vector<std::pair<Object, Value>> &values)

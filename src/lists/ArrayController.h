@@ -13,12 +13,13 @@
 namespace Foundation
 {
 
-// List of dictionaries as a window shows it: the content, which the controller shares with its owner,
-// arranged (filtered and sorted), and the selection in it.
+// A list of dictionaries as a window shows it: the content, which the controller shares with its owner, the
+// arrangement (which objects are shown, and in which order), and the selection.
 //
-// What is added gets selected; the selection stays with its objects over a rearrangement; as long as there
-// are objects, it is not left empty. Edits of a shown value go through setValue here, so that every view
-// hears of them. Subclasses narrow the list in arrangedPositions. Main thread only.
+// An added object gets selected. A rearrangement keeps the same objects selected; if none of them is shown
+// any more, another object is selected, if there is one. Edits of values that are on the screen must go
+// through the setters of this class, because dictionaries send no notifications. Subclasses filter the list
+// in arrangedPositions(). Main thread only.
 class ArrayController : public QObject
 {
     Q_OBJECT
@@ -33,110 +34,114 @@ public:
 
     explicit ArrayController(QObject *parent = nullptr);
 
-    // Shares the array. Entries that are no dictionaries are passed over in showing and never touched.
+    // Shares the array. Entries that are no dictionaries are not shown and not changed.
     void setContent(const Ref<Array> &content);
-    // Takes an array that was read anew and holds a new object at each place: the selection stays at its
-    // places.
+    // Replaces the content by an array that was read again and has a new object at each position. The same
+    // positions stay selected.
     void replaceContent(const Ref<Array> &content);
     const Ref<Array> &content() const { return m_content; }
 
-    // Until the list is arranged anew.
+    // The shown objects. Valid until the list is rearranged.
     ArrangedObjects arrangedObjects() const { return {*m_arrangedFrom, m_arranged}; }
-    // Positions in arrangedObjects, ascending.
+    // Positions in arrangedObjects(), in ascending order.
     const std::vector<std::size_t> &selectionIndexes() const { return m_selection; }
     // The first selected position, -1 without a selection.
     qsizetype selectionIndex() const;
-    // Tells selections apart: the number changes whenever other objects are selected, and stays the same
-    // while the same objects stay selected, wherever the list shows them.
+    // A number that changes whenever other objects are selected, and stays the same while the same objects
+    // are selected, even if their positions change.
     quint64 selectionStamp() const { return m_selectionStamp; }
     Objects selectedObjects() const;
-    // True while something is selected.
+    // True if at least one object is selected.
     bool canRemove() const { return !m_selection.empty(); }
     bool selectsOneObject() const { return m_selection.size() == 1; }
     bool holdsOneObject() const { return m_arranged.size() == 1; }
-    // -1 if the object is not shown.
+    // The position of an object in arrangedObjects(), or -1 if it is not shown.
     qsizetype arrangedIndexOf(const Object &object) const;
-    // Where these are shown, ascending; those that are not are left out.
+    // The positions of those objects that are shown, in ascending order.
     std::vector<std::size_t> positionsOf(const Objects &objects) const;
 
     void setSelectionIndex(qsizetype index);
-    // Positions beyond the end are left out.
+    // Ignores positions beyond the end.
     void setSelectionIndexes(std::vector<std::size_t> indexes);
 
     const std::vector<SortDescriptor> &sortDescriptors() const { return m_sortOrder.descriptors(); }
     void setSortDescriptors(std::vector<SortDescriptor> descriptors);
 
-    // The objects to show out of `objects`, in the order of the sort descriptors: of those that
-    // arrangedPositions() lets through.
+    // Those of `objects` that arrangedPositions() lets through, in the order of the sort descriptors. Changes
+    // nothing. Prescribed; no caller yet.
     Objects arrangeObjects(const Objects &objects);
     void rearrangeObjects();
 
-    // A new object, not yet in the content. Null if none can be made.
+    // Makes an object that is not yet in the content. Null if none can be made.
     virtual Object newObject();
-    // Appends to the content and selects. The object takes its place in the list by the sort order, if the
-    // filters let it through. Nothing else in the list moves, comes or goes.
+    // Appends the object to the content. If the filters let it through, it is shown at its position in the
+    // sort order and selected. The rest of the list is not rearranged.
     void addObject(const Object &object);
-    // Inserts into the content in front of the object that is shown at `index`, or at the end, rearranges and
-    // selects.
+    // Inserts the object into the content before the object that is shown at `arrangedIndex`, or at the end
+    // if there is none, rearranges the list and selects the object.
     void insertObject(const Object &object, qsizetype arrangedIndex);
-    // Removes the object from content and list, whether it is shown or not, without rearranging.
+    // Removes the object from the content, and from the list if it is shown. The rest of the list is not
+    // rearranged.
     virtual void removeObject(const Object &object);
-    // Removes the selected objects, without rearranging.
+    // Removes the selected objects. The rest of the list is not rearranged.
     void removeSelectedObjects();
 
-    // The dictionaries of the content, in its order.
+    // The dictionaries of the content, in the order of the content.
     const Objects &contentObjects() { return *updatedContentObjects(); }
 
     using Likeness = Foundation::Likeness;
-    // The value under a key path of the selected objects: of the first if all of them agree, by the likeness
-    // given or exactly, otherwise nothing with *isMixed set. Null without a selection.
+    // The value of the selected objects under a key path: that of the first object if all values are alike
+    // (by default: equal), otherwise Null, and *isMixed is set to true. Null without a selection. `isMixed`
+    // may be null.
     Value valueForSelection(QStringView keyPath, bool *isMixed = nullptr, Likeness alike = nullptr) const;
-    // Sets a value of every selected object and tells the views.
+    // Sets the value in every selected object and notifies the views.
     void setValueForSelection(const Key &key, const Value &value);
-    // The same for what the user put into a control.
+    // The same for a value that the user entered in a control.
     virtual void takeInputForSelection(const Key &key, const Value &value)
     {
         setValueForSelection(key, value);
     }
-    // Sets each object's value and tells the views of those that are shown.
+    // Sets a value in each of these objects and notifies the views of the shown ones.
     void setValues(const Key &key, const std::vector<std::pair<Object, Value>> &values);
-    // Nothing ever waits to be taken over: fields write at every keystroke.
+    // Always true: fields write at every keystroke, so there is never a pending edit. Prescribed; no caller
+    // yet.
     bool commitEditing() const { return true; }
-    // Tells the views that something in the object has changed.
+    // Notifies the views that the object has changed.
     void noteChange(const Object &object);
 
 Q_SIGNALS:
-    // The arranged list is another one; the selection may be.
+    // The list of shown objects has changed, and perhaps the selection.
     void arrangedObjectsChanged();
     void selectionChanged();
-    // Values in the objects at these arranged positions, ascending, have changed. Once for all objects that
-    // one edit changes.
+    // The objects at these positions, in ascending order, have changed. Sent once for all objects that one
+    // edit changes.
     void objectsChanged(const std::vector<std::size_t> &arrangedIndexes);
 
 protected:
     using Positions = SortOrder::Positions;
 
-    // The places of the objects to show, in the order in which they are shown. Here: of all of them.
+    // The positions in `objects` of the objects to show, in the order to show. This implementation shows all.
     virtual Positions arrangedPositions(const Objects &objects);
-    // Puts ascending places in the order of the sort descriptors.
+    // Sorts ascending positions by the sort descriptors.
     Positions sorted(const Objects &objects, Positions positions);
     static Objects objectsAt(const Objects &objects, const Positions &positions);
 
 private:
     void arrange();
-    // Selects these positions of a new arrangement, or, if there are none, what stands at the fallback, and
-    // tells the views.
+    // Selects these positions of a new arrangement, or the fallback position if there are none, and notifies
+    // the views.
     void select(std::vector<std::size_t> positions, std::size_t fallbackIndex, bool isSameSelection);
-    // The same for what is left of the former selection.
+    // The same for the objects of the former selection that are still shown.
     void selectAgain(const Objects &former, std::size_t fallbackIndex);
     std::size_t firstSelectedPosition() const { return m_selection.empty() ? 0 : m_selection.front(); }
-    // Into the list as it stands, `m_arrangedFrom` included.
+    // Adds an object to the present arrangement and to `m_arrangedFrom`.
     void showAtItsPlace(const Object &object);
     const std::shared_ptr<const Objects> &updatedContentObjects();
     void noteChanges(const std::vector<std::size_t> &arrangedIndexes);
 
     Ref<Array> m_content = Array::create();
-    // Of the content as it stood when it was looked at last, and when it was arranged last: the same, mostly.
+    // The objects of the content at the last look and at the last arrangement. Usually they are the same
+    // list.
     std::shared_ptr<const Objects> m_contentObjects = std::make_shared<Objects>();
     std::shared_ptr<const Objects> m_arrangedFrom = m_contentObjects;
     Positions m_arranged;

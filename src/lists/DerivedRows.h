@@ -8,13 +8,13 @@
 namespace Foundation
 {
 
-// What was worked out of each dictionary of a list, one row for each, kept in step with the list and with
-// every change in the dictionaries themselves. What a row takes from further dictionaries is its owner's
-// business.
+// Data derived from the dictionaries of a list: one row for each dictionary, kept up to date with the list
+// and with changes of the dictionaries. If a row depends on other dictionaries too, the owner must take care
+// of their changes.
 //
-// Bringing it in step costs next to nothing as long as no dictionary has changed anywhere, one look at each
-// of the list after a change, and otherwise the work on the rows concerned. Holds no references: objects are
-// looked at only while they stand in the list given.
+// An update compares the list by pointers; after a change of any dictionary it also compares the stamp of
+// each dictionary of the list; and it makes only the rows that changed. No references are kept: objects are
+// used only while they are in the given list.
 template <class Row>
 class DerivedRows
 {
@@ -23,12 +23,12 @@ public:
 
     enum class Outcome {
         Unchanged,
-        RowsChanged,   // by changes in the objects, or by objects that came or went
-        ListReordered, // objects that stayed stand in another order
+        RowsChanged,   // objects changed, were added or were removed
+        ListReordered, // objects that stayed have another order
     };
 
-    // Calls `make(object, row)` for each object that is new, with a fresh row, or has changed, with its
-    // former row, and `drop(row)` for the rows of those that have gone.
+    // Calls `make(object, row)` for each new object, with a default-constructed row, and for each changed
+    // object, with its former row. Calls `drop(row)` for the row of each removed object.
     template <class Make, class Drop>
     Outcome update(const Objects &objects, Make make, Drop drop)
     {
@@ -49,7 +49,7 @@ public:
         return outcome;
     }
 
-    // In the order of the list given last.
+    // The rows, in the order of the last list.
     const std::vector<Row> &rows() const { return m_rows; }
     std::vector<Row> &rows() { return m_rows; }
 
@@ -60,7 +60,7 @@ public:
     }
 
 private:
-    // No change bears this number, so that a row under it is made at the next look.
+    // No change has this number, so that a row with it is made at the next update.
     static constexpr quint64 NeverMade = quint64(-1);
 
     struct Origin
@@ -83,7 +83,7 @@ private:
     template <class Drop>
     Outcome takeOver(const Objects &objects, Drop drop)
     {
-        std::size_t kept = 0; // Most lists differ in one place: what stands before it stays where it is.
+        std::size_t kept = 0; // Most lists differ at one position; the rows before it are kept.
         while (kept < objects.size() && kept < m_origins.size() &&
                m_origins[kept].object == objects[kept].get())
             ++kept;

@@ -23,7 +23,7 @@ void replaceObjects(const Array &former, const Array &present, const std::vector
         const Ref<Dictionary> successor = present.at(i).dictionary();
         if (!successor)
             continue;
-        // Not by equal_range, whose result the clang of the fuzz targets does not compile.
+        // Without equal_range, since the clang of the fuzz targets cannot compile code with its result.
         const RefCounted *const object = former.at(i).sharedObject();
         for (auto entry = std::ranges::lower_bound(wanted, object, {}, &Wanted::object);
              entry != wanted.end() && entry->object == object; ++entry)

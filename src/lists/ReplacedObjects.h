@@ -6,10 +6,10 @@
 namespace Foundation
 {
 
-// A list that is read anew holds new objects in place of the former ones. Puts in place of each of `objects`
-// that stands in `former` the one that stands at the same place of `present`; an object that is not there
-// stays. Nothing happens unless both lists are equally long. Walks the lists once if there are objects at
-// all.
+// After a list was read again, it has new objects in place of the former ones. Replaces each of `objects`
+// that is in `former` by the object at the same position of `present`; other objects are not changed. Does
+// nothing unless both lists have the same length. Takes one pass over the lists, or none if `objects` is
+// empty.
 void replaceObjects(const Array &former, const Array &present, const std::vector<Ref<Dictionary> *> &objects);
 
 } // namespace Foundation

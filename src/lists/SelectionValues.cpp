@@ -27,7 +27,7 @@ const Value &SelectionValues::Path::valueIn(const Dictionary &object)
     }
     const Value *value = &entries[m_lastPlace].value;
     for (auto key = m_keys.begin() + 1; key != m_keys.end(); ++key) {
-        // Kept alive by the value that it was read from.
+        // The dictionary is kept alive by the value that it was read from.
         const Ref<Dictionary> next = value->dictionary();
         if (!next)
             return absent;
@@ -39,7 +39,7 @@ const Value &SelectionValues::Path::valueIn(const Dictionary &object)
 void SelectionValues::takeCommonValue(const Key &key, const Value &value, quint64 formerChangeStamp)
 {
     if (m_changeStamp != formerChangeStamp)
-        return; // What is known is out of date already.
+        return; // The stored answers are out of date already.
     m_changeStamp = Dictionary::lastChangeStamp();
     const QString nested = key.name() + u'.';
     std::erase_if(m_known, [&](const Known &known) { return known.keyPath.startsWith(nested); });

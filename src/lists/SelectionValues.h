@@ -7,25 +7,27 @@
 namespace Foundation
 {
 
-// Whether two values count as one.
+// Whether two values count as equal.
 using Likeness = bool (*)(const Value &a, const Value &b);
 
-// What the selected objects of a list have under a key path: one value if they agree. For each key
-// path it looks at each object at most once, however many controls ask, and stops at the first that differs.
+// The common values of the selected objects of a list, by key path. For each key path, each object is
+// examined at most once until something changes, however many controls ask; the search stops at the first
+// difference.
 class SelectionValues
 {
 public:
     struct Outcome
     {
-        Value value; // of the first object if all agree, otherwise null
+        Value value; // that of the first object if all agree, otherwise Null
         bool isMixed = false;
     };
 
-    // Others are selected.
+    // Must be called when other objects are selected.
     void clear() { m_known.clear(); }
-    // All selected objects got this value, and nothing else has changed since the stamp given.
+    // All selected objects got this value, and nothing else has changed since `formerChangeStamp`. Keeps the
+    // answers for other keys.
     void takeCommonValue(const Key &key, const Value &value, quint64 formerChangeStamp);
-    // Of `count` objects, at least one, `objectAt(i)` being each of them.
+    // The common value of `count` objects. `objectAt(i)` returns each of them; `count` must be at least 1.
     template <class ObjectAt>
     Outcome outcome(QStringView keyPath, Likeness alike, std::size_t count, ObjectAt objectAt)
     {
@@ -60,16 +62,16 @@ private:
     {
     public:
         explicit Path(QStringView keyPath);
-        // Valid as long as the object does not change.
+        // The result is valid as long as the object does not change.
         const Value &valueIn(const Dictionary &object);
 
     private:
         std::vector<Key> m_keys;
-        std::size_t m_lastPlace = 0; // Objects of one list mostly have their entries in the same order.
+        std::size_t m_lastPlace = 0; // Most objects of a list have their entries in the same order.
     };
 
     std::vector<Known> m_known;
-    quint64 m_changeStamp = 0; // of what is known
+    quint64 m_changeStamp = 0; // of `m_known`
 };
 
 } // namespace Foundation

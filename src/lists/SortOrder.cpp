@@ -37,7 +37,7 @@ void SortOrder::makeRow(const Dictionary &object, Row &row)
                                              : object.valueForKeyPath(descriptor.keyPath);
         double number = value.isDate() ? value.dateValue() : value.isNumber() ? value.doubleValue() : 0;
         if (std::isnan(number))
-            number = 0; // What compares with nothing would leave the rest without an order.
+            number = 0; // NaN, which would make the order inconsistent.
         const QCollatorSortKey text = textKey(value.stringValue());
         if (!descriptor.keyPath.contains(u'.'))
             value = {};
@@ -47,7 +47,7 @@ void SortOrder::makeRow(const Dictionary &object, Row &row)
 
 bool SortOrder::refreshNestedKeys(const Objects &objects)
 {
-    // A record does not change when its category gets another name.
+    // The stamp of a record does not change when its category is renamed.
     bool differs = false;
     for (std::size_t d = 0; d < m_descriptors.size(); ++d) {
         if (!m_descriptors[d].keyPath.contains(u'.'))
@@ -82,7 +82,7 @@ SortOrder::Positions SortOrder::merged(const Positions &ranked, const Positions 
     const auto before = [this](quint32 a, quint32 b) { return isBefore(a, b); };
     Positions order;
     order.reserve(ranked.size() + unranked.size());
-    // Comparing is what costs: the places of a few are searched for.
+    // Comparisons are expensive, so the positions of a few rows are found by binary search.
     constexpr std::size_t FewAmongMany = 32;
     if (unranked.size() * FewAmongMany > ranked.size()) {
         std::merge(ranked.begin(), ranked.end(), unranked.begin(), unranked.end(), std::back_inserter(order),
@@ -141,7 +141,7 @@ void SortOrder::arrange(const Objects &objects, Positions &positions)
         return;
     update(objects);
     const auto &rows = m_rows.rows();
-    // A sweep over all ranks, or sorting by rank: whichever is less work.
+    // Chooses the cheaper way: a pass over all ranks, or sorting by rank.
     constexpr std::size_t SweepFromShare = 16;
     if (positions.size() < objects.size() / SweepFromShare) {
         std::sort(positions.begin(), positions.end(),
