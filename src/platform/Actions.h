@@ -8,7 +8,8 @@
 namespace Foundation
 {
 
-// What an action learns of the control or menu item that sent it.
+// The properties of the control or menu item that sent an action. A property that the sender does not have
+// keeps its default.
 struct ActionSender
 {
     int tag = 0;
@@ -17,7 +18,8 @@ struct ActionSender
     qsizetype indexOfSelectedItem = -1;
 };
 
-// A menu or tool-bar item that asks whether it is enabled; the answer may set its check mark.
+// A menu or tool-bar item whose state is asked for. The responder returns whether it is enabled and may set
+// `isChecked`.
 struct MenuItem
 {
     QString action;
@@ -26,12 +28,12 @@ struct MenuItem
     bool isChecked = false;
 };
 
-// Actions are invokable methods of one argument, the sender, and are looked up by name along a chain of
-// responders: the first that has the method gets it.
+// An action is an invokable method with an ActionSender as its argument. It is looked up by name in a list of
+// responders, and the first responder that has the method is called.
 
-// Null if none of the responders has the action.
+// The first responder that has the action, or null.
 QObject *responderForAction(const QList<QObject *> &responders, const QString &action);
-// False if none of the responders has the action.
+// Calls the action on that responder. False if there is none.
 bool sendAction(const QList<QObject *> &responders, const QString &action, const ActionSender &sender);
 
 } // namespace Foundation

@@ -21,8 +21,9 @@ struct Alert
     QString informativeText;
     QStringList buttons;
     Style style = Style::Warning;
-    // Belongs to the locked face of a document, or tells a failure without any of its content. Every other
-    // alert of a document that is locked is answered with the code of no button, and not shown.
+    // True for an alert that may be shown while its document is locked, because it shows nothing of the
+    // content. Any other alert of a locked document is not shown and is answered with a code that no button
+    // has.
     bool mayStandOverLock = false;
 };
 

@@ -7,8 +7,8 @@
 namespace Foundation
 {
 
-// The colour panel of the application, of which there is one for all windows, as the logic sees it. A window
-// layer shows it, sets the colour while the user chooses, and takes it from the screen when it is to close.
+// The colour panel as the logic sees it; the application has a single one for all windows. The window layer
+// shows it, calls setColor() while the user chooses, and hides it when closed() is sent.
 class ColorPanel : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     static ColorPanel &shared();
 
     const Color &color() const { return m_color; }
-    // Tells everybody, also if the colour is the same.
+    // Always sends colorDidChange(), even if the colour is the same.
     void setColor(const Color &color);
     void close();
 

@@ -3,8 +3,9 @@
 namespace Foundation
 {
 
-// What every program that opens documents does first: no core dump may put plain content on the disk, and a
-// limit on the size of files makes a write fail, which can be told, instead of killing the process.
+// Must be called first by every program that opens documents. It disables core dumps, which would write
+// deciphered content to the disk, and makes a write beyond the file size limit fail with an error instead of
+// killing the process.
 void prepareProcess();
 
 } // namespace Foundation

@@ -7,8 +7,8 @@
 namespace Foundation
 {
 
-// A window onto a larger view, as the logic sees it: the content view is the window, the document view what
-// lies behind it.
+// A scroll view as the logic sees it: the document view is the larger view that is scrolled, and the content
+// view is the part of the screen that shows a section of it.
 class ScrollView
 {
 public:
@@ -17,21 +17,21 @@ public:
     virtual Rect documentFrame() const = 0;
     virtual Rect documentVisibleRect() const = 0;
     virtual Rect contentBounds() const = 0;
-    // True if y grows downward.
+    // Whether y grows downward in the document view.
     virtual bool isFlipped() const = 0;
-    // Puts that point of the document into the corner of the content view.
+    // Scrolls so that `point` of the document view is at the origin of the content view.
     virtual void scrollToPoint(const Point &point) = 0;
-    // Brings the scrollers in step with the content view.
+    // Updates the scroll bars.
     virtual void reflectScrolledClipView() = 0;
 
     virtual void setPostsBoundsChangedNotifications(bool posts) = 0;
-    // Calls `changed`, at once and on the same thread, whenever the bounds of the content view have changed.
-    // An observer is known by its address and has one entry at most.
+    // Calls `changed` immediately and on the same thread whenever the bounds of the content view change and
+    // notifications are switched on. The address identifies the observer, which has at most one entry.
     virtual void addBoundsObserver(const void *observer, std::function<void()> changed) = 0;
     virtual void removeBoundsObserver(const void *observer) = 0;
 };
 
-// Shows the end of the document view, at its left edge.
+// Scrolls to the end of the document view, at its left edge.
 inline void scrollToBottom(ScrollView &view)
 {
     const Rect document = view.documentFrame();

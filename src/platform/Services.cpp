@@ -48,7 +48,8 @@ class SystemTimers : public Timers
 public:
     Timer schedule(int seconds, std::function<void()> fired) override
     {
-        // What it calls may drop it: it is deleted when that has returned.
+        // The called function may destroy the timer, so the timer is deleted only after the call has
+        // returned.
         const std::shared_ptr<QTimer> timer(new QTimer, [](QTimer *dropped) {
             dropped->stop();
             dropped->deleteLater();

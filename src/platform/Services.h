@@ -14,30 +14,33 @@
 namespace Foundation
 {
 
-// What the logic asks of the desktop around it. The window layer gives the real services at start, tests give
-// scripted ones. All run on the main thread.
+// Interfaces through which the logic uses the desktop. The window layer installs the real services at start,
+// tests install doubles. All of them run on the main thread.
 
-// Opens addresses and files in the user's other programs.
+// Opens addresses and files in other programs.
 class Workspace
 {
 public:
     virtual ~Workspace() = default;
-    // False if `url` is invalid or nothing opened it. Nothing is shown to the user.
+    // False if `url` is invalid or no program opened it. Does not show an error.
     virtual bool openUrl(const QUrl &url) = 0;
-    // Opens the file in the program meant for it; programs themselves are never run.
+    // Opens the file in the program for its type. Never runs a file that is a program; its folder is shown
+    // instead. False if nothing was opened.
     virtual bool openFile(const QString &path) = 0;
 };
 
-// Shows an alert that belongs to no window and waits for the answer.
+// Shows alerts that belong to no window.
 class ModalAlertPresenter
 {
 public:
     virtual ~ModalAlertPresenter() = default;
-    // The code of the button pressed; closing the alert counts as its last button.
+    // Blocks until the user answers, and returns the code of the button. Escape and closing the alert count
+    // as its Cancel button, or as its last button if it has no Cancel.
     virtual int runModal(const Alert &alert) = 0;
 };
 
-// Runs work on a later turn of the event loop, in the order given and always on the main thread.
+// Runs operations on a later turn of the event loop, on the main thread and in the order in which they were
+// added.
 class MainQueue
 {
 public:
@@ -45,52 +48,52 @@ public:
     virtual void addOperation(std::function<void()> operation) = 0;
 };
 
-// The present moment.
+// The current time.
 class Clock
 {
 public:
     virtual ~Clock() = default;
     // In local time.
     virtual QDateTime now() const = 0;
-    // Seconds since 2001-01-01 00:00:00 UTC with fractions: the form of dates in documents.
+    // Seconds since 2001-01-01 00:00:00 UTC, with fractions, as dates are stored in documents.
     double secondsSince2001() const;
 };
 
-// Calls something once after a time.
+// One-shot timers.
 class Timers
 {
 public:
-    // Dropping the last copy calls the timer off.
+    // The timer is cancelled when its last copy is destroyed.
     using Timer = std::shared_ptr<void>;
 
     virtual ~Timers() = default;
-    // On a turn of the event loop, that many seconds from now.
+    // Calls `fired` once, after that many seconds, from the event loop.
     virtual Timer schedule(int seconds, std::function<void()> fired) = 0;
 };
 
-// Tells how wide text comes out when it is drawn.
+// Measures text.
 class TextMeasurer
 {
 public:
     virtual ~TextMeasurer() = default;
-    // In points, on one line. 0 for an empty text.
+    // The width in points of the text on one line; 0 for an empty text.
     virtual double widthOfText(const QString &text, const TextAttributes &attributes) const = 0;
 };
 
-// Reads pictures in whatever form the desktop knows.
+// Reads pictures in all formats that the desktop supports.
 class ImageReader
 {
 public:
     virtual ~ImageReader() = default;
-    // Null for data that is no picture.
+    // Null if the data is no picture.
     virtual Ref<ImageObject> imageFromData(const QByteArray &data) const = 0;
     virtual Ref<ImageObject> emptyImage() const = 0;
 };
 
-// The services in force. Until something else is installed: nothing opens, alerts are answered with their
-// last button, no data is a picture, the main queue is the event loop of the application, clock and timers
-// are the system's, and every UTF-16 unit of a text is 0.6 of the font size wide, about what a monospaced
-// font takes.
+// The services in use. Until others are installed, there are built-in ones: the workspace opens nothing,
+// alerts are answered with their last button, no data is a picture, the main queue is the event loop, clock
+// and timers are those of the system, and each UTF-16 unit of a text has a width of 0.6 of the font size,
+// about that of a monospaced font.
 class Services
 {
 public:
@@ -104,7 +107,7 @@ public:
     TextMeasurer &textMeasurer() const { return *m_textMeasurer; }
     ImageReader &imageReader() const { return *m_imageReader; }
 
-    // Not owned: the caller keeps the service alive. Null brings the built-in one back.
+    // The service is not owned and must outlive its use. Null restores the built-in one.
     void setWorkspace(Workspace *workspace);
     void setModalAlerts(ModalAlertPresenter *presenter);
     void setMainQueue(MainQueue *queue);

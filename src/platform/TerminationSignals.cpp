@@ -13,12 +13,12 @@ namespace
 {
 
 constexpr int Signals[] = {SIGTERM, SIGHUP, SIGINT};
-// The handler writes into the one, the event loop reads from the other.
+// The signal handler writes into the first socket, the event loop reads from the second.
 int sockets[2] = {-1, -1};
 
 void tellEventLoop(int)
 {
-    // All that a handler may do: the rest waits for the event loop.
+    // A signal handler may do no more than this; the event loop does the rest.
     const char any = 1;
     const auto written = ::write(sockets[0], &any, sizeof(any));
     (void)written;

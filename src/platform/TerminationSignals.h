@@ -7,8 +7,8 @@ class QSocketNotifier;
 namespace Foundation
 {
 
-// Tells, on a turn of the event loop, that the system wants the process to end: SIGTERM, SIGHUP or SIGINT. A
-// second one ends it at once. There is one of these at a time.
+// Sends terminationRequested(), from the event loop, when the process receives SIGTERM, SIGHUP or SIGINT. A
+// second such signal ends the process immediately. Only one object of this class may exist at a time.
 class TerminationSignals : public QObject
 {
     Q_OBJECT

@@ -10,7 +10,7 @@ namespace Foundation
 // How a line of text is drawn and measured.
 struct TextAttributes
 {
-    QString fontFamily;   // null for the desktop's own font
+    QString fontFamily;   // null for the default font of the desktop
     double fontSize = 13; // in points
     Color foreground;
     friend bool operator==(const TextAttributes &, const TextAttributes &) = default;

@@ -8,17 +8,18 @@
 namespace Foundation
 {
 
-// The user's settings: a flat table of keys and values in a file of the user's own, over a table of
-// registered defaults that is never written. Reads are immediate. Main thread only.
+// The settings of the user: keys and values in a settings file of the user. A key that the file lacks has its
+// registered default; defaults are never written. A changed setting can be read immediately. Main thread
+// only.
 class UserDefaults
 {
 public:
     static UserDefaults &standardUserDefaults();
 
-    // Keys that the user never set read as these.
+    // Adds defaults for keys that the user never set.
     void registerDefaults(const QVariantHash &defaults);
 
-    // Invalid for a key that is neither set nor registered.
+    // Returns an invalid variant for a key that is neither set nor registered.
     QVariant value(const QString &key) const;
     bool boolForKey(const QString &key) const { return value(key).toBool(); }
     int integerForKey(const QString &key) const { return value(key).toInt(); }

@@ -10,24 +10,24 @@
 namespace Foundation
 {
 
-// Turns a value of the model into what a control shows, and back where `allowsReverseTransformation` says so.
-// Bindings name transformers; see ValueTransformerRegistry.
+// Converts a value of the model into a value that a control shows, and back if allowsReverseTransformation()
+// is true. Interface files refer to transformers by name; see ValueTransformerRegistry.
 class ValueTransformer
 {
 public:
     enum class ValueClass { Number, String, Color, Image };
 
     virtual ~ValueTransformer() = default;
-    // What transformedValue() gives, or says it gives.
+    // The declared class of the result of transformedValue(). Some transformers return another class.
     virtual ValueClass transformedValueClass() const = 0;
     virtual bool allowsReverseTransformation() const { return false; }
     virtual Value transformedValue(const Value &value) const = 0;
-    // Null where there is no way back.
+    // Returns Null if the transformer has no reverse.
     virtual Value reverseTransformedValue(const Value &) const { return {}; }
 };
 
-// The transformers by name. An installed name comes first; a class that needs no argument is found under its
-// own name too and made at the first look-up. Main thread only.
+// Finds transformers by name. An installed transformer takes precedence; a registered class that needs no
+// argument is found under its class name and made at the first look-up. Main thread only.
 class ValueTransformerRegistry
 {
 public:
@@ -35,10 +35,10 @@ public:
 
     static ValueTransformerRegistry &shared();
 
-    // Replaces the former transformer of that name. Null removes it.
+    // Installs a transformer under a name, in place of the former one of that name. Null removes it.
     void setValueTransformer(const QString &name, const std::shared_ptr<ValueTransformer> &transformer);
     void registerClass(const QString &className, const Maker &maker);
-    // Null for an unknown name.
+    // Returns null for an unknown name.
     std::shared_ptr<ValueTransformer> valueTransformerForName(const QString &name);
 
 private:
