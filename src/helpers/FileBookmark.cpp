@@ -19,7 +19,7 @@ struct Content
     quint32 options = 0;
     PersistentFileId id;
     QString path;
-    QString pathFromDocument = QStringLiteral(""); // null has another form in the stream
+    QString pathFromDocument = QStringLiteral(""); // not null, which the stream encodes differently
 };
 
 QByteArray written(const Content &content)
@@ -58,7 +58,8 @@ QDir folderOfDocument(const QUrl &document)
     return QFileInfo(document.toLocalFile()).absoluteDir();
 }
 
-// Null if no file of the folder is this one. Without a birth the number alone would find strangers.
+// Returns a null text if no file of the folder has this id. Without a birth time, the inode alone could
+// identify another file.
 QString pathOfRenamedFile(const QString &folder, const PersistentFileId &id)
 {
     if (id.birthInNanoseconds == 0)

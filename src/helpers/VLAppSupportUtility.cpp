@@ -12,7 +12,7 @@ const QString VLAppSupportUtility::ApplicationName = QStringLiteral("Vexarel");
 namespace
 {
 
-// Names under "example" are reserved and lead nobody astray (RFC 2606).
+// Names under "example" are reserved (RFC 2606), so these addresses cannot belong to a stranger.
 const QString HomePage = QStringLiteral("https://www.brightmoor-labs.example/");
 const QString ProductPage = QStringLiteral("https://www.brightmoor-labs.example/vexarel/");
 const QString SocialMediaPage = QStringLiteral("https://social.brightmoor-labs.example/@brightmoor");
@@ -20,17 +20,17 @@ const QString SupportMailbox = QStringLiteral("mailto:support@brightmoor-labs.ex
 
 void openPage(const QString &address)
 {
-    // Required: a page or mail that does not open is not reported.
+    // Required: a page or mail that cannot be opened is not reported.
     Services::shared().workspace().openUrl(QUrl(address, QUrl::StrictMode));
 }
 
-// A group of two digits as people write the number.
+// A group of two digits without its leading zero.
 QString withoutLeadingZero(const QString &group)
 {
     return group.startsWith(u'0') ? group.sliced(1) : group;
 }
 
-// The query of RFC 3986: everything that may stand there unescaped stays.
+// Leaves all characters that a query may contain unescaped (RFC 3986).
 QString percentEncodedForQuery(const QString &text)
 {
     return QString::fromLatin1(QUrl::toPercentEncoding(text, "!$&'()*+,;=:@/?"));
@@ -62,7 +62,8 @@ QString VLAppSupportUtility::calcReleaseString(qint64 release)
     QString minor = withoutLeadingZero(digits.sliced(count - 4, 2));
     QString patch = withoutLeadingZero(digits.last(2));
     if (count == 4) {
-        // Releases of four digits have a minor of one digit, and their patch was always shown as it stands.
+        // Releases of four digits have a minor of one digit, and their patch was always shown with both
+        // digits.
         major = digits.first(1);
         minor = digits.sliced(1, 1);
         patch = digits.last(2);
@@ -73,7 +74,8 @@ QString VLAppSupportUtility::calcReleaseString(qint64 release)
 
 void VLAppSupportUtility::emailUs(QObject *)
 {
-    // The mailbox sorts its mail by this wording, the system's name in it included, on every system.
+    // The mailbox sorts its mail by this exact wording, so the name of the system is the same on every
+    // system.
     const QString subject =
         QStringLiteral("Support Request for %1 rel. %2 - macOS %3")
             .arg(ApplicationName, calcReleaseString(ApplicationRelease), QSysInfo::prettyProductName());

@@ -4,14 +4,16 @@
 
 class QObject;
 
-// The release number as people read it, the ways to the maker, and the alerts for data of a newer release.
+// The release number and its readable form, the pages and the mail address of the maker, and the alerts for
+// data of a newer release.
 //
-// Actions take a sender and ignore it. Nothing is shown when an address does not open.
+// Actions ignore their sender. If an address cannot be opened, no error is shown.
 class VLAppSupportUtility
 {
 public:
-    // The release of this application, its only definition. The decimal digits read as major, minor and
-    // patch, the last two groups with two digits each. The format number of documents is another number.
+    // The release number of this application: major, minor and patch as decimal digits, minor and patch with
+    // two digits each. CMakeLists.txt has the same release as PROJECT_VERSION; change both together. The
+    // format number of documents is another number.
     static constexpr qint64 ApplicationRelease = 30602;
     static const QString ApplicationName;
 
@@ -21,15 +23,16 @@ public:
     // keeps the leading zero of its patch: "1.2.03" for 1203, "1.2.00" for 1200.
     static QString calcReleaseString(qint64 release);
 
-    // Begins a mail to the support mailbox, with release and system in its subject.
+    // Opens a mail to the support mailbox, with release and system in its subject. Prescribed; no caller yet.
     static void emailUs(QObject *sender);
-    // The maker's home page, the product's page, the maker's social media page.
+    // Open the home page of the maker, the page of the product, and the social media page of the maker. Only
+    // visitUs() has a caller so far; the others are prescribed.
     static void visitUs(QObject *sender);
     static void visitAppUrl(QObject *sender);
     static void visitTwitter(QObject *sender);
 
-    // Run a modal alert that offers the last version. True when the user took the offer; visitUs was then
-    // called.
+    // Show a modal alert that offers the newest version. Return true if the user accepted; visitUs() was then
+    // called already. The second operation is prescribed and has no caller yet.
     static bool sayFilecreatedWithANewerVersion(QObject *sender);
     static bool dataIn_ApplicationSupportFolder_CreatedWithANewerVersion(QObject *sender);
 };

@@ -32,8 +32,8 @@ QByteArray VLBookmark::docBookmarkForURL_RO(const QUrl &url, const QUrl &docUrl)
 
 QByteArray VLBookmark::docBookmarkForURL_RW(const QUrl &url, const QUrl &)
 {
-    // Required: bookmarks for writing were always made without a document, and a reader that asks with one
-    // finds them all the same.
+    // Required: read-write bookmarks were always made without a document, and resolving them with a document
+    // works too.
     return FileBookmark::bookmarkData(url, ReadWrite, QUrl());
 }
 

@@ -4,8 +4,9 @@
 #include <QUrl>
 
 // Bookmarks of files, read-only (RO) or read-write (RW), plain or belonging to a document. See FileBookmark
-// for what they outlive. No error is reported: a bookmark that cannot be made is null data, one that resolves
-// to nothing a null address. `isStale` must not be null; it tells that the bookmark should be made anew.
+// for when they stay valid. A bookmark that cannot be made is a null array, and one that resolves to no file
+// gives an empty address; no error is reported. `isStale` must not be null; it is set to true if the bookmark
+// should be made again. Prescribed; no caller yet.
 class VLBookmark
 {
 public:
@@ -16,7 +17,7 @@ public:
     [[nodiscard]] static QUrl urlForBookmark(const QByteArray &bookmark, bool *isStale);
 
     [[nodiscard]] static QByteArray docBookmarkForURL_RO(const QUrl &url, const QUrl &docUrl);
-    // Belongs to no document: unlike its twin it ignores `docUrl`.
+    // Ignores `docUrl`, unlike docBookmarkForURL_RO(): the bookmark belongs to no document.
     [[nodiscard]] static QByteArray docBookmarkForURL_RW(const QUrl &url, const QUrl &docUrl);
     [[nodiscard]] static QUrl urlForDocBookmark(const QByteArray &bookmark, const QUrl &docUrl,
                                                 bool *isStale);

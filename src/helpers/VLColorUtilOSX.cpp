@@ -7,8 +7,8 @@ using namespace Foundation;
 
 Color VLColorUtilOSX::NSColorFromDict(const Ref<Dictionary> &dict)
 {
-    // Single precision is part of the contract: 0.1 comes back as the float next to it, so that a colour
-    // compares equal to what earlier releases made of the same file.
+    // Required: with single precision, 0.1 becomes the nearest float, so that a colour is equal to the one
+    // that earlier releases made of the same file.
     const auto component = [&](QStringView key) {
         const float number = dict ? dict->value(key).floatValue() : 0.0F;
         return std::isnan(number) ? 0.0 : double(std::clamp(number, 0.0F, 1.0F));

@@ -3,16 +3,15 @@
 #include "values/Color.h"
 #include "values/Dictionary.h"
 
-// The one place where colour dictionaries and colours meet: keys "r", "g", "b", "a", numbers from 0 to 1 of
-// the calibrated RGB space. Documents store the dictionary.
+// Converts between colours and colour dictionaries, which documents store: numbers from 0 to 1 of the
+// calibrated RGB space under the keys "r", "g", "b" and "a".
 class VLColorUtilOSX
 {
 public:
     VLColorUtilOSX() = delete;
 
-    // Reads in single precision; what the dictionary lacks reads as 0, and so does all of a null dictionary.
-    // A colour holds components from 0 to 1 only: numbers outside, which a damaged document can hold, become
-    // the nearer end, and no number becomes 0.
+    // Reads the components in single precision and limits them to 0 to 1. An absent component, NaN and every
+    // component of a null dictionary become 0.
     static Foundation::Color NSColorFromDict(const Foundation::Ref<Foundation::Dictionary> &dict);
 
     // A new dictionary with the components in double precision.

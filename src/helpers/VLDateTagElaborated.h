@@ -2,13 +2,14 @@
 
 #include "platform/ValueTransformer.h"
 
-// Replaces the date and time tags in a string by those of the present moment, in local time:
-// <yy> year in two digits, <YY> full year, <mm> month, <dd> day, <hh> hour of 24, <ii> minute, <ss> second,
-// each but <YY> with a leading zero. Letter case counts, and all else in the string stays. No way back.
+// Replaces the date and time tags in a text by the current local time: <yy> year in two digits, <YY> full
+// year, <mm> month, <dd> day, <hh> hour from 00 to 23, <ii> minute, <ss> second. All but <YY> have two
+// digits. Tags are case-sensitive. Has no reverse. Prescribed; no interface file
+// names it yet.
 class VLDateTagElaborated : public Foundation::ValueTransformer
 {
 public:
     ValueClass transformedValueClass() const override { return ValueClass::String; }
-    // Always a text: empty for Null and for anything that is no text.
+    // Always returns a text, which is empty if `value` is no text.
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
 };

@@ -9,9 +9,9 @@
 namespace
 {
 
-// Possessive twins of the published patterns: what a group has taken it never gives back. They accept the
-// same texts, since no group can end otherwise than it does: a mailbox name ends at its "@", a label at its
-// dot and its runs of hyphens at a letter or digit, a number at the first character that is no digit.
+// The published patterns with possessive quantifiers, which never backtrack. They accept the same texts,
+// because the end of each group is unambiguous: a mailbox name ends at "@", a label at its dot, a run of
+// hyphens at a letter or digit, and a number at the first character that is no digit.
 const QString LinearEmailPattern = QStringLiteral("[A-Z0-9a-z._%+-]++@[A-Za-z0-9.-]+\\.[A-Za-z]{2,6}");
 const QString LinearDomainPattern =
     QStringLiteral("(?:[a-zA-Z0-9]++(?:-++[a-zA-Z0-9]++)*+\\.)++[a-zA-Z]{2,6}");

@@ -14,7 +14,8 @@ namespace
 
 const QString Dots = QStringLiteral("..");
 
-// The code point that begins at `index`, which moves behind it. A lone surrogate stands for itself.
+// The code point that begins at `index`; moves `index` to the next one. A lone surrogate is returned as it
+// is.
 char32_t takeCodePoint(const QString &text, qsizetype &index)
 {
     const QChar first = text.at(index++);
@@ -34,7 +35,7 @@ QString trimmedOf(const QString &text, QChar unwanted)
     return end - begin == text.size() ? text : text.sliced(begin, end - begin);
 }
 
-// What a text looks like when only so many units of it stand before the dots.
+// The first `length` units of a text, followed by the dots.
 class DottedBeginning
 {
 public:
@@ -101,7 +102,7 @@ QString VLStringUtils::trimStringToFit(const QString &text, qint32 pixelLenght,
     if (beginning.wholeTextFits())
         return text;
 
-    // Deleting one unit after the other would measure a long text in quadratic time: halving finds the place.
+    // A binary search, because removing one unit after the other would take quadratic time for a long text.
     qsizetype fitting = 0;
     qsizetype tooLong = text.size() + 1;
     while (tooLong - fitting > 1) {
@@ -109,7 +110,7 @@ QString VLStringUtils::trimStringToFit(const QString &text, qint32 pixelLenght,
         (beginning.fits(middle) ? fitting : tooLong) = middle;
     }
     // Kerning, or the box drawn for half a surrogate pair, can make a beginning wider than the next longer
-    // one. From a few units above, the walk down ends at the longest that fits.
+    // one. So this starts a few units above and goes down to the longest beginning that fits.
     constexpr qsizetype Slack = 8;
     qsizetype length = std::min(text.size(), fitting + Slack);
     while (length > 1 && !beginning.fits(length))

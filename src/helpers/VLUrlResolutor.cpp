@@ -29,7 +29,8 @@ constexpr Scheme CommonSchemes[] = {
     {MailPrefix, &VLUrlResolutor::openMail},
 };
 
-// telnet:// is missing on purpose: desktops have no program for it, and a browser at least tells so.
+// telnet:// is missing on purpose: desktops have no program for it. Such an address is tried with the default
+// protocol, and the browser then reports the error.
 constexpr Scheme RareSchemes[] = {
     {QLatin1String("feed://"), &VLUrlResolutor::openFeed},
     {FilePrefix, &VLUrlResolutor::openFile},
@@ -42,7 +43,8 @@ const Scheme *schemeOf(const QString &address, std::span<const Scheme> schemes)
     return found == schemes.end() ? nullptr : &*found;
 }
 
-// The parser's strict mode passes blanks and control characters beyond ASCII, and halves of surrogate pairs.
+// Even in strict mode, the parser accepts blanks and control characters outside ASCII, and halves of
+// surrogate pairs.
 bool isAddressText(const QString &text)
 {
     return text.isValidUtf16() && std::none_of(text.cbegin(), text.cend(), [](QChar unit) {
@@ -155,7 +157,7 @@ bool VLUrlResolutor::openFile(const QString &url, const QString &, const QString
     const QString path = url.mid(FilePrefix.size());
     if (!Foundation::identityOfFile(path))
         return false;
-    // Required: the file is there, so the address was right, even if no program takes it.
+    // Required: the file exists, so the address was right, even if no program opens it.
     Foundation::Services::shared().workspace().openFile(path);
     return true;
 }

@@ -2,16 +2,17 @@
 
 #include <QString>
 
-// Opens what a user typed into a field, a web address with or without its scheme, a mail address, the address
-// of a file, in the program meant for it.
+// Opens what a user typed into a field (a web address with or without a scheme, a mail address, or the
+// address of a file) in the program for it.
 //
-// Schemes are recognised by their exact, lower-case prefix: http://, https://, ftp://, mailto:, feed://,
-// file://. Only the character " " is trimmed. An answer is false when nothing was opened, and nobody is told.
-// Main thread only.
+// Schemes are recognised by their exact lower-case prefix: http://, https://, ftp://, mailto:, feed://,
+// file://. Only the character " " is trimmed. Operations return false if nothing was opened; the user is not
+// told. Main thread only.
 //
-// Addresses are parsed strictly (RFC 3986): one with a blank, a control character, half a surrogate pair, a
-// stray percent sign or an impossible host or port opens nothing, and none is repaired. Letters beyond ASCII,
-// which the standard lacks but people type, are encoded: as punycode in the host, as UTF-8 elsewhere.
+// Addresses are parsed strictly (RFC 3986) and never repaired: an address with a blank, a control character,
+// half a surrogate pair, a stray percent sign or an invalid host or port opens nothing. Letters outside
+// ASCII, which the standard does not allow but users type, are encoded: as punycode in the host, as UTF-8
+// elsewhere.
 class VLUrlResolutor
 {
 public:
@@ -19,37 +20,39 @@ public:
     VLUrlResolutor(const VLUrlResolutor &) = delete;
     VLUrlResolutor &operator=(const VLUrlResolutor &) = delete;
 
-    // Made at the first call.
+    // The shared object, made at the first call.
     static VLUrlResolutor &sharedUrlResolutor();
 
-    // What goes in front of an address without a scheme; "http://" at first.
+    // The prefix for an address without a scheme. Initially "http://".
     QString defaultProtocolType() const { return m_defaultProtocolType; }
     void setDefaultProtocolType(const QString &type) { m_defaultProtocolType = type; }
 
-    // Open the text as it is recognised, otherwise, and when that failed, behind the default protocol. An
-    // empty text is an attempt to open the default protocol alone.
+    // First try smartOpenUrl(), then openWithDefaultProtocol(). For an empty text, the default protocol alone
+    // is tried.
     bool openUrl(const QString &url);
     bool openUrl(const QString &url, const QString &withUser);
     bool openUrl(const QString &url, const QString &withUser, const QString &withPassword);
 
-    // Opens only what is recognised, a bare mail address included.
+    // Opens a text only if its scheme is recognised or if it is a mail address.
     bool smartOpenUrl(const QString &url, const QString &withUser, const QString &withPassword);
-    // Blanks before `url` end up inside the address, which then opens nothing.
+    // Opens the text with the default protocol before it. Blanks at the beginning of `url` make the address
+    // invalid, so that it opens nothing.
     bool openWithDefaultProtocol(const QString &url, const QString &withUser, const QString &withPassword);
-    // The form in which the text would be opened; null for null. `masked` has no effect: the password shows.
+    // The trimmed text; in an ftp address, with user and password inserted. Null for a null text. `masked`
+    // has no effect: the password is readable. Prescribed; no caller yet.
     QString smartUrl(const QString &url, const QString &withUser, const QString &withPassword,
                      bool masked) const;
 
-    // Open the text as it stands. User and password are ignored.
+    // Open the text unchanged. User and password are ignored. openTelneet() is prescribed and has no caller.
     bool openHttp(const QString &url, const QString &withUser, const QString &withPassword);
     bool openHttps(const QString &url, const QString &withUser, const QString &withPassword);
     bool openMail(const QString &url, const QString &withUser, const QString &withPassword);
     bool openFeed(const QString &url, const QString &withUser, const QString &withPassword);
     bool openTelneet(const QString &url, const QString &withUser, const QString &withPassword);
-    // `url` begins with ftp://. User and password enter it when both are there, unescaped.
+    // `url` must begin with ftp://. User and password are inserted, unescaped, if neither is empty.
     bool openFtp(const QString &url, const QString &withUser, const QString &withPassword);
-    // `url` begins with file://; the rest is the path, percent signs included. Answers whether the file
-    // exists, whatever becomes of opening it.
+    // `url` must begin with file://. The rest is the path, in which percent signs have no special meaning.
+    // Returns whether the file exists, even if no program opened it.
     bool openFile(const QString &url, const QString &withUser, const QString &withPassword);
 
 private:

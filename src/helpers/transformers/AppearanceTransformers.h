@@ -2,19 +2,19 @@
 
 #include "platform/ValueTransformer.h"
 
-// A colour dictionary into a colour and back, as VLColorUtilOSX does.
+// Converts a colour dictionary into a colour and back, see VLColorUtilOSX.
 class VLDictToNSColor : public Foundation::ValueTransformer
 {
 public:
     ValueClass transformedValueClass() const override { return ValueClass::Color; }
     bool allowsReverseTransformation() const override { return true; }
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
-    // Null for what is no colour.
+    // Returns Null if the value is no colour.
     Foundation::Value reverseTransformedValue(const Foundation::Value &value) const override;
 };
 
-// The data of a picture into the picture, in whatever form the desktop reads; back as TIFF. Null becomes an
-// empty picture, and data that is none becomes Null.
+// Converts the data of a picture, in any format that the desktop reads, into a picture, and a picture into
+// TIFF data. Null becomes an empty picture; data that is no picture becomes Null.
 class VLImgData : public Foundation::ValueTransformer
 {
 public:

@@ -2,8 +2,8 @@
 
 #include "platform/ValueTransformer.h"
 
-// Of the file behind a bookmark (see FileBookmark), whether the bookmark is stale or not. An empty text for
-// Null, Null for a bookmark that leads nowhere.
+// The path and the name of the file to which a bookmark refers (see FileBookmark), even if the bookmark is
+// stale. Null becomes an empty text; a bookmark that resolves to no file becomes Null.
 
 class VLPathFromBookmark : public Foundation::ValueTransformer
 {

@@ -3,10 +3,11 @@
 #include "platform/ValueTransformer.h"
 #include "values/Array.h"
 
-// Comparisons with a value given once. Null stays Null, which a control shows as its state without a value.
+// Comparisons with a value that is given to the constructor. Null stays Null, so that a control shows its
+// state without a value.
 
-// Those with a 32-bit number read their input as 16 bits first, so that 65539 equals 3: what interfaces give
-// them are tags and small codes. They give the integer 1 or 0.
+// Base class of the comparisons with a 32-bit number. Required: they read their input as 16 bits, so that
+// 65539 equals 3. Interface files use them for tags and small codes. The result is the integer 1 or 0.
 class NumberComparison : public Foundation::ValueTransformer
 {
 public:
@@ -37,7 +38,7 @@ protected:
     bool holds(qint32 value) const override { return value == refValue(); }
 };
 
-// The same with a way back: true gives the number, false gives Null.
+// The same with a reverse: true becomes the number, false becomes Null.
 class VLValueIsEqualToRef : public VL1IfEqualToRef
 {
 public:
@@ -46,7 +47,7 @@ public:
     Foundation::Value reverseTransformedValue(const Foundation::Value &value) const override;
 };
 
-// For interface files, which reach a class that needs no argument by its name.
+// For interface files, which can refer only to classes that need no argument.
 template <qint32 Digit>
 class VLValueIsDigit : public VLValueIsEqualToRef
 {
@@ -103,8 +104,8 @@ protected:
     bool holds(qint32 value) const override { return value < refValue(); }
 };
 
-// Whether a text is exactly the one given. Says that it gives a text, and gives a truth value: so it has
-// always been declared, and a binding asks the declaration.
+// Whether a text equals the given one. Required: the declared class is String although the result is a
+// boolean, because bindings rely on the declaration.
 class VLValueIsEqualToStr : public Foundation::ValueTransformer
 {
 public:
@@ -119,7 +120,7 @@ private:
     const QString myRefString;
 };
 
-// Whether a value is among those given; numbers are equal whatever kind they are of.
+// Whether a value is among the given ones. Numbers of different types are compared by value.
 class VLValueIsInArray : public Foundation::ValueTransformer
 {
 public:
@@ -134,7 +135,7 @@ private:
     const Foundation::Ref<Foundation::Array> myRefArray;
 };
 
-// The same for a set, which is given as an array in any order.
+// The same for a set, which is given as an array.
 class VLValueIsInSet : public VLValueIsInArray
 {
 public:

@@ -61,5 +61,5 @@ Value VLHeightForFontSize::transformedValue(const Value &value) const
     if (value.isNull())
         return {};
     const float height = value.floatValue() * 1.4F + 2.0F;
-    return Value(height).intValue(); // Which holds for sizes that no integer holds, too.
+    return Value(height).intValue(); // intValue() also accepts numbers outside the range.
 }

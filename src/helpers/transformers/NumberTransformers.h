@@ -2,15 +2,15 @@
 
 #include "platform/ValueTransformer.h"
 
-// Numbers and truth values into one another. An integer is one of 32 bits; a truth value reads from anything
-// as Foundation::Value tells, from nothing as false.
+// Conversions between numbers and booleans. Integers have 32 bits unless said otherwise. Any value can be
+// read as a boolean, see Foundation::Value; Null is false.
 
 class VLIntToBool : public Foundation::ValueTransformer
 {
 public:
     ValueClass transformedValueClass() const override { return ValueClass::Number; }
     bool allowsReverseTransformation() const override { return true; }
-    // Whether the 32-bit integer is not 0; back as the integer 1 or 0.
+    // Whether the integer is not 0. The reverse gives the integer 1 or 0.
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
     Foundation::Value reverseTransformedValue(const Foundation::Value &value) const override;
 };
@@ -20,7 +20,7 @@ class VLNegateIntToBool : public Foundation::ValueTransformer
 public:
     ValueClass transformedValueClass() const override { return ValueClass::Number; }
     bool allowsReverseTransformation() const override { return true; }
-    // The opposite of VLIntToBool, both ways.
+    // The opposite of VLIntToBool in both directions.
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
     Foundation::Value reverseTransformedValue(const Foundation::Value &value) const override;
 };
@@ -30,7 +30,7 @@ class VLNumberBoolToNumberNum : public Foundation::ValueTransformer
 public:
     ValueClass transformedValueClass() const override { return ValueClass::Number; }
     bool allowsReverseTransformation() const override { return true; }
-    // The truth value as the integer 1 or 0; back, whether the 64-bit integer is not 0.
+    // The boolean as the integer 1 or 0. The reverse gives whether the 64-bit integer is not 0.
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
     Foundation::Value reverseTransformedValue(const Foundation::Value &value) const override;
 };
@@ -39,7 +39,7 @@ class VL1IfNot0 : public Foundation::ValueTransformer
 {
 public:
     ValueClass transformedValueClass() const override { return ValueClass::Number; }
-    // As VLIntToBool, but as the integer 1 or 0 and with no way back.
+    // Whether the integer is not 0, as the integer 1 or 0. Has no reverse.
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
 };
 
@@ -48,8 +48,8 @@ class VLOneIfOneInArray : public Foundation::ValueTransformer
 public:
     ValueClass transformedValueClass() const override { return ValueClass::Number; }
     bool allowsReverseTransformation() const override { return true; }
-    // In spite of its name the integer 1 for two or more elements, otherwise 0; interfaces rely on it. Back
-    // it gives an empty array, whatever it is given.
+    // Required: despite its name, the result is the integer 1 for two or more elements and otherwise 0. The
+    // reverse always gives an empty array.
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
     Foundation::Value reverseTransformedValue(const Foundation::Value &value) const override;
 };
@@ -62,7 +62,7 @@ public:
     {
     }
     ValueClass transformedValueClass() const override { return ValueClass::Number; }
-    // In single precision. Null stays Null.
+    // The product in single precision. Null stays Null.
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
 
 private:
@@ -73,7 +73,7 @@ class VLHeightForFontSize : public Foundation::ValueTransformer
 {
 public:
     ValueClass transformedValueClass() const override { return ValueClass::Number; }
-    // The height of a row for a font's size, both in points: 1.4 times the size and 2, cut to an integer.
-    // Null stays Null.
+    // The height of a row for a font size, both in points: 1.4 times the size plus 2, truncated to an
+    // integer. Null stays Null.
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
 };

@@ -17,12 +17,12 @@ bool isBlank(const Value &value)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c == u' '; });
 }
 
-// Numbers of a stream: one byte, or a mark and two or four bytes in the byte order of the machine that wrote
-// it, which the signature tells ("streamtyped" for the little end first).
+// A number of a stream has one byte, or a mark and two or four bytes in the byte order of the machine that
+// wrote it. The signature "streamtyped" means little-endian.
 constexpr char TwoBytesFollow = char(0x81);
 constexpr char FourBytesFollow = char(0x82);
 
-// The text behind the type mark of a string object, or nothing if it does not lie whole in the data.
+// The text after the type mark of a string object. Nothing if the data does not contain all of it.
 Value countedText(QByteArrayView data)
 {
     if (data.isEmpty())
@@ -40,7 +40,7 @@ Value countedText(QByteArrayView data)
 Value textOfStream(QByteArrayView data)
 {
     constexpr QByteArrayView Signature("\x04\x0bstreamtyped");
-    // What announces the content of a string: the type "+", a counted run of bytes.
+    // The mark before the content of a string: the type "+", which is a counted sequence of bytes.
     constexpr QByteArrayView ContentType("\x84\x01+");
     if (!data.startsWith(Signature))
         return {};

@@ -2,7 +2,7 @@
 
 #include "platform/ValueTransformer.h"
 
-// The text given once, whatever the input.
+// Always the text that was given to the constructor.
 class VLReturnInitStr : public Foundation::ValueTransformer
 {
 public:
@@ -17,8 +17,7 @@ private:
     const QString myRefString;
 };
 
-// Whether nothing remains of a text once the blanks at both its ends are gone; only the character " " is one.
-// True for Null.
+// Whether a text is empty after the characters " " at both ends are removed. True for Null.
 class VLEmptyTrimmedString : public Foundation::ValueTransformer
 {
 public:
@@ -34,9 +33,9 @@ public:
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
 };
 
-// The characters of an archived styled text, without its styles: of a keyed archive, or of the older archive
-// that is one stream ("streamtyped", version 4), where the first string object holds them. Null for data that
-// is neither.
+// The characters of an archived styled text, without the styles. Reads keyed archives and the older stream
+// archives ("streamtyped", version 4), whose first string object contains the characters. Null for other
+// data.
 class VLUnarchivieFromDataToText : public Foundation::ValueTransformer
 {
 public:

@@ -22,7 +22,7 @@ double SplitViewRule<Limit>::insideLimits(int index, double size) const
     if (!awaked)
         return size;
     const Pane &pane = m_panes[index];
-    // The minimum comes first: it wins where the limits cross.
+    // The minimum is checked first, so that it takes precedence if it is above the maximum.
     if (double(pane.minSize) > size)
         return double(pane.minSize);
     return std::min(size, double(pane.maxSize));
@@ -64,7 +64,7 @@ void SplitViewRule<Limit>::share(double size, double divider, double *size0, dou
         break;
     case BothGrow:
         *size0 = insideLimits(0, (size - *size1 - divider + *size0) / 2);
-        // Clamped last, so that this pane keeps its minimum in a view too small for both.
+        // This pane is limited last, so that it keeps its minimum in a view that is too small for both.
         *size1 = insideLimits(1, size - *size0 - divider);
         *size0 = size - *size1 - divider;
         break;
@@ -99,7 +99,7 @@ void SplitViewRule<Limit>::resizeSubviewsWithOldSize(SplitView &splitView, const
     splitView.setFrameOfSubview(1, frame1);
 }
 
-// A pane collapses or comes back when the divider passes half of its minimum.
+// A pane collapses or returns when the divider passes half of its minimum.
 constexpr double HalfOfMinimum = 0.5;
 constexpr double BesideHalf = 1.0;
 
@@ -144,13 +144,13 @@ double SplitViewRule<Limit>::expand1(SplitView &splitView, double toVal, Rect *s
 {
     const double divider = splitView.dividerThickness();
     const double size = sizeOf(splitView.frame());
-    if (growingRule == BothGrow) // The share of the growth that the pane would have had.
+    if (growingRule == BothGrow) // The part of the growth that the pane would have taken.
         toVal += ((size - divider) - (sizeOf(*splitViewPreviousFrame) - divider)) / 2;
     toVal = insideLimits(1, toVal);
     const auto least0 = double(m_panes[0].minSize);
     if (size - toVal - divider < least0)
         toVal = size - least0 - divider;
-    // Takes no account of the divider, as saved sizes never did.
+    // Required: ignores the divider, as saved sizes always have.
     moveDivider1(splitView, toVal, splitViewPreviousFrame);
     return toVal;
 }

@@ -4,10 +4,11 @@
 
 #include <QtGlobal>
 
-// How the two panes of a split view share its size: the limits of both, who takes a change, and the places of
-// the divider at which a pane collapses and comes back. VLHSplitViewDelegate and VLVSplitViewDelegate give it
-// their axis and the names of their panes. `Limit` is the type in which the limits are kept; a size that is
-// clamped to one of them is a whole number then, others stay as they are.
+// How the two panes of a split view share its size: the limits of both panes, which pane takes a change of
+// the size, and the divider positions at which a pane collapses and returns. VLHSplitViewDelegate and
+// VLVSplitViewDelegate define the axis and the names of the panes. All sizes are in points. `Limit` is the
+// type of the limits: with qint32, a size that is limited becomes a whole number, and other sizes keep their
+// fraction.
 template <class Limit>
 class SplitViewRule
 {
@@ -16,23 +17,23 @@ public:
 
     enum class Axis { Horizontal, Vertical };
 
-    // Which pane takes a change of the split view's size. Any other number: no size changes.
+    // Which pane takes a change of the size of the split view. With any other number, no size changes.
     enum GrowingRule : qint32 { Subview1Grows = 0, Subview0Grows = 1, BothGrow = 2 };
 
     bool awaked = false;
     qint32 growingRule = 0;
 
-    // The interface file is loaded: sets the usual limits of both panes, 200 and 99999, the rule that both
-    // grow, and lets both collapse. Before this nothing is clamped.
+    // Must be called when the interface file is loaded. Sets the limits of both panes to 200 and 99999 points
+    // and the growing rule to BothGrow, and lets both panes collapse. Before this call nothing is limited.
     void awakeFromNib();
 
-    // The smallest and largest place of the divider; the proposal is not asked. Index 0 is the only divider
-    // there is; any other gets the answer for pane 1.
+    // The smallest and largest position of the divider. `proposed` is ignored. `ofSubviewAt` should be 0, the
+    // only divider; any other index gives the result for pane 1. Prescribed; no caller yet.
     double constrainMinCoordinate(const Foundation::SplitView &splitView, double proposed,
                                   qint64 ofSubviewAt) const;
     double constrainMaxCoordinate(const Foundation::SplitView &splitView, double proposed,
                                   qint64 ofSubviewAt) const;
-    // Shares the present size; the former one is not asked.
+    // Distributes the present size of the split view. `oldSize` is ignored.
     virtual void resizeSubviewsWithOldSize(Foundation::SplitView &splitView,
                                            const Foundation::Size &oldSize) const;
     bool canCollapseSubview(int index) const { return m_panes[index == 0 ? 0 : 1].canCollapse; }
@@ -55,8 +56,8 @@ protected:
 
     void collapse0(Foundation::SplitView &splitView) const;
     void expandToMin0(Foundation::SplitView &splitView) const;
-    // All return the size of pane 1 before or, where it is restored to a size, the size applied, and store
-    // the frame of the split view as it stands afterwards.
+    // All three store the frame that the split view has afterwards. collapse1() and expandToMin1() return the
+    // former size of pane 1, expand1() returns the applied size.
     double collapse1(Foundation::SplitView &splitView, Foundation::Rect *splitViewPreviousFrame) const;
     double expandToMin1(Foundation::SplitView &splitView, Foundation::Rect *splitViewPreviousFrame) const;
     double expand1(Foundation::SplitView &splitView, double toVal,

@@ -4,12 +4,12 @@
 
 #include <QtGlobal>
 
-// Keeps the vertical position of one scroll view equal to that of another, one way: two views that are to
-// follow each other need one of these each. The horizontal position stays its own.
+// Keeps the vertical position of one scroll view equal to that of another, in one direction: two views that
+// follow each other need one object each. The horizontal position is not changed.
 class SynchroScrollView
 {
 public:
-    // Not owned; outlives this.
+    // `view` is not owned and must outlive this object.
     explicit SynchroScrollView(Foundation::ScrollView &view)
         : m_view(view)
     {
@@ -17,11 +17,12 @@ public:
     ~SynchroScrollView() { stopSynchronizing(); }
     Q_DISABLE_COPY_MOVE(SynchroScrollView)
 
-    // In place of the one followed so far. Not owned; to be given up before it goes.
+    // Follows `view` instead of the former one; null for none. Not owned: call this with null, or
+    // stopSynchronizing(), before the followed view is destroyed.
     void setSynchronizedScrollView(Foundation::ScrollView *view);
     Foundation::ScrollView *synchronizedScrollView() const { return m_synchronized; }
     void stopSynchronizing();
-    // The views count in opposite directions.
+    // True if the two views have opposite y axes. Prescribed; no caller yet.
     bool reverseScroll() const { return m_reverseScroll; }
 
     void synchronizedViewContentBoundsDidChange();

@@ -2,7 +2,8 @@
 
 #include "helpers/views/SplitViewRule.h"
 
-// Rule of two panes stacked: top and bottom. Sizes are heights. See SplitViewRule.
+// The rule of two panes on top of each other. Sizes are heights. See SplitViewRule. Prescribed; no caller
+// yet.
 class VLHSplitViewDelegate : public SplitViewRule<double>
 {
 public:
@@ -26,20 +27,20 @@ public:
     double topFrameInsideLimits(double size) const { return insideLimits(0, size); }
     double bottomFrameInsideLimits(double size) const { return insideLimits(1, size); }
 
-    // Return true.
+    // Always return true.
     bool collapseTopView(Foundation::SplitView &splitView) const;
     bool expandToMinTopView(Foundation::SplitView &splitView) const;
     bool toggleCollapseTopView(Foundation::SplitView &splitView) const;
 
-    // Return the size of the bottom pane before the change, and store the frame that the split view has
-    // after it.
+    // Return the size of the bottom pane before the change, and store the frame of the split view after it.
     double collapseBottomView(Foundation::SplitView &splitView,
                               Foundation::Rect *splitViewPreviousFrame) const;
     double expandToMinBottomView(Foundation::SplitView &splitView,
                                  Foundation::Rect *splitViewPreviousFrame) const;
     double toggleCollapseExpandBottomView(Foundation::SplitView &splitView) const;
 
-    // With the size and the frame that collapsing gave. Return the size applied, or what collapsing returns.
+    // Restore the size and frame that collapsing returned. Return the applied size; the toggle returns the
+    // result of collapsing if it collapses.
     double expandBottomView(Foundation::SplitView &splitView, double toVal,
                             Foundation::Rect *splitViewPreviousFrame) const;
     double toggleCollapseExpandBottomView(Foundation::SplitView &splitView, double toVal,

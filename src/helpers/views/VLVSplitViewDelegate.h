@@ -2,7 +2,8 @@
 
 #include "helpers/views/SplitViewRule.h"
 
-// Rule of two panes side by side: left and right. Sizes are widths. See SplitViewRule.
+// The rule of two panes side by side. Sizes are widths. See SplitViewRule. Prescribed; most operations have
+// no caller yet.
 class VLVSplitViewDelegate : public SplitViewRule<qint32>
 {
 public:
@@ -26,17 +27,16 @@ public:
     qint32 leftFrameInsideLimits(qint32 size) const { return qint32(insideLimits(0, size)); }
     qint32 rightFrameInsideLimits(qint32 size) const { return qint32(insideLimits(1, size)); }
 
-    // Has the view adjust its panes afterwards, unlike its twin.
+    // Unlike VLHSplitViewDelegate, also calls adjustSubviews() of the view.
     void resizeSubviewsWithOldSize(Foundation::SplitView &splitView,
                                    const Foundation::Size &oldSize) const override;
 
-    // Return true.
+    // Always return true.
     bool collapseLeftView(Foundation::SplitView &splitView) const;
     bool expandToMinLeftView(Foundation::SplitView &splitView) const;
     bool toggleCollapseLeftView(Foundation::SplitView &splitView) const;
 
-    // Return the size of the right pane before the change, and store the frame that the split view has
-    // after it.
+    // Return the size of the right pane before the change, and store the frame of the split view after it.
     double collapseRightView(Foundation::SplitView &splitView,
                              Foundation::Rect *splitViewPreviousFrame) const;
     double expandToMinRightView(Foundation::SplitView &splitView,
@@ -45,7 +45,8 @@ public:
     // Returns true.
     bool toggleCollapseExpandRightView(Foundation::SplitView &splitView) const;
 
-    // With the size and the frame that collapsing gave. Return the size applied, or what collapsing returns.
+    // Restore the size and frame that collapsing returned. Return the applied size; the toggle returns the
+    // result of collapsing if it collapses.
     double expandRightView(Foundation::SplitView &splitView, double toVal,
                            Foundation::Rect *splitViewPreviousFrame) const;
     double toggleCollapseExpandRightView(Foundation::SplitView &splitView, double toVal,
