@@ -5,27 +5,28 @@
 
 #include <QString>
 
-// What the list, the categories and the commands on records need of the document that they belong to.
+// What the list, the categories and the commands on records need from their document. MyDocument implements
+// it.
 class BrowseHost
 {
 public:
     virtual ~BrowseHost() = default;
 
     virtual bool isDecrypted() const = 0;
-    // 0 for a change done, as Foundation::Document::ChangeType.
+    // `change` is a Foundation::Document::ChangeType; 0 marks the document as edited.
     virtual void updateChangeCount(int change) = 0;
     virtual Foundation::UndoManager &undoManager() = 0;
     virtual void switchToEditMode() = 0;
-    // Null without a window.
+    // Null if the document has no window.
     virtual BrowseWindow *browseWindow() = 0;
-    // Asks for a password of the document, with its own sheet.
+    // Opens the sheet that asks for a new password of the document.
     virtual void askForDocumentPassword() = 0;
 
-    // The content of the search field.
+    // The text of the search field.
     virtual QString searchText() const = 0;
     virtual void setSearchText(const QString &text) = 0;
-    // The document's own note of the category shown, for check marks; the list has its filter.
+    // Stores the name of the shown category for the check marks of the menus. Does not filter the list.
     virtual void setCategoryString(const QString &category) = 0;
-    // The strip that tells which filter is in force.
+    // Shows or hides the strip that says which filter is active.
     virtual void showSearchInfoView(bool shown) = 0;
 };

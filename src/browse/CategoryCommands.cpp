@@ -57,7 +57,7 @@ void CategoryCommands::addNewCategory(const ActionSender &sender)
 {
     m_categories.addDefault(sender);
     m_host.updateChangeCount(0);
-    // Behind the current event: the table has its new row then.
+    // After the current event, when the table has its new row.
     Services::shared().mainQueue().addOperation([commands = QPointer(this), sender] {
         if (commands)
             commands->scrollCategoryViewToBottom(sender);

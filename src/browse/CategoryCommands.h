@@ -2,9 +2,9 @@
 
 #include "browse/FilteringArrayController.h"
 
-// The commands on the categories of a document: their sheet, the pop-up that filters by one, the choice for
-// the selected record, and the redraw of whatever shows a category's name or colours. None can be undone.
-// Takes part in the responder chain of its document.
+// The commands on the categories of a document: their sheet, the pop-up that filters the list by category,
+// the choice of a category for the selected record, and the redraw of everything that shows the name or the
+// colours of a category. None of them can be undone. A responder of the document.
 class CategoryCommands : public QObject
 {
     Q_OBJECT
@@ -14,16 +14,18 @@ public:
     using Category = Foundation::ArrayController::Object;
 
     static const QString CategorySheet;
-    // The second item of the pop-up, compared by its title; an interface file provides it and a title item.
+    // The title of the second item of the filtering pop-up. The interface file provides the first two items:
+    // a title item and this one.
     static const QString ShowAllTitle;
 
-    // None is owned; all outlive the commands. `forMenu` shows the same categories in the order in which they
-    // stand in the pop-up of the record form.
+    // The arguments are not owned and must outlive this object. `forMenu` has the same categories in the
+    // order of the pop-up of the record form.
     CategoryCommands(BrowseHost &host, FilteringArrayController &records,
                      VLColoredCategoryArrayController &categories, Foundation::ArrayController &forMenu,
                      QObject *parent = nullptr);
 
-    // The order of the categories. Nothing sets one so far: they stand as they were made.
+    // The sort order of the categories. Without one, they have the order in which they were made. Prescribed;
+    // no caller yet.
     const std::vector<Foundation::SortDescriptor> &categoryDescriptor() const { return m_categoryDescriptor; }
     void setCategoryDescriptor(std::vector<Foundation::SortDescriptor> descriptors);
 
@@ -31,29 +33,32 @@ public:
     Q_INVOKABLE void closeCategoriesSheet(const Foundation::ActionSender &sender);
     Q_INVOKABLE void scrollCategoryViewToBottom(const Foundation::ActionSender &sender);
     Q_INVOKABLE void addNewCategory(const Foundation::ActionSender &sender);
-    // Asks nothing, looks at no count and does not mark the document as edited. Records keep a category that
-    // was removed, and go on showing it, until the document is next decrypted.
+    // Removes the selected category. Required: it does not ask, does not check whether the category is in
+    // use, and does not mark the document as edited. Records keep a removed category and show it until the
+    // document is deciphered the next time.
     Q_INVOKABLE void removeCategory(const Foundation::ActionSender &sender);
 
-    // The category pop-up of the record form. An item that is not there is ignored.
+    // Action of the category pop-up in the record form: assigns the category of the selected item. Ignores an
+    // index without a category.
     Q_INVOKABLE void categoryWasSet(const Foundation::ActionSender &sender);
     void executePostCategorySet(const Category &category);
 
-    // An item of the filtering pop-up: its title is the filter. The selection is left alone, and so is the
-    // document's own note of the category shown, so that the check mark stays at the item that shows all.
+    // Action of an item of the filtering pop-up: filters by the title of the item. Required: does not call
+    // setCategoryString() of the host, so that the check mark stays at the item that shows all.
     Q_INVOKABLE void doSelectCatMenu(const Foundation::ActionSender &sender);
     Q_INVOKABLE void showAllCategory(const Foundation::ActionSender &sender);
     Q_INVOKABLE void showAllAndResetFilter(const Foundation::ActionSender &sender);
-    // Does nothing; a target for interface files.
+    // Does nothing. Prescribed; no caller yet.
     Q_INVOKABLE void showOnlySpecificCategory(const Foundation::ActionSender &sender);
-    // Fills the filtering pop-up anew behind its first two items.
+    // Replaces the items of the filtering pop-up after its first two.
     Q_INVOKABLE void synkCategorySubMenu(const Foundation::ActionSender &sender);
     Q_INVOKABLE void setUpCategorySubMenu(const Foundation::ActionSender &sender);
 
-    // A name or colour of a category changed: redraws what shows it and marks the document as edited.
+    // Must be called when the name or a colour of a category has changed. Redraws what shows it and marks the
+    // document as edited.
     void synkNotesWithCategory();
-    // The colour panel is one for all, and so every open document is marked as edited by any change in it,
-    // locked ones too.
+    // The colour panel has another colour. All documents share one panel, so every open document is marked as
+    // edited, also locked ones.
     Q_INVOKABLE void colorChanged(const Foundation::ActionSender &sender);
 
 private:

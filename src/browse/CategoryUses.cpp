@@ -10,7 +10,7 @@ CategoryUses::CategoryUses(ArrayController &records, ArrayController &categories
     , m_categories(categories)
 {
     connect(&records, &ArrayController::arrangedObjectsChanged, this, [this] {
-        m_changeStamp = 0; // Records may have come or gone, which changes none of them.
+        m_changeStamp = 0; // Adding or removing records changes the stamp of no dictionary.
         Q_EMIT changed();
     });
     connect(&categories, &ArrayController::selectionChanged, this, &CategoryUses::changed);

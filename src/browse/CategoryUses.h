@@ -4,21 +4,20 @@
 
 #include <unordered_map>
 
-// How many contacts have a category, counted by their references to it: what the user is shown, and what
-// decides whether a category may go. The number stored in a category, `cat_howManyUsingThis`, moves by rules
-// of its own and is off by some until the document is next decrypted. Counting takes one walk over the
-// contacts after any change.
+// Counts how many contacts refer to a category. The user sees this number, and it decides whether a category
+// may be removed. It differs from the stored number `cat_howManyUsingThis`, which changes by prescribed rules
+// and is exact only after deciphering. After any change, the next question takes one pass over all contacts.
 class CategoryUses : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(bool isSelectionUsed READ isSelectionUsed NOTIFY changed)
 
 public:
-    // Neither is owned; both outlive this.
+    // The arguments are not owned and must outlive this object.
     CategoryUses(Foundation::ArrayController &records, Foundation::ArrayController &categories);
 
     int usesOf(const Foundation::Dictionary &category);
-    // Whether any contact has the selected category. False without one.
+    // Whether any contact has the first selected category. False if none is selected.
     bool isSelectionUsed();
 
 Q_SIGNALS:
@@ -30,5 +29,5 @@ private:
     Foundation::ArrayController &m_records;
     Foundation::ArrayController &m_categories;
     std::unordered_map<const Foundation::RefCounted *, int> m_uses;
-    quint64 m_changeStamp = 0; // of the last count; 0 for none
+    quint64 m_changeStamp = 0; // of the last count; 0 forces a new count
 };

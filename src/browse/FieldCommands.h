@@ -7,8 +7,8 @@
 
 #include <optional>
 
-// Opens what stands in a field of the selected contact, an address of the web or of mail, in the program
-// meant for it. Nothing is said where nothing opens. Takes part in the responder chain of its document.
+// Opens the web or mail address in a field of the selected contact. If nothing opens, the user is not told. A
+// responder of the document.
 class FieldCommands : public QObject
 {
     Q_OBJECT
@@ -17,20 +17,20 @@ public:
     static constexpr int FirstFieldTag = 1;
     static constexpr int LastFieldTag = 15;
 
-    // Not owned; outlives the commands.
+    // `records` is not owned and must outlive this object.
     explicit FieldCommands(FilteringArrayController &records, QObject *parent = nullptr)
         : QObject(parent)
         , m_records(records)
     {
     }
 
-    // The field with that tag, which is also the number of its open flag among the captions; nothing for any
-    // other tag.
+    // The field with that tag. The tag is also the number of the flag ("open01" and so on) that makes the
+    // field a link. Nothing for an unknown tag.
     static std::optional<Foundation::Key> fieldOfTag(int tag);
 
-    // The field of the sender's tag. An empty field, or no such tag, opens nothing.
+    // Opens the field with the tag of the sender. An empty field and an unknown tag open nothing.
     Q_INVOKABLE void openField(const Foundation::ActionSender &sender);
-    // These ask for nothing: an empty field goes on as an address too.
+    // These open an empty field too, as an empty address. Prescribed; no caller yet.
     Q_INVOKABLE void openUrlWebWork(const Foundation::ActionSender &sender);
     Q_INVOKABLE void openUrlWebPersonal(const Foundation::ActionSender &sender);
 

@@ -16,7 +16,7 @@ using Foundation::Value;
 namespace
 {
 
-// Whether a category bears a name, whatever the case of both. Most of many questions are after the same few
+// Whether a category has a name, ignoring case. Caches the answers, because most records have one of a few
 // categories.
 class CategoryNameFilter
 {
@@ -63,7 +63,7 @@ FilteringArrayController::FilteringArrayController(BrowseHost &host,
 void FilteringArrayController::moveUses(const Object &category, qint32 amount)
 {
     const qint32 uses = category->value(CategoryKey::cat_howManyUsingThis).intValue();
-    // Wraps rather than overflows: a damaged file may hold any number.
+    // Wraps around instead of overflowing, because a damaged file may contain any number.
     category->setValue(CategoryKey::cat_howManyUsingThis, Value(qint32(quint32(uses) + quint32(amount))));
 }
 
@@ -160,7 +160,7 @@ FilteringArrayController::Positions FilteringArrayController::arrangedPositions(
         m_newObj = nullptr;
         return sorted(records, std::move(shown));
     }
-    // Behind an empty text of the category the sentence begins with a blank; it is the same one sentence.
+    // Required: if the text for the category is empty, the sentence begins with a blank.
     const QString display =
         m_categoryString.isEmpty() ? tr("%1 search string \"%2\"") : tr("%1 and search string \"%2\"");
     setUsedFilterDisplay(display.arg(m_usedFilterDisplay, m_searchString));

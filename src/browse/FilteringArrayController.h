@@ -6,9 +6,8 @@
 #include "browse/VLColoredCategoryArrayController.h"
 #include "platform/Actions.h"
 
-// The record list of one document: narrowed to the records of one category and to those that hold a text, and
-// the one place where records are made, copied and removed, so that the counts of uses of the categories keep
-// step as far as told at VLColoredCategoryArrayController.
+// The record list of one document. It filters by a category and by a text, and it makes, copies and removes
+// records, so that it can adjust the counts of uses of the categories (see VLColoredCategoryArrayController).
 class FilteringArrayController : public Foundation::ArrayController
 {
     Q_OBJECT
@@ -21,74 +20,76 @@ class FilteringArrayController : public Foundation::ArrayController
 public:
     using ActionSender = Foundation::ActionSender;
 
-    // Neither is owned; both outlive the controller.
+    // The arguments are not owned and must outlive the controller.
     FilteringArrayController(BrowseHost &host, VLColoredCategoryArrayController &categories,
                              QObject *parent = nullptr);
 
-    // The name of the category to show, whatever its case, and the text to search for, as told at SearchText;
-    // null or empty for no filter. A new one counts from the next arrangement on.
+    // The name of the category to show, ignoring case, and the text to search for (see SearchText). Null or
+    // empty for no filter. A new filter takes effect at the next rearrangement.
     const QString &categoryString() const { return m_categoryString; }
     void setCategoryString(const QString &category);
     const QString &searchString() const { return m_searchString; }
     void setSearchString(const QString &text);
-    // What the user is told of the filters in force, and whether any is; every arrangement sets them.
+    // The description of the active filters for the user, and whether any filter is active. Every
+    // rearrangement sets both.
     const QString &usedFilterDisplay() const { return m_usedFilterDisplay; }
     void setUsedFilterDisplay(const QString &text);
     bool filterInAction() const { return m_filterInAction; }
     void setFilterInAction(bool inAction);
 
-    // A record that both filters let through once. Nothing fills the slot so far: it is there so that a fresh
-    // record can stay in sight.
+    // A record that passes both filters once, so that a new record can stay visible. Prescribed; no caller
+    // yet.
     const Object &newObj() const { return m_newObj; }
     void setNewObj(const Object &record) { m_newObj = record; }
 
-    // The records that pass the first filter, in the order of the sort descriptors; arrangeObjects() gives
-    // those that pass both.
+    // The records that pass the category filter, in the order of the sort descriptors. Prescribed; no caller
+    // yet.
     Objects filterObjectsByCategory(const Objects &records);
     void updateFilterInAction();
-    // Takes the text of the document's search field and selects the first record found.
+    // Filters by the text of the document's search field and selects the first record.
     Q_INVOKABLE void search(const Foundation::ActionSender &sender);
-    // Does ahead of the first search what would make it slower than those behind it.
+    // Builds the search index, so that the first search is as fast as the following ones.
     void prepareSearch() { m_index.prepare(contentObjects()); }
 
-    // A record of nineteen keys in the category of catToAssignToNewObject(), which it counts in. Null if
-    // there is no category left.
+    // A new record with nineteen keys in the category of catToAssignToNewObject(), whose count of uses is
+    // increased. Null if there is no category.
     Object newObject() override;
-    // The category of the last selected record; without a selection, or where that record has none, the last
-    // category. Null without any.
+    // The category of the last selected record. Without a selection, or if that record has none, the last
+    // category of the list. Null if there are no categories.
     Object catToAssignToNewObject() const;
-    // Behind the first selected record. Counts nothing in: the record has its category already.
+    // Inserts a record after the first selected one. Does not change the count of its category.
     void addObjectAfterSelection(const Object &record);
-    // A copy made now, which shares all values and has no `usageCount`.
+    // A copy with the current time as creation date. It shares all other values and has no `usageCount`.
     static Object duplicateRecord(const Object &record);
-    // Of the first selected record; null without a selection.
+    // A copy of the first selected record; null without a selection.
     Object duplicateSelection() const;
 
-    // Nothing at all happens to a record that is not shown.
+    // Required: does nothing if the record is not shown.
     void removeObject(const Object &record) override;
-    // Asks first, and then removes what is selected for good. The count goes down by the stored id of the
-    // first selected record: no change for one made since the document was opened, and that of the category
-    // it came with for one that was moved.
+    // Asks, and then removes the selected records; this cannot be undone. Required: decreases the count of
+    // the category with the stored id of the first selected record. So nothing is counted for a record that
+    // was made after the document was opened, and the former category is counted for a record that was moved.
     Q_INVOKABLE void remove(const Foundation::ActionSender &sender);
-    // What follows the answer; the same for the older form of the sheet, which gives it back with the sender.
+    // Handles the answer to that question.
     void didEndDeleteRecord(int returnCode, const Foundation::ActionSender &sender);
 
-    // Takes the record out of the count of its category. False, and nothing moves, if that is no longer in
-    // the category list.
+    // Decreases the count of the record's category. Returns false and does nothing if the category is no
+    // longer in the list of categories.
     bool removeRecordFromCategory(const Object &record);
-    // False if the record has that very category already. Null stands for catToAssignToNewObject().
+    // Gives a record a category and adjusts both counts. Null means catToAssignToNewObject(). Returns false
+    // and does nothing if the record has that category already, or if there is none to assign.
     bool assignCategory(const Object &category, const Object &toRecord);
-    // For the record shown at selectionIndex(); nothing happens without a selection.
+    // Assigns the category to the record at selectionIndex(). Does nothing without a selection.
     void setCurrentObjectAccordingToCategory(const Object &category);
 
-    // Can be undone by the document's undo manager if several records are selected.
+    // If several records are selected, the change can be undone by the document's undo manager.
     void takeInputForSelection(const Foundation::Key &key, const Foundation::Value &value) override;
     SharedFieldEdits &sharedFieldEdits() { return m_sharedFieldEdits; }
 
-    // For records read from old files, which are not in the list: see adjustRecordsFromOldRelease.
+    // See adjustRecordsFromOldRelease(). `records` need not be in the list. Prescribed; no caller yet.
     void adjustFromOldRelease(Foundation::Array &records);
 
-    // A field of the form was typed into: every keystroke marks the document as edited.
+    // The user typed into a field of the form. Marks the document as edited.
     void controlTextDidChange();
 
 Q_SIGNALS:
@@ -101,10 +102,10 @@ protected:
 
 private:
     static void moveUses(const Object &category, qint32 amount);
-    // Ascending places in `records`.
+    // Return ascending positions in `records`.
     Positions positionsInCategory(const Objects &records);
     Positions positionsFound(const Objects &records, const Positions &shown);
-    // True once for the record in the slot.
+    // True once for the record that setNewObj() stored.
     bool passesThrough(const Object &record);
 
     BrowseHost &m_host;
@@ -116,6 +117,7 @@ private:
     Object m_newObj;
     SearchIndex m_index;
     SharedFieldEdits m_sharedFieldEdits;
-    // The category of each record. Kept alive by its record, as long as that does not change.
+    // The category of each record. The record keeps it alive until the record changes, and then the row is
+    // made again.
     Foundation::DerivedRows<const Foundation::Dictionary *> m_recordCategories;
 };

@@ -5,9 +5,8 @@
 
 #include <QObject>
 
-// The sheet in which the captions of a document's fields are edited. Its fields are bound to the captions
-// themselves, so that there is nothing to take over and nothing to cancel. Takes part in the responder chain
-// of its document.
+// The sheet that edits the captions of a document. Its fields are bound to the captions directly, so that
+// there is nothing to confirm or cancel. A responder of the document.
 class LabelCommands : public QObject
 {
     Q_OBJECT
@@ -15,7 +14,7 @@ class LabelCommands : public QObject
 public:
     static const QString LabelSheet;
 
-    // Not owned; outlives the commands.
+    // `host` is not owned and must outlive this object.
     explicit LabelCommands(BrowseHost &host, QObject *parent = nullptr)
         : QObject(parent)
         , m_host(host)
@@ -23,10 +22,10 @@ public:
     }
 
     Q_INVOKABLE void editLabelSheet(const Foundation::ActionSender &sender);
-    // Marks the document as edited, whether a caption was touched or not.
+    // Marks the document as edited, even if no caption was changed.
     Q_INVOKABLE void closeLabelSheet(const Foundation::ActionSender &sender);
-    // A field or switch of the sheet was changed, which marks the document as edited at once: the sheet may
-    // end without being closed.
+    // A field or switch of the sheet was changed. Marks the document as edited immediately, because a lock
+    // may end the sheet without closeLabelSheet().
     void captionDidChange() { m_host.updateChangeCount(0); }
 
 private:

@@ -23,7 +23,7 @@ void RecordCommands::addRow(const ActionSender &)
 {
     if (!m_host.isDecrypted())
         return;
-    // Without any category no record can be made, and nothing is said.
+    // Without any category no record can be made, and the user is not told.
     if (const Record record = m_records.newObject())
         addTheRecord(record);
 }
@@ -79,7 +79,7 @@ void RecordCommands::askToInsertPasswordBeforeAddingData(const ActionSender &)
     beginAlert(question, [this](int returnCode) {
         if (returnCode != Alert::FirstButtonReturn)
             return;
-        // The new sheet starts after this one has gone.
+        // The sheet can begin only after this alert has ended.
         Foundation::Services::shared().mainQueue().addOperation([commands = QPointer(this)] {
             if (commands)
                 commands->m_host.askForDocumentPassword();
@@ -137,8 +137,8 @@ void RecordCommands::addTheRecord(const Record &record)
 void RecordCommands::addTheRecordUndo(const Record &record)
 {
     recordInverse(&RecordCommands::addTheRecord, record, tr("Add Record"));
-    // A record that was made here has no stored id, so that this step moves nothing; it has always been
-    // first.
+    // Required as the first step, although it changes nothing for a record made in this session, which has no
+    // stored id.
     m_categories.incrementObjUsingThisInCategoryWithUniqueID(
         record->value(RecordKey::cat_uniqueID).longValue(), -1);
     m_records.removeObject(record);

@@ -4,9 +4,9 @@
 #include "browse/UndoneRecords.h"
 #include "platform/Actions.h"
 
-// The commands with which the user adds, duplicates and deletes records. Each change goes through a pair of
-// operations that record one another with the undo manager, so that undo and redo simply call the other half;
-// both halves mark the document as edited. Takes part in the responder chain of its document.
+// The commands that add, duplicate and delete records. Each change is a pair of inverse operations. Each
+// operation records the other with the undo manager and marks the document as edited, so that undo and redo
+// are calls of the other operation. A responder of the document.
 class RecordCommands : public QObject
 {
     Q_OBJECT
@@ -14,23 +14,25 @@ class RecordCommands : public QObject
 public:
     using Record = Foundation::ArrayController::Object;
 
-    // None is owned; all outlive the commands.
+    // The arguments are not owned and must outlive this object.
     RecordCommands(BrowseHost &host, FilteringArrayController &records,
                    VLColoredCategoryArrayController &categories, QObject *parent = nullptr);
 
-    // Adds a new record, or a copy of the first selected one behind it, unless the document is locked.
+    // Add a new record, or a copy of the first selected record after it. Do nothing while the document is
+    // locked.
     Q_INVOKABLE void addRow(const Foundation::ActionSender &sender);
     Q_INVOKABLE void duplicateRow(const Foundation::ActionSender &sender);
-    // Both ask first and then delete exactly one record, however many are selected: the last selected, and
-    // the first. The buttons of the two questions stand in opposite orders.
+    // Required: both ask and then delete exactly one record, however many are selected. deleteRow() deletes
+    // the last selected record, deleteRows() the first. The buttons of the two questions have opposite
+    // orders.
     Q_INVOKABLE void deleteRow(const Foundation::ActionSender &sender);
     Q_INVOKABLE void deleteRows(const Foundation::ActionSender &sender);
     bool deleteRowShouldBeEnabled(const Foundation::ActionSender &sender) const;
-    // For documents that are to get their first password only when there is something to protect.
+    // For documents that get their first password only when data is added. Prescribed; no caller yet.
     Q_INVOKABLE void askToInsertPasswordBeforeAddingData(const Foundation::ActionSender &sender);
-    // The company switch of the form changes the name in the table.
+    // Action of the company switch in the form: redraws the names in the table.
     Q_INVOKABLE void isACompanySwitched(const Foundation::ActionSender &sender);
-    // Do nothing; targets for interface files.
+    // Do nothing. Prescribed; no caller yet.
     Q_INVOKABLE void deleteContact(const Foundation::ActionSender &sender);
     Q_INVOKABLE void recordEdited(const Foundation::ActionSender &sender);
 
@@ -41,14 +43,15 @@ public:
     void deleteTheRecord(const Record &record);
     void deleteTheRecordUndo(const Record &record);
 
-    // The records that the undo stack holds, in place of which a decryption puts new ones.
+    // The records to which the undo stack refers.
     UndoneRecords &undoneRecords() { return m_undoneRecords; }
 
-    // A field of the form was typed into. Fields of tag 1 feed the name in the table.
+    // The user typed into a field of the form. Fields with tag 1 are part of the name, so the names in the
+    // table are redrawn.
     void controlTextDidChange(int tag);
 
 Q_SIGNALS:
-    // A record was added, anew or by redo. A filter may hide it.
+    // A record was added, by a command or by redo. A filter may hide it.
     void recordAdded(const Foundation::ArrayController::Object &record);
 
 private:
@@ -56,7 +59,7 @@ private:
     void recordInverse(Operation inverse, const Record &record, const QString &actionName);
     void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered);
     void redrawNames();
-    // Where a filter hid a record, its removal took nothing out, and redoing must not make it two.
+    // Redoing an addition must check this: if a filter hid the record, undoing did not remove it.
     bool isInContent(const Record &record);
 
     BrowseHost &m_host;

@@ -9,8 +9,8 @@ using Foundation::Value;
 QString displayedNameOfRecord(const Foundation::Dictionary &record)
 {
     const Value &company = record.value(RecordKey::company);
-    // Absent is not empty: a company without the key falls back to the person's name, one that was emptied
-    // shows an empty name.
+    // Required: a company without the key `company` is shown under the name of the person; a company with an
+    // empty `company` has an empty name.
     if (record.value(RecordKey::isCompany).boolValue() && !company.isNull())
         return displayText(company);
     return personNameOfRecord(record);

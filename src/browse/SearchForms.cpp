@@ -19,7 +19,7 @@ std::size_t bytesOf(const std::vector<Entry> &entries)
     return entries.size() * sizeof(Entry);
 }
 
-// Nothing in the memory of the forms is aligned.
+// The memory of the forms has no alignment, so entries are copied.
 template <class Entry>
 Entry entryAt(const char *entries, std::size_t index)
 {
@@ -28,7 +28,7 @@ Entry entryAt(const char *entries, std::size_t index)
     return entry;
 }
 
-// Goes along the length changes of a row.
+// Iterates over the length changes of a row.
 class ChangeCursor
 {
 public:
@@ -37,7 +37,7 @@ public:
         , m_count(count)
     {
     }
-    // To the first change that is not before a place in the forms. Gives the units lost on the way.
+    // Moves to the first change at or after `place` and returns the sum of the units of the skipped changes.
     qsizetype moveTo(std::size_t place)
     {
         qsizetype lost = 0;
@@ -82,7 +82,7 @@ void SearchForms::store(const Draft &draft, Row &row)
 {
     const std::size_t needed = draft.m_forms.size() + bytesOf(draft.m_changes) + bytesOf(draft.m_numbers);
     if (needed > row.capacity) {
-        // What grew once is being typed into, and grows on.
+        // A row that grew once is probably being typed into and will grow again.
         const std::size_t spare = row.capacity > 0 ? needed / 8 : 0;
         drop(row);
         row.begin = m_bytes.size() - BytesReadBehind;
@@ -139,7 +139,7 @@ bool SearchForms::isMatch(const Row &row, std::size_t occurrence, const Needle &
         }
         if (lostUnits == needle.lostUnits)
             return true;
-        // The first occurrence in a text decides: on to the next text.
+        // The first occurrence in a text decides, so continue with the next text.
         const auto *textEnd =
             static_cast<const char *>(std::memchr(begin + occurrence, TextEnd, row.length - occurrence));
         occurrence = find(row, std::size_t(textEnd - begin), needle.searchForm);

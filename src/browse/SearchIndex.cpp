@@ -15,12 +15,12 @@ using SearchText::Needle;
 namespace
 {
 
-// What the first records tell of the room that all will take.
+// The number of records from which the size of all forms is estimated.
 constexpr std::size_t SampleSize = 1024;
-// How many candidates ahead the memory is told what will be read: they lie apart from one another.
+// How many candidates ahead the memory is prefetched, because candidates are far apart in memory.
 constexpr std::size_t LookAhead = 16;
 
-// Tells the searched keys from others by a look at the address of their name.
+// A hash table of the addresses of the searched keys.
 class SearchedKeySet
 {
 public:
@@ -70,7 +70,8 @@ void SearchIndex::makeRow(const Dictionary &record, Row &row)
     for (const auto &entry : record.entries()) {
         if (!searched.contains(entry.key))
             continue;
-        // Values of other kinds, by another hand, are found by what is shown of them.
+        // A value that is no text, which another program wrote, is found by the text that a field shows for
+        // it.
         const Value shown = entry.value.isString() ? Value() : Value(displayText(entry.value));
         const TextView text = entry.value.isString() ? entry.value.text() : shown.text();
         if (text.size == 0)
@@ -80,7 +81,7 @@ void SearchIndex::makeRow(const Dictionary &record, Row &row)
         else
             m_draft.append(text);
     }
-    releaseShared(row); // After the new ones: mostly they are the same.
+    releaseShared(row); // After the new ones were stored, since most of them are the same.
     m_forms.store(m_draft, row);
 }
 
@@ -106,7 +107,7 @@ void SearchIndex::makeAllRows(const Objects &records)
         records,
         [&](const Dictionary &record, Row &row) {
             makeRow(record, row);
-            // Growing by halves would copy everything several times.
+            // Otherwise the growing memory would be copied several times.
             if (++made == SampleSize)
                 m_forms.reserve(m_forms.size() / SampleSize * records.size() * 21 / 20);
         },

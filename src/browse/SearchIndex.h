@@ -6,39 +6,40 @@
 
 #include <optional>
 
-// The text search over the records of one list: finds at once which records match, record for record as a
-// look into each of their fields would. Keeps the search forms of all fields of all records side by side,
-// which takes about as much memory as the texts themselves and 64 bytes a record, and follows every change
-// in the records by itself. A long text that several records share is kept and looked through once.
+// The text search over the records of one list. The result is the same as that of a search in each field of
+// each record. Stores the search forms of all searched fields, which takes about as much memory as the texts
+// themselves and 64 bytes for each record. prepare() and search() first update the index by the change stamps
+// of the records, so that no notifications are needed. A long text that several records share is stored and
+// searched once.
 //
-// While a needle only grows, only the records are looked at that could match before.
+// If the needle begins with the previous one, only the former candidates are examined.
 class SearchIndex
 {
 public:
     using Objects = std::vector<Foundation::Ref<Foundation::Dictionary>>;
     using Positions = std::vector<quint32>;
 
-    // The fields that are searched, in the order in which they are looked at.
+    // The searched fields. Their order has no effect.
     static const std::vector<Foundation::Key> &searchedKeys();
 
-    // Does ahead of a search what it would have to do first.
+    // Updates the index, which search() would otherwise do first.
     void prepare(const Objects &records);
-    // The places in `records`, ascending, of those in which a text holds `searchString`, which is not empty.
+    // The ascending positions of the records that contain `searchString`, which must not be empty.
     Positions search(const Objects &records, const QString &searchString);
 
-    // What the search forms take, for measurements.
+    // The memory of the index in bytes, for measurements.
     std::size_t bytesUsed() const;
 
 private:
     using Dictionary = Foundation::Dictionary;
-    // The forms of a record's own texts, with the numbers of its shared ones.
+    // The forms of the unshared texts of a record, and the numbers of its shared texts.
     using Row = SearchForms::Row;
 
-    // A record in which the needle may be found, and where its own forms hold it first.
+    // A record that may match, and the first occurrence of the needle in its own forms.
     struct Candidate
     {
         quint32 position;
-        std::size_t firstOccurrence; // the length of the forms if only shared texts hold it
+        std::size_t firstOccurrence; // the length of the forms if only shared texts contain it
     };
 
     void makeRow(const Dictionary &record, Row &row);
@@ -46,7 +47,7 @@ private:
     void dropRow(const Row &row);
     void releaseShared(const Row &row);
     Positions findMatches(const SearchText::Needle &needle);
-    // Whether one of the shared texts of a row is what `test` says.
+    // Whether `test` is true for the number of any shared text of the row.
     template <class Test>
     bool anyShared(const Row &row, Test test) const;
 
@@ -54,7 +55,7 @@ private:
     SearchForms m_forms;
     SharedSearchForms m_shared;
     SearchForms::Draft m_draft;
-    // Of the last search, as long as no record has changed.
+    // The last search, as long as no record has changed.
     std::optional<std::string> m_lastSearchForm;
     std::vector<Candidate> m_candidates;
 };

@@ -29,7 +29,7 @@ bool isHangulSyllable(char32_t c)
     return c >= 0xAC00 && c <= 0xD7A3;
 }
 
-// Whether `c` belongs to the composed character of what stands in front of it.
+// Whether `c` belongs to the same composed character as the preceding `previous`.
 bool continues(char32_t previous, char32_t c)
 {
     if (isJoiningVowel(c))
@@ -44,7 +44,7 @@ bool mayContinue(char32_t c)
     return QChar::isMark(c) || isJoiningVowel(c) || isJoiningTail(c);
 }
 
-// Lone surrogates come as they stand.
+// A lone surrogate is returned as it is.
 char32_t codePointAt(QStringView text, qsizetype index)
 {
     const QChar unit = text[index];
@@ -87,12 +87,12 @@ void appendUtf8(QStringView text, std::string &bytes)
     }
 }
 
-// The lower-case form of each character that keeps a text plain whatever stands beside it, and a sign for
-// the others.
+// The lower-case form of each UTF-16 unit that is a composed character independently of its neighbours, and
+// NotPlain for the others.
 class PlainLowerCase
 {
 public:
-    static constexpr char16_t NotPlain = 0xFFFF; // a noncharacter, which itself takes the long way
+    static constexpr char16_t NotPlain = 0xFFFF; // a noncharacter, which itself counts as not plain
 
     static const PlainLowerCase &table()
     {
@@ -125,8 +125,8 @@ private:
     std::array<char16_t, 0x10000> m_units;
 };
 
-// The search form of one composed character: of a whole text the library would compose some wrongly (a
-// syllable behind U+114BE).
+// The search form of one composed character. Composing whole texts with the library would give wrong results
+// for some (a syllable after U+114BE).
 struct ComposedForm
 {
     explicit ComposedForm(const QString &character)
@@ -146,7 +146,7 @@ struct ComposedForm
     Shape shape = Shape::Plain;
 };
 
-// Keeps the forms of the short ones met last: texts consist of the same few over and over again.
+// A cache of the forms of short composed characters, because texts repeat the same few.
 class ComposedForms
 {
 public:
@@ -155,7 +155,7 @@ public:
         static ComposedForms cache;
         return cache;
     }
-    // Valid until the next call.
+    // The result is valid until the next call.
     const ComposedForm &formOf(QStringView character)
     {
         quint64 units = 0;
@@ -171,7 +171,7 @@ public:
 private:
     struct Slot
     {
-        quint64 units = 0; // no character kept has this
+        quint64 units = 0; // no cached character has this value
         ComposedForm form{QString()};
     };
 
@@ -190,7 +190,7 @@ qsizetype endOfComposedCharacter(QStringView text, qsizetype begin)
     return end;
 }
 
-// Lower-casing looks beyond one composed character only for the sigma, which must not be in the text.
+// Lower case depends on other characters only for the capital sigma, which the text must not contain.
 Shape appendByCharacter(QStringView text, std::string &forms, std::vector<LengthChange> &changes)
 {
     const PlainLowerCase &lowerCase = PlainLowerCase::table();
@@ -206,7 +206,7 @@ Shape appendByCharacter(QStringView text, std::string &forms, std::vector<Length
         }
         const qsizetype end = endOfComposedCharacter(text, at);
         const ComposedForm &form = ComposedForms::cache().formOf(text.sliced(at, end - at));
-        // A tail may follow jamos without joining them, and would seem to join the syllable that they become.
+        // A trailing jamo may follow jamos without joining them, and would then seem to join their syllable.
         const bool seemsToContinue = at > 0 && mayContinue(codePointAt(text, at));
         if (form.lostUnits != 0 || seemsToContinue)
             changes.push_back({quint32(forms.size()), form.lostUnits});
@@ -232,7 +232,7 @@ bool isTrailByte(char byte)
     return (quint8(byte) & 0xC0) == 0x80;
 }
 
-// `at` points to the first byte of a character, which the form holds whole.
+// `at` must point to the first byte of a complete character.
 char32_t characterAt(const char *at)
 {
     const auto lead = quint8(*at);
@@ -249,8 +249,7 @@ char32_t characterAt(const char *at)
 
 QString lowerCase(const QString &text)
 {
-    // Only with a language does the library know the sigma at the end of a word, and leaves lone surrogates
-    // as they are.
+    // The library handles the final sigma, and keeps lone surrogates, only if a language is given.
     static const QLocale language(QLocale::English, QLocale::UnitedStates);
     return language.toLower(text);
 }

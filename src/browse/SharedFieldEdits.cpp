@@ -34,7 +34,8 @@ void SharedFieldEdits::record(const std::shared_ptr<Edit> &edit)
 {
     UndoManager &manager = m_host.undoManager();
     if (!std::exchange(m_followsUndoManager, true)) {
-        // Any other command ends the visit: what is typed after it is undone before it.
+        // Any other command ends the visit. Otherwise later input would be part of a step from before that
+        // command.
         connect(&manager, &UndoManager::changed, this, [this] {
             if (!m_isRecording)
                 endVisit();

@@ -5,25 +5,25 @@
 
 #include <memory>
 
-// Undo of values that were set in several selected records at once. What was typed for one record is undone
-// in its field; for several, the field has no text to go back to, and the document's undo manager keeps what
-// each record held. All that is typed in one visit of a field is one step.
+// Undo of values that were set in several selected records at once. Text that was typed for one record is
+// undone in its field. For several records the field has no single text to restore, so the undo manager of
+// the document stores the former value of each record. All input during one visit of a field is one step.
 //
-// Undo and redo leave records alone whose value was changed since, and those that are no longer in the list's
-// content. The records that they change get selected, as far as the list shows them.
+// Undo and redo skip records whose value was changed since, and records that are no longer in the content of
+// the list. They select the changed records that the list shows.
 class SharedFieldEdits : public QObject
 {
     Q_OBJECT
 
 public:
-    // Both outlive the edits; nothing is owned.
+    // The arguments are not owned and must outlive this object.
     SharedFieldEdits(BrowseHost &host, Foundation::ArrayController &records);
 
-    // The value is about to be set in all selected records.
+    // Must be called before a value is set in all selected records.
     void willSetValueOfSelection(const Foundation::Key &key, const Foundation::Value &value);
-    // What is set from now on is another step.
+    // Values that are set after this belong to another step.
     void endVisit() { m_current = nullptr; }
-    // A decryption made new objects of the records: the steps mean these from then on.
+    // Must be called when deciphering has replaced all records: the steps then refer to the new ones.
     void replaceRecords(const Foundation::Array &former, const Foundation::Array &present);
 
 private:
@@ -48,8 +48,8 @@ private:
 
     BrowseHost &m_host;
     Foundation::ArrayController &m_records;
-    std::vector<std::weak_ptr<Edit>> m_edits; // of the undo manager's entries
-    std::shared_ptr<Edit> m_current;          // goes on with the next value that is set
+    std::vector<std::weak_ptr<Edit>> m_edits; // those that entries of the undo manager keep alive
+    std::shared_ptr<Edit> m_current; // the step that the next value extends; null if it begins a step
     bool m_isRecording = false;
     bool m_followsUndoManager = false;
 };

@@ -6,7 +6,7 @@ using Foundation::Value;
 
 bool SharedSearchForms::takes(const Value &value)
 {
-    // A number takes as much as a text of a few letters, and more time.
+    // For shorter texts the number takes as much memory as the form, and more time.
     constexpr qsizetype ShortestText = 32;
     const Foundation::RefCounted *shared = value.sharedObject();
     return shared && shared->hasSeveralOwners() && (!value.isString() || value.text().size >= ShortestText);

@@ -4,23 +4,24 @@
 
 #include <unordered_map>
 
-// The search forms of long texts that several records share, once for each text, however many records there
-// are. Keeps a text alive as long as it is used, so that its address stands for it.
+// The search forms of long texts that several records share: one form for each text. Keeps a text alive as
+// long as it is in use, so that its address identifies it.
 class SharedSearchForms
 {
 public:
-    // Whether that is worth it.
+    // Whether a value is shared and long enough to be stored here.
     static bool takes(const Foundation::Value &value);
 
-    // The number of a value that is taken, which counts as used once more.
+    // Returns the number of a value for which takes() is true, and increases its count of uses.
     quint32 use(const Foundation::Value &value, const Foundation::TextView &text);
-    // Counts it as used once less.
+    // Decreases the count of uses. At 0 the number is free.
     void release(quint32 number);
     void clear();
 
-    // Before mayMatch() and isMatch(). Looks only at what could match before if the needle only grew.
+    // Must be called before mayMatch() and isMatch(). `onlyGrew` says that the needle begins with the
+    // previous one; only former candidates are examined then.
     void search(const SearchText::Needle &needle, bool onlyGrew);
-    // The needle's search form lies in that of the text.
+    // Whether the search form of the text contains that of the needle.
     bool mayMatch(quint32 number) const { return m_texts[number].occurrence < m_texts[number].row.length; }
     bool isMatch(quint32 number) const { return m_texts[number].isMatch; }
 
@@ -30,7 +31,7 @@ private:
     struct SharedText
     {
         Foundation::Value value;
-        SearchForms forms; // of this text alone, so that it goes with it
+        SearchForms forms; // for this text alone, so that its memory is released with it
         SearchForms::Row row;
         std::size_t uses = 0;
         std::size_t occurrence = 0;

@@ -6,20 +6,21 @@
 #include <memory>
 #include <vector>
 
-// The records that entries of an undo stack hold. Deciphering makes new objects of all records and categories
-// while the stack keeps its entries, which from then on mean the new objects: undo and redo then work on what
-// the list shows, and never bring a record a second time or with a category that is not in the list.
+// The records to which the entries of an undo stack refer. Deciphering makes new objects for all records and
+// categories, but the stack keeps its entries. These handles let the entries refer to the new objects, so
+// that undo and redo change what the list shows, never add a record twice and never add one with a category
+// that is not in the list.
 class UndoneRecords
 {
 public:
     using Record = Foundation::Ref<Foundation::Dictionary>;
-    // What an entry keeps; reads as the record that it means at present.
+    // Refers to the present object of a record. An entry keeps a handle.
     using Handle = std::shared_ptr<const Record>;
 
     Handle hold(const Record &record);
-    // `records` and `categories` hold in place of each object of `formerRecords` a new one. A record that
-    // stands in neither, a deleted one, keeps its object and gets its category of those now there by its id,
-    // the first one where the id is unknown, as records do when they are read.
+    // Replaces each record of `formerRecords` by the one at the same position of `records`. A deleted record,
+    // which is in neither, keeps its object and gets its category from `categories` by its id, or the first
+    // category if the id is unknown, as at reading.
     void replace(const Foundation::Array &formerRecords, const Foundation::Array &records,
                  const Foundation::Array &categories);
 

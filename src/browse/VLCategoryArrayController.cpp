@@ -24,7 +24,7 @@ bool VLCategoryArrayController::testForUnusedString(const QString &text, const K
 
 QString VLCategoryArrayController::unusedCategoryNameWithPostfix(const QString &word) const
 {
-    // The names at once, so that a long list does not make a long walk of every try.
+    // Collects the names first, so that each try takes constant time.
     QSet<QString> taken;
     for (const Object &row : arrangedObjects())
         taken.insert(Foundation::displayText(row->value(CategoryKey::cat_category)));

@@ -3,7 +3,7 @@
 #include "lists/ArrayController.h"
 #include "platform/Actions.h"
 
-// List of named rows, whatever they are: finds names that are still free.
+// A list of rows with names. It finds unused names.
 class VLCategoryArrayController : public Foundation::ArrayController
 {
     Q_OBJECT
@@ -11,16 +11,16 @@ class VLCategoryArrayController : public Foundation::ArrayController
 public:
     using ArrayController::ArrayController;
 
-    // True if no row shown has exactly that text under the key.
+    // True if no shown row has exactly that text under the key. Prescribed; no caller yet.
     bool testForUnusedString(const QString &text, const Foundation::Key &forKey) const;
-    // The word, or the word with the first free number from 1 up behind a blank. After 31999 tries the last
-    // one is given, free or not.
+    // `word` if no row has that name, otherwise `word`, a blank and the first free number from 1 on.
+    // Required: after 31999 tries the last name is returned, even if it is in use.
     QString unusedCategoryNameWithPostfix(const QString &word) const;
 
     Object newObject() override;
     // The last row of the content, or null.
     Object getLastCategory() const;
 
-    // Removes the selected rows without a question.
+    // Removes the selected rows without asking.
     Q_INVOKABLE void remove(const Foundation::ActionSender &) { removeSelectedObjects(); }
 };

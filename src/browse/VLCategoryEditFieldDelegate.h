@@ -2,12 +2,12 @@
 
 #include "browse/CategoryCommands.h"
 
-// Follows the field of a category's name: every keystroke redraws what shows the name and marks the document
-// as edited.
+// Handles typing into the field for the name of a category: redraws what shows the name and marks the
+// document as edited.
 class VLCategoryEditFieldDelegate
 {
 public:
-    // Neither is owned; both outlive the delegate.
+    // The arguments are not owned and must outlive the delegate.
     VLCategoryEditFieldDelegate(BrowseHost &host, CategoryCommands &commands)
         : m_host(host)
         , m_commands(commands)
