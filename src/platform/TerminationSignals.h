@@ -8,7 +8,8 @@ namespace Foundation
 {
 
 // Sends terminationRequested(), from the event loop, when the process receives SIGTERM, SIGHUP or SIGINT. A
-// second such signal ends the process immediately. Only one object of this class may exist at a time.
+// second signal of the same kind ends the process immediately. Only one object of this class may exist at a
+// time.
 class TerminationSignals : public QObject
 {
     Q_OBJECT

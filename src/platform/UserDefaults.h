@@ -25,6 +25,7 @@ public:
     int integerForKey(const QString &key) const { return value(key).toInt(); }
     // An invalid value removes the key.
     void setValue(const QString &key, const QVariant &value);
+    // Writes all changes to the file now. Prescribed; no caller yet.
     void synchronize();
 
 private:
