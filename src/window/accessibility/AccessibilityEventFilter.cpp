@@ -10,7 +10,7 @@ namespace
 
 void filterEvent(QAccessibleEvent *event);
 
-// An installed handler replaces the toolkit's own way to the bridge, which has no public name.
+// An installed handler replaces the call of the bridge by the toolkit, which has no public name.
 void passOn(QAccessibleEvent *event)
 {
     QAccessible::installUpdateHandler(nullptr);

@@ -4,22 +4,20 @@ class QAccessibleEvent;
 
 // Decides which accessibility events leave the process.
 //
-// - Text events of a password field, and of any other field that does not show its text, are dropped: the
-// toolkit sends
-//   the real characters.
-// - Text events of widgets that are not on the screen are dropped: the fields of a locked document are
-// emptied after it
-//   has been locked.
-// - An item view sends Focus events for its current index although another control has the focus. These are
-// dropped.
-//   One that has the focus sends the Focus event of the cell that AccessibleTable::focusChild() gives, in
-//   place of its own: screen readers then say the row.
+// - Text events of a password field, and of any other field that does not show its text, are dropped, because
+//   the toolkit sends the real characters.
+// - Text events of widgets that are not on the screen are dropped, because the fields of a locked document
+// are
+//   emptied after it was locked.
+// - Item views send Focus events for their current index even when another control has the focus. These are
+//   dropped. If the view has the focus, an event for the cell from AccessibleTable::focusChild() is sent in
+//   its place, so that screen readers say the row.
 //
-// Everything else goes on unchanged.
+// All other events pass unchanged.
 namespace AccessibilityEventFilter
 {
 
-// Replaces an update handler that is installed.
+// Installs the filter in place of the current update handler.
 void install();
 
 } // namespace AccessibilityEventFilter

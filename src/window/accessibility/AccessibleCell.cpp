@@ -91,7 +91,7 @@ bool AccessibleCell::isSelected() const
 
 QList<QAccessibleInterface *> AccessibleCell::columnHeaderCells() const
 {
-    // The first row of children is the horizontal header; a list has none.
+    // The first row of children is the horizontal header, which a list does not have.
     QAccessibleInterface *head = nullptr;
     if (isValid() && m_table.role() != QAccessible::List) {
         const int firstHead = m_table.role() == QAccessible::Table ? 1 : 0;
@@ -122,7 +122,7 @@ void AccessibleCell::doAction(const QString &name)
 {
     if (!isValid() || name != toggleAction())
         return;
-    // What follows a selection may delete this cell, so that nothing may come after the call.
+    // Must be the last statement, because selecting a row may delete this cell.
     auto &table = const_cast<AccessibleTable &>(m_table);
     if (isSelected())
         table.unselectRow(rowIndex());

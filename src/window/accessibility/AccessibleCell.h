@@ -4,8 +4,9 @@
 
 #include <QPersistentModelIndex>
 
-// A cell of an AccessibleTable. Its name is the text that the model has for assistive technology, or else the
-// text shown. It is invalid once its row has gone, and then answers everything with nothing.
+// A cell of an AccessibleTable. Its name is the model's text for assistive technology, or else the shown
+// text. The cell becomes invalid when its row is removed, and then has no text, no position and no parent
+// index.
 class AccessibleCell : public QAccessibleInterface,
                        public QAccessibleTableCellInterface,
                        public QAccessibleActionInterface
@@ -34,7 +35,7 @@ public:
     bool isSelected() const override;
     QList<QAccessibleInterface *> columnHeaderCells() const override;
     QList<QAccessibleInterface *> rowHeaderCells() const override { return {}; }
-    // -1 for an invalid cell.
+    // Both are -1 for an invalid cell.
     int columnIndex() const override;
     int rowIndex() const override;
     int columnExtent() const override { return isValid() ? 1 : 0; }

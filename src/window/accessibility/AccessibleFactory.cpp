@@ -17,7 +17,8 @@
 namespace
 {
 
-// Called for the object's own class first, and for its base classes only if that gives nothing.
+// The toolkit calls this for the class of the object first, and for its base classes only if the result was
+// null.
 QAccessibleInterface *newInterface(const QString &, QObject *object)
 {
     if (qobject_cast<QTableView *>(object) || qobject_cast<QListView *>(object) ||

@@ -6,15 +6,15 @@
 namespace
 {
 
-// Part of a text, from `start` to before `end`; -1 for none.
+// A part of a text, from `start` up to but not including `end`; -1 for none.
 struct Span
 {
     int start = -1;
     int end = -1;
 };
 
-// The character, word or sentence at a position; all of the text for lines and paragraphs, of which it has
-// one. At the end of the text it is the last word or sentence, and no character. None beyond the text.
+// The character, word or sentence at a position, or the whole text for lines and paragraphs. At the end of
+// the text, this is the last word or sentence, but no character. None beyond the text.
 Span spanAt(const QString &text, int offset, QAccessible::TextBoundaryType type)
 {
     const int length = int(text.size());
@@ -120,7 +120,7 @@ QString AccessibleField::textBeforeOffset(int offset, QAccessible::TextBoundaryT
     (void)textAtOffset(offset, type, start, end);
     const bool isAfterLastCharacter = *start < 0 && offset == characterCount();
     const int before = isAfterLastCharacter ? offset - 1 : *start - 1;
-    return textAtOffset(before < 0 ? -2 : before, type, start, end); // -1 would be the end
+    return textAtOffset(before < 0 ? -2 : before, type, start, end); // -1 would mean the end of the text
 }
 
 QString AccessibleField::textAfterOffset(int offset, QAccessible::TextBoundaryType type, int *start,
@@ -175,8 +175,8 @@ QRect AccessibleField::characterRect(int offset) const
 {
     if (offset < 0 || offset >= characterCount())
         return {};
-    const QString shown = field()->displayText(); // as long as the text, also where it shows none of it
-    // The field tells the place of its cursor alone; from there the width of the text between leads on.
+    const QString shown = field()->displayText(); // has the length of the text, even if it is masked
+    // The field only provides the rectangle of its cursor, so the width of the text between is added.
     const QRect cursor = field()->inputMethodQuery(Qt::ImCursorRectangle).toRect();
     const int at = field()->cursorPosition();
     const QFontMetrics metrics = field()->fontMetrics();
@@ -221,5 +221,5 @@ void AccessibleField::replaceText(int start, int end, const QString &text)
     if (!field() || !field()->isEnabled() || field()->isReadOnly())
         return;
     setSelection(0, start, end);
-    field()->insert(text); // As if it were typed: it can be undone, and a validator may refuse it.
+    field()->insert(text); // Like typing: it can be undone, and a validator may refuse it.
 }

@@ -4,16 +4,15 @@
 
 class QLineEdit;
 
-// A line of text for assistive technology, in place of the toolkit's class, which takes positions beyond the
-// text at their word: "insert at 2,147,483,647" fills the field with blanks up to there, until the memory is
-// used up. Here each position is cut to the text. Of a text that the field does not show only the length is
-// told.
+// The accessible class of a line of text. It replaces the class of the toolkit, which does not check
+// positions: "insert at 2,147,483,647" fills the field with blanks until the memory is used up. This class
+// limits each position to the text. If the field hides its text, only the length can be read.
 class AccessibleField : public QAccessibleWidget,
                         public QAccessibleTextInterface,
                         public QAccessibleEditableTextInterface
 {
 public:
-    // A line edit, or a widget with one inside.
+    // `widget` must be a line edit, or contain one.
     explicit AccessibleField(QWidget *widget, QAccessible::Role role = QAccessible::EditableText);
 
     QString text(QAccessible::Text kind) const override;
@@ -29,7 +28,8 @@ public:
     int cursorPosition() const override;
     void setCursorPosition(int position) override;
     QString text(int start, int end) const override;
-    // As spans without gaps; the toolkit's own never return for a word at the end of the text.
+    // Units follow each other without gaps. The implementations of the toolkit never return for a word at the
+    // end of the text.
     QString textBeforeOffset(int offset, QAccessible::TextBoundaryType type, int *start,
                              int *end) const override;
     QString textAfterOffset(int offset, QAccessible::TextBoundaryType type, int *start,
@@ -48,6 +48,6 @@ public:
 private:
     // Null while the field is being destroyed.
     QLineEdit *field() const;
-    // The text as far as the field shows it.
+    // The text as the field shows it, masked in a password field.
     QString shownText() const;
 };

@@ -4,7 +4,7 @@
 
 class QHeaderView;
 
-// The head of a column or a row of an AccessibleTable. Section -1 is the corner between the two headers.
+// A header of a column or row of an AccessibleTable. Section -1 is the corner between the two headers.
 class AccessibleHeaderCell : public QAccessibleInterface
 {
 public:

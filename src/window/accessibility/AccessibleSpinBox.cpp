@@ -21,7 +21,7 @@ void *AccessibleSpinBox::interface_cast(QAccessible::InterfaceType type)
 
 void AccessibleSpinBox::setCurrentValue(const QVariant &value)
 {
-    // A number that is none, or beyond the bounds, must not reach a conversion to int.
+    // NaN and numbers outside the bounds must not be converted to int.
     const double wanted = value.toDouble();
     const double minimum = minimumValue().toDouble();
     const double maximum = maximumValue().toDouble();

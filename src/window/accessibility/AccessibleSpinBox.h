@@ -4,19 +4,19 @@
 
 class QAbstractSpinBox;
 
-// A number field for assistive technology: the text of its AccessibleField, and its number as a value.
+// The accessible class of a number field: an AccessibleField that also has the number as a value.
 class AccessibleSpinBox : public AccessibleField, public QAccessibleValueInterface
 {
 public:
     explicit AccessibleSpinBox(QAbstractSpinBox *box);
 
-    // The line edit inside is no child: it is this field.
+    // The inner line edit is not a child, because this object represents it.
     int childCount() const override { return 0; }
     QAccessibleInterface *child(int) const override { return nullptr; }
     QAccessibleInterface *childAt(int, int) const override { return nullptr; }
     void *interface_cast(QAccessible::InterfaceType type) override;
 
-    // Invalid for a box of something else than a number.
+    // All values are invalid for a box that does not contain a number.
     QVariant currentValue() const override { return property("value"); }
     void setCurrentValue(const QVariant &value) override;
     QVariant maximumValue() const override { return property("maximum"); }

@@ -17,7 +17,7 @@ QAccessible::Role roleOfView(const QAbstractItemView *view)
     return qobject_cast<const QTreeView *>(view) ? QAccessible::Tree : QAccessible::Table;
 }
 
-// Null for a view whose rows are those of its model.
+// Returns null if the rows of the view are those of its model, so that it is no tree.
 const QTreeView *branchingTree(const QAbstractItemView *view)
 {
     const auto *tree = qobject_cast<const QTreeView *>(view);
@@ -200,7 +200,7 @@ QAccessibleInterface *AccessibleTable::member(int row, int column) const
     const auto *knownCell = dynamic_cast<const AccessibleCell *>(known);
     if (known && (!knownCell || knownCell->index() == index))
         return known;
-    if (known) // A sorted model keeps its rows but not their places.
+    if (known) // A sorted model keeps its rows, but at other positions.
         QAccessible::deleteAccessibleInterface(id);
     QAccessibleInterface *made = nullptr;
     if (row < 0 || column < 0) {

@@ -8,14 +8,14 @@ class AccessibleCell;
 class QAbstractItemModel;
 class QAbstractItemView;
 
-// A table, list or tree for assistive technology, in place of the toolkit's class, which gives a null cell
-// for a position outside the table. The bridge uses that null pointer, so that any program on the
-// accessibility bus could crash the application. Here any number may be asked for: cellAt() gives an invalid
-// cell in that case.
+// The accessible class of a table, list or tree. It replaces the class of the toolkit, which returns a null
+// cell for a position outside the table. The bridge uses that null pointer, so any program on the
+// accessibility bus could crash the application. In this class all positions are safe: cellAt() returns an
+// invalid cell for a position outside.
 //
-// Cells are made when they are asked for and die when rows come or go. The children are numbered as the
-// toolkit's views number them in their events: row by row, headers included, hidden ones too. The rows of a
-// tree are those that its expanded items show.
+// Cells are made on demand and deleted when rows are added or removed. Children have the numbers that the
+// views of the toolkit use in their events: row by row, including the headers, even hidden ones. The rows of
+// a tree are the visible items.
 class AccessibleTable : public QAccessibleWidget, public QAccessibleTableInterface
 {
 public:
@@ -26,11 +26,11 @@ public:
     QAbstractItemView *view() const;
     // Null without a view or a model.
     QAbstractItemModel *model() const;
-    // Invalid outside the table.
+    // Returns an invalid index for a position outside the table.
     QModelIndex indexOfCell(int row, int column) const;
     int rowOfIndex(const QModelIndex &index) const;
-    // The current cell while the view has the focus; the first of its row where whole rows are selected.
-    // Otherwise invalid.
+    // The current cell if the view has the focus, or the first cell of its row if the view selects whole
+    // rows. Otherwise an invalid index.
     QModelIndex focusIndex() const;
 
     QString text(QAccessible::Text kind) const override;
@@ -66,13 +66,13 @@ public:
 private:
     int headerRows() const;
     int headerColumns() const;
-    // A cell, or the header cell in row or column -1.
+    // The cell, or a header cell for row or column -1.
     QAccessibleInterface *member(int row, int column) const;
     void dropMembers();
     AccessibleCell *absentCell() const;
 
     mutable QHash<std::pair<int, int>, QAccessible::Id> m_members; // by row and column
-    // Registered with the toolkit as the others are, since the bridge keeps an interface that it has handed
-    // out. 0 until it is asked for.
+    // The invalid cell for positions outside. It is registered like the others, because the bridge keeps
+    // interfaces that it returned. 0 until it is needed.
     mutable QAccessible::Id m_absentCell = 0;
 };

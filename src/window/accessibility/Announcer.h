@@ -4,10 +4,10 @@
 
 #include <QWidget>
 
-// Says things through a screen reader: what changes away from the focus, which nothing would say otherwise.
+// Makes screen readers say a text. For changes away from the focus, which they would not say otherwise.
 //
-// An invisible child of its window, a notification to assistive technology. Screen readers speak its name
-// when it says that it is shown; they do not speak changed names, descriptions or labels.
+// An announcer is an invisible child of its window with the accessible role of a notification. Screen readers
+// say its name when it sends a Show event; they do not say changed names, descriptions or labels.
 class Announcer : public QWidget
 {
     Q_OBJECT
@@ -15,8 +15,8 @@ class Announcer : public QWidget
 public:
     explicit Announcer(QWidget *window);
 
-    // On a later turn, together with what else is said until then: a screen reader asks for the name some
-    // time after the event, and would miss a text that was replaced meanwhile.
+    // Says the text on a later turn of the event loop, together with other texts until then. A screen reader
+    // asks for the name some time after the event, so a text that is replaced too early would be lost.
     void say(const QString &text);
 
 private:

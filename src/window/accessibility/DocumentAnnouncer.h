@@ -3,15 +3,14 @@
 #include "lifecycle/MyDocument.h"
 #include "window/accessibility/Announcer.h"
 
-// Says for a document what its user cannot see: how many contacts a filter has found, once nothing more is
-// typed for a moment, and that the document was locked, unlocked or saved. A save without being asked is not
-// worth a word.
+// Announces changes of a document: how many contacts a filter shows, after a pause in typing, and that the
+// document was locked, unlocked or saved by command. Automatic saving is not announced.
 class DocumentAnnouncer : public QObject
 {
     Q_OBJECT
 
 public:
-    // Neither is owned; the document must outlive the parent of the announcer.
+    // The arguments are not owned. The document must outlive the parent of the announcer.
     DocumentAnnouncer(MyDocument *document, Announcer *announcer);
 
 private:

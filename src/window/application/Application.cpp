@@ -16,7 +16,8 @@ using Foundation::Services;
 
 static void loadResources()
 {
-    // A static library would lose them. The macro must stand outside any namespace.
+    // Explicit, because the linker drops resources of a static library. The macro must be outside any
+    // namespace.
     Q_INIT_RESOURCE(vexarel);
 }
 
@@ -44,7 +45,7 @@ Application::Application()
         VLAppSupportUtility::calcReleaseString(VLAppSupportUtility::ApplicationRelease));
     QApplication::setDesktopFileName(QStringLiteral("vexarel"));
     QApplication::setWindowIcon(applicationIcon());
-    // Windows only hide while their documents decide whether to go.
+    // Quitting is decided by the documents, not by the toolkit when the last window is hidden.
     QApplication::setQuitOnLastWindowClosed(false);
     Services::shared().setWorkspace(&m_workspace);
     Services::shared().setModalAlerts(&m_modalAlerts);
@@ -64,7 +65,7 @@ Application::Application()
 
 Application::~Application()
 {
-    // Windows look at their documents to the end.
+    // Windows use their documents in their destructors, so they are deleted first.
     for (const auto &window : m_windows)
         delete window.data();
     Services::shared().setWorkspace(nullptr);
@@ -80,8 +81,8 @@ void Application::followApplicationState(Qt::ApplicationState state)
         m_delegate.applicationDidBecomeActive();
         return;
     }
-    // What is locked later has nothing unsaved then. Between two windows of its own the application is left
-    // for a moment, too.
+    // Saving comes before the automatic lock. It is delayed, because the application is also inactive for a
+    // moment while the user changes between two of its windows.
     m_autosaveWhenLeft = Services::shared().timers().schedule(1, [this] { m_autosaver.autosaveAll(); });
     m_delegate.applicationDidResignActive();
 }
@@ -137,7 +138,7 @@ void Application::start(const QStringList &paths)
     openDocuments(paths);
     if (paths.isEmpty() && recovered == 0)
         m_documents.newDocument();
-    // The user has been told of each that could not be opened.
+    // The user was already told about each file that could not be opened.
     quitWithoutDocuments();
 }
 
@@ -180,7 +181,7 @@ void Application::noteUseOf(Document *document)
 {
     if (!document->fileURL().isNull())
         m_recentDocuments.add(document->fileURL());
-    // The signal comes with every save.
+    // Every save sends this signal.
     const auto note = [this, document, noted = document->fileURL()]() mutable {
         if (document->fileURL() != std::exchange(noted, document->fileURL()))
             m_recentDocuments.add(noted);
@@ -190,7 +191,7 @@ void Application::noteUseOf(Document *document)
 
 void Application::quitWithoutDocuments()
 {
-    // Queued: before the event loop runs there is nothing to quit.
+    // Queued, because quitting has no effect before the event loop runs.
     if (m_documents.documents().isEmpty())
         QMetaObject::invokeMethod(qApp, &QApplication::quit, Qt::QueuedConnection);
 }

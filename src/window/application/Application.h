@@ -16,9 +16,9 @@
 #include <QFileDialog>
 #include <QSessionManager>
 
-// The application around its documents: gives the logic the services of the desktop, makes a window for each
-// document, and takes the commands that belong to no document, as the last responder of every window. Quits
-// when the last document has gone. Needs a QApplication, and is made once.
+// The application: it installs the services of the desktop, makes a window for each document, and handles the
+// commands that belong to no document, as the last responder of every window. Quits when the last document is
+// closed. There must be exactly one, and a QApplication before it.
 class Application : public QObject, public MenuItemValidator
 {
     Q_OBJECT
@@ -29,34 +29,36 @@ public:
 
     // Opens the files, or a new document if none is named.
     void start(const QStringList &paths);
-    // The user started it once more: opens the files, or brings up a window.
+    // The user started the application again: opens the files, or raises a window if there are none.
     void startAgain(const QStringList &paths);
 
     Foundation::DocumentController &documentController() { return m_documents; }
-    // Null for a document without a window.
+    // Returns null for a document without a window.
     DocumentWindowController *windowOf(const Foundation::Document *document) const;
 
     bool validateMenuItem(Foundation::MenuItem &) override { return true; }
     Q_INVOKABLE void newDocument(const Foundation::ActionSender &sender);
     Q_INVOKABLE void openDocument(const Foundation::ActionSender &sender);
-    // Asks about the changes of each document; quits unless the user keeps one.
+    // Asks about the changes of each document. Quits if the user let all of them be closed.
     Q_INVOKABLE void terminate(const Foundation::ActionSender &sender);
 
-    // Whether the session may end. Saves what can be saved unasked, and asks about a document of which that
-    // leaves changes, if `mayAsk` says that there is somebody to answer. A locked document has none to save.
+    // Whether the session may end. First saves automatically what can be saved. If a document still has
+    // unsaved changes, asks the user, provided that `mayAsk` returns true. A locked document has nothing to
+    // save.
     bool mayEndSession(const std::function<bool()> &mayAsk);
 
-    // The desktop's word to quit at the end of a session: nobody is asked any more.
+    // Handles the Quit event at the end of a session: quits without asking again.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void openDocuments(const QStringList &paths);
     void makeWindow(Foundation::Document *document);
-    // Keeps the list of recent documents up to date with the document's file.
+    // Adds the file of the document to the list of recent documents.
     void noteUseOf(Foundation::Document *document);
     void quitWithoutDocuments();
     void followApplicationState(Qt::ApplicationState state);
-    // What is not in a file of the user's is offered again at the next start.
+    // Saves what can be saved and quits. Content that is in no file of the user's is offered again at the
+    // next start.
     void terminateAtOnce();
     void endSession(QSessionManager &manager);
 

@@ -9,10 +9,9 @@ bool DocumentMainWindow::event(QEvent *event)
     const bool handled = QMainWindow::event(event);
     if (event->type() == QEvent::WindowActivate)
         Q_EMIT becameKey();
-    // Some window managers give the keyboard to a window that is clicked though a sheet stands on it. The
-    // toolkit asks them for the sheet too early to be heard, and drops the keys of a blocked window. The
-    // event that ends the block comes while the sheet is still on the screen, so that the keyboard returns to
-    // this window afterwards.
+    // Some window managers give the keyboard to a clicked window although a sheet blocks it. The toolkit asks
+    // them to activate the sheet too early, and drops the keys of a blocked window. The event that ends the
+    // block comes while the sheet is still on the screen, so the keyboard then returns to this window.
     if (windowHandle() &&
         (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked))
         windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus, event->type() == QEvent::WindowBlocked);
@@ -27,14 +26,14 @@ void DocumentMainWindow::takeKeyboard()
             return;
         }
     }
-    // A panel of the application stands in front of all its windows, and keeps the keyboard.
+    // A panel of the application is in front of all its windows and keeps the keyboard.
     if (!windowHandle() || !windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus))
         activateWindow();
 }
 
 void DocumentMainWindow::closeEvent(QCloseEvent *event)
 {
-    // Whether it may be closed is found out by questions, whose answers come later.
+    // Closing may need questions, whose answers come later.
     event->ignore();
     Q_EMIT closeRequested();
 }

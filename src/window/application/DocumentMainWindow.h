@@ -2,8 +2,8 @@
 
 #include <QMainWindow>
 
-// The window of a document on the screen. Never closes by itself: it only tells that the user wants it
-// closed. A click on it while a sheet stands leaves the keyboard with the sheet.
+// The window of a document on the screen. It never closes by itself, but sends closeRequested() when the user
+// wants to close it. If it is clicked while it has a sheet, the sheet keeps the keyboard.
 class DocumentMainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -11,7 +11,7 @@ class DocumentMainWindow : public QMainWindow
 public:
     using QMainWindow::QMainWindow;
 
-    // Makes the window, or the sheet that stands on it, the active one.
+    // Activates the window, or its sheet if there is one.
     void takeKeyboard();
 
 Q_SIGNALS:

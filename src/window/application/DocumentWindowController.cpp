@@ -31,7 +31,7 @@ namespace
 constexpr QSize UsualSize(980, 640);
 constexpr int UsualListWidth = 280;
 constexpr QSize LeastLockedSize(560, 340);
-// The narrowest list beside the narrowest detail.
+// The minimum widths of the list and the detail.
 constexpr QSize LeastOpenSize(662, 420);
 
 } // namespace
@@ -67,11 +67,12 @@ DocumentWindowController::~DocumentWindowController() = default;
 void DocumentWindowController::setUpControls()
 {
     styleInterface(&m_window);
-    // The toolbar is shown and hidden by the document and by its own item, which know when it may be.
+    // Only the document and the menu item show and hide the toolbar, because it must stay hidden while the
+    // document is locked.
     m_window.setContextMenuPolicy(Qt::NoContextMenu);
     m_ui->modernToolbar->setVisible(true);
     giveListItsWidth();
-    // Reading and editing show the same contact, and go on where the other was left.
+    // Card and form show the same contact at the same scroll position.
     m_ui->viewScrollArea->follow(m_ui->editScrollArea);
     m_ui->editScrollArea->follow(m_ui->viewScrollArea);
     m_formFocus = std::make_unique<FormFocus>(
@@ -103,8 +104,8 @@ ShowWholeText DocumentWindowController::wholeTextSheets()
 
 void DocumentWindowController::releaseFocus()
 {
-    // The bindings hide what has the focus next, which would give it to the toolbar on the way to the new
-    // face.
+    // The bindings are about to hide the focused widget. Without this, the toolbar would get the focus in
+    // between.
     if (QWidget *focused = m_window.focusWidget())
         focused->clearFocus();
 }
@@ -139,7 +140,7 @@ void DocumentWindowController::setUpToolbar()
             [this, more] { m_ui->myActionMenu->popup(more->mapToGlobal(more->rect().bottomLeft())); });
     connect(m_ui->searchField, &SearchField::left, m_ui->myTableView,
             [this] { m_ui->myTableView->setFocus(); });
-    // Interface files put widgets before items.
+    // Interface files put widgets before items in a toolbar.
     QToolBar *toolbar = m_ui->modernToolbar;
     QAction *filters = toolbar->actions().first();
     toolbar->removeAction(filters);
@@ -189,7 +190,7 @@ void DocumentWindowController::updateTitle()
     const QString suffix = u'.' + DocumentSuffix;
     if (name.endsWith(suffix, Qt::CaseInsensitive) && name.size() > suffix.size())
         name.chop(suffix.size());
-    // "[*]" is where the desktop's mark of an edited document goes; doubled it stands for itself.
+    // "[*]" is the position of the mark of an edited document. A doubled "[*]" is shown as text.
     name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
     const QString title = name + QStringLiteral("[*]");
     m_window.setWindowTitle(m_document->isEncrypted() ? tr("%1 — locked").arg(title) : title);
@@ -211,8 +212,7 @@ void DocumentWindowController::updateUndoTitles()
 void DocumentWindowController::showFace()
 {
     m_sheets.setLocked(m_document->isEncrypted());
-    // What is only hidden, assistive technology still finds: a locked window must not have the content at
-    // all.
+    // Assistive technology also finds hidden widgets, so a locked window must not contain the content at all.
     if (m_document->isEncrypted()) {
         while (QWidget *popUp = QApplication::activePopupWidget())
             popUp->close();
@@ -234,12 +234,12 @@ void DocumentWindowController::changeFace()
     showFace();
     if (m_document->isEncrypted())
         return;
-    // A file may hold no frame for its window, which then leaves the small size of its locked face by itself.
+    // If the file contains no frame, the window must leave the small size of its locked view by itself.
     if (std::exchange(m_isLockedSinceOpened, false) && !m_document->useMyWinRect()) {
         m_window.resize(UsualSize);
         center();
     }
-    // When the window has the size that it comes back with: the list shall not have grown on the way.
+    // After the window has its restored size. Otherwise the list would grow with the window.
     QMetaObject::invokeMethod(this, &DocumentWindowController::giveListItsWidth, Qt::QueuedConnection);
 }
 
@@ -266,13 +266,13 @@ Size DocumentWindowController::minSize() const
 
 bool DocumentWindowController::isToolbarVisible() const
 {
-    // Not isVisible(): that is false as long as the window is hidden.
+    // Not isVisible(), which is false while the window is hidden.
     return !m_ui->modernToolbar->isHidden();
 }
 
 void DocumentWindowController::setToolbarVisible(bool visible)
 {
-    // It shows categories and what is searched for.
+    // The toolbar contains the category pop-up and the search text.
     QToolBar *toolbar = m_ui->modernToolbar;
     if (!visible && m_document->isEncrypted())
         toolbar->setParent(&m_cellar);
@@ -339,7 +339,7 @@ void DocumentWindowController::beginSavePanel(const QString &suggestedPath, Save
 
 void DocumentWindowController::setDecryptProgressShown(bool shown)
 {
-    // Both are on the screen before the work begins, which lets no event through until it is done.
+    // Both must be painted now, because the following work blocks the event loop.
     if (shown)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     else

@@ -23,17 +23,17 @@ namespace Ui
 class MyDocument;
 }
 
-// The window of one document, made from the interface file "MyDocument": its two faces, locked and open,
-// follow the document by the bindings of that file, and what the document asks of its window is done here.
+// The window of one document, made from the interface file "MyDocument". Its bindings show either the locked
+// view or the open view. This class implements what the document asks of its window.
 //
-// Deletes itself, on a later turn of the event loop, when the document closes its window.
+// When the document closes its window, the controller deletes itself on a later turn of the event loop.
 class DocumentWindowController : public QObject, public MyDocumentWindow, public MenuItemValidator
 {
     Q_OBJECT
 
 public:
-    // The responders come behind the document in the chain. The document must outlive the controller or close
-    // it; the responders must outlive it.
+    // `lastResponders` come after the document in the responder chain and must outlive the controller. The
+    // document must outlive the controller or close it.
     DocumentWindowController(MyDocument *document, QList<QObject *> lastResponders);
     ~DocumentWindowController() override;
 
@@ -42,8 +42,7 @@ public:
     CardPrinter &cardPrinter() { return *m_cardPrinter; }
 
     Foundation::Rect frame() const override;
-    // The frame may be anything: a window stays in reach and no smaller than its minimum. Moves at once:
-    // windows of this desktop do not glide.
+    // Accepts any frame, see WindowFrame. Does not animate, because this desktop has no animated resizing.
     void setFrame(const Foundation::Rect &frame, bool animate) override;
     Foundation::Size minSize() const override;
     bool isToolbarVisible() const override;
@@ -78,7 +77,7 @@ public:
 
     bool validateMenuItem(Foundation::MenuItem &item) override;
     Q_INVOKABLE void toggleToolbarShown(const Foundation::ActionSender &sender);
-    // Goes to the search field, and shows the toolbar for it.
+    // Shows the toolbar and moves the focus to the search field.
     Q_INVOKABLE void find(const Foundation::ActionSender &sender);
 
 private:
@@ -100,7 +99,7 @@ private:
 
     MyDocument *m_document;
     QList<QObject *> m_lastResponders;
-    QWidget m_cellar; // never shown: holds the content of the window while the document is locked
+    QWidget m_cellar; // never shown: the parent of the content of the window while the document is locked
     DocumentMainWindow m_window;
     WindowFrame m_frame;
     std::unique_ptr<Ui::MyDocument> m_ui;
@@ -113,7 +112,7 @@ private:
     SheetQueue m_sheets;
     SavePanel m_savePanel;
     std::unique_ptr<CardPrinter> m_cardPrinter;
-    QPointer<CategoryTable> m_categoryTable; // while its sheet stands
+    QPointer<CategoryTable> m_categoryTable; // null while its sheet is not open
     bool m_isLockedSinceOpened = false;
     int m_listWidth;
 };

@@ -43,7 +43,7 @@ void HiddenContact::refresh()
 {
     FilteringArrayController *records = m_document->myArrayController();
     const auto &content = records->contentObjects();
-    // An unlocked document has other records, and this one may have been found.
+    // Unlocking replaces all records, and another filter may show this one.
     if (m_record && (records->arrangedIndexOf(m_record) >= 0 ||
                      std::find(content.begin(), content.end(), m_record) == content.end()))
         m_record = nullptr;
@@ -54,7 +54,7 @@ void HiddenContact::refresh()
 void HiddenContact::tell()
 {
     m_parts.showAllButton->setFocus();
-    // The focus alone says nothing when it is there already.
+    // Announced, because setting the focus has no effect if the button has it already.
     m_parts.announcer->say(sentence());
 }
 

@@ -6,10 +6,9 @@ class Announcer;
 class FormFocus;
 class QAbstractButton;
 
-// A new contact that the filters in force hide. It stays hidden, and the form goes on to show another
-// contact, so that the focus must not be there: it goes to the button that shows all, and a notice beside it
-// says where the contact is. Until it is in sight, no further one is made. Takes part in the responder chain
-// before the document.
+// Handles a new contact that the active filters hide. The form then shows another contact, so the focus must
+// not be in the form: it goes to the button that shows all contacts, and a notice beside the button explains
+// it. Until the new contact is visible, no other one is made. A responder before the document.
 class HiddenContact : public QObject
 {
     Q_OBJECT
@@ -22,11 +21,11 @@ public:
         Announcer *announcer;
     };
 
-    // Nothing is owned. All must outlive this.
+    // The arguments are not owned and must outlive this object.
     HiddenContact(MyDocument *document, FormFocus &focus, Parts parts);
 
     Q_INVOKABLE void addRow(const Foundation::ActionSender &sender);
-    // Goes on to the contact that was hidden, to be typed.
+    // Shows all contacts and begins to edit the one that was hidden.
     Q_INVOKABLE void showAllAndResetFilter(const Foundation::ActionSender &sender);
 
 private:

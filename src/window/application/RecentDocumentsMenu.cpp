@@ -14,7 +14,7 @@ QString nameOf(const QString &path)
     return QFileInfo(path).fileName();
 }
 
-// Documents of one name are told apart by their folders.
+// Documents with equal names also show their folders.
 QString titleOf(const QString &path, const QStringList &all)
 {
     const auto isNamesake = [&path](const QString &other) { return nameOf(other) == nameOf(path); };

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-// The menu "Open Recent": filled whenever it opens. Belongs to the menu.
+// Fills the menu "Open Recent" each time it opens. A child of the menu.
 class RecentDocumentsMenu : public QObject
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ class RecentDocumentsMenu : public QObject
 public:
     using Open = std::function<void(const QString &path)>;
 
-    // `documents` outlives the menu.
+    // `documents` must outlive the menu.
     RecentDocumentsMenu(QMenu *menu, RecentDocuments &documents, Open open);
 
 private:

@@ -12,13 +12,13 @@ using Foundation::Rect;
 namespace
 {
 
-// Under Wayland windows have no place that they know or choose, and stay on the screen that they are on.
+// Under Wayland, a window neither knows nor chooses its position, and stays on its screen.
 bool canPlaceWindows()
 {
     return !QGuiApplication::platformName().startsWith(u"wayland");
 }
 
-// Those that a window can be put onto.
+// The areas of the screens on which a window can be placed.
 QList<QRect> availableScreens(const QWidget &window)
 {
     if (!canPlaceWindows())
@@ -59,7 +59,7 @@ void WindowFrame::setFrame(const Rect &frame)
 
 int WindowFrame::titleBarHeight() const
 {
-    // Until the window has been shown, the desktop's decoration is not known.
+    // The size of the decoration is unknown before the window was shown.
     const int decoration = m_window->geometry().top() - m_window->pos().y();
     return decoration > 0 ? decoration : m_window->style()->pixelMetric(QStyle::PM_TitleBarHeight);
 }
@@ -70,7 +70,7 @@ void WindowFrame::center()
     m_window->resize(m_window->size().boundedTo(screen.size() - QSize(0, titleBarHeight())));
     QRect rect(QPoint(), m_window->size());
     rect.moveCenter(screen.center());
-    // Windows in the same place would hide one another.
+    // Windows at the same position would hide each other.
     constexpr QPoint Cascade(28, 28);
     const auto isTaken = [this](const QPoint &place) {
         for (const QWidget *other : QApplication::topLevelWidgets()) {

@@ -6,17 +6,18 @@
 
 class DocumentMainWindow;
 
-// Where a document's window stands on the screens, in the coordinates of documents.
+// The position and size of a document window, in the coordinates of documents (see WindowPlacement.h).
 class WindowFrame
 {
 public:
-    // Not owned; outlives this. The usual size stands in for one that makes no sense.
+    // `window` is not owned and must outlive this object. `usualSize` replaces an empty size.
     WindowFrame(DocumentMainWindow *window, const QSize &usualSize);
 
     Foundation::Rect frame() const;
-    // Whatever is asked for, the window stays in reach and no smaller than its minimum.
+    // Any frame is accepted: the window is moved so that the user can reach it, and has at least its minimum
+    // size.
     void setFrame(const Foundation::Rect &frame);
-    // In the middle of the screen, beside other documents' windows and not over them.
+    // Moves the window to the middle of the screen, but not exactly over another document window.
     void center();
 
 private:

@@ -8,7 +8,7 @@ using Foundation::Rect;
 namespace
 {
 
-// No number of a file may leave the range in which screens are, let alone that of an int.
+// Limits numbers from a file to a range that contains all screens and fits into an int.
 int pointOf(double number)
 {
     constexpr double Farthest = 1e6;
@@ -20,7 +20,7 @@ qint64 area(const QRect &rect)
     return rect.isEmpty() ? 0 : qint64(rect.width()) * rect.height();
 }
 
-// The screen that most of the rectangle is on, otherwise the first.
+// The screen that contains the largest part of the rectangle, or the first screen.
 QRect screenOf(const QRect &rect, const QList<QRect> &screens)
 {
     QRect best = screens.first();
@@ -31,7 +31,7 @@ QRect screenOf(const QRect &rect, const QList<QRect> &screens)
     return best;
 }
 
-// Whether enough of the upper edge lies on the screen to take hold of.
+// Whether enough of the upper edge is on the screen to be dragged.
 bool isTitleBarInReach(const QRect &window, const QRect &screen)
 {
     constexpr int LeastInReach = 120;

@@ -5,16 +5,17 @@
 #include <QList>
 #include <QRect>
 
-// Where windows stand. Documents keep frames with the lower left corner of the primary screen as origin; the
-// desktop counts from its upper left corner down. A frame's place is that of the window with its decoration,
-// its size that of the content: the desktop tells the two only so before and after it has decorated a window.
+// Computes positions of windows. In documents, the origin is the lower left corner of the primary screen and
+// y grows upward; on the desktop it is the upper left corner and y grows downward. The position of a frame is
+// that of the window with its decoration, and the size that of the content, because the desktop provides only
+// these both before and after it decorated a window.
 
 QRect screenRectOfFrame(const Foundation::Rect &frame, const QRect &primaryScreen);
 Foundation::Rect frameOfScreenRect(const QRect &rect, const QRect &primaryScreen);
 
-// Any frame can stand in a file: made without a window (0 by 0), on a screen that is gone, damaged. Gives the
-// rectangle itself if the user can take hold of its title bar, otherwise one moved wholly onto a screen; at
-// least `minimum` in size, and above that no larger than the screen. An empty one gets the `usual` size.
-// `decoration` is the height of the title bar.
+// A file may contain any frame: one of a document without a window (0 by 0), on a screen that no longer
+// exists, or a damaged one. Returns the rectangle unchanged if the user can reach its title bar, otherwise
+// moved completely onto a screen. An empty rectangle gets the size `usual`. The size is at least `minimum`,
+// and otherwise at most that of the screen. `decoration` is the height of the title bar.
 QRect reachableRect(QRect wanted, QSize minimum, QSize usual, int decoration,
                     const QList<QRect> &availableScreens);

@@ -22,7 +22,7 @@ int main(int argc, char **argv)
     if (instance.handOver(parser.positionalArguments()))
         return 0;
     QObject::connect(&instance, &SingleInstance::startedAgain, &application, &Application::startAgain);
-    // Within the event loop, so that a signal during an alert at the start ends the program, too.
+    // Called from the event loop, so that a signal during an alert at the start can end the program.
     QMetaObject::invokeMethod(
         &application, [&] { application.start(parser.positionalArguments()); }, Qt::QueuedConnection);
     return QApplication::exec();

@@ -25,7 +25,7 @@ using Foundation::Value;
 namespace
 {
 
-// Selected objects agree where the control shows the same of them.
+// Selected objects have a common value if the control shows the same for all of them.
 Foundation::ArrayController::Likeness likenessFor(const QObject *control)
 {
     if (qobject_cast<const QCheckBox *>(control))
@@ -134,7 +134,7 @@ void Binder::bindField(Field *field)
                [bound](const BindingExpression &expression) { bound->show(expression); });
     if (!binding)
         return;
-    // Not at edits of the user alone: assistive technology and input methods change the text too.
+    // Not only for edits of the user, because assistive technology and input methods change the text too.
     connect(field, &Field::textChanged, this, [this, field, bound, binding] {
         if (!binding->isShowing() && bound->hasInput(binding->expression()))
             writeInput(*binding, textOfField(field), tagOf(field));
@@ -184,10 +184,10 @@ void Binder::bindLabel(QLabel *label)
            [label, format](const BindingExpression &expression) {
                const QString value = shownLine(displayText(expression.value().value));
                const QString text = format.isEmpty() ? value : format.arg(value);
-               // With a buddy, "&" would mark a mnemonic.
+               // In a label with a buddy, "&" would mark a mnemonic.
                label->setText(label->buddy() ? titleOfText(text) : text);
                if (label->buddy()) {
-                   // A pop-up takes its name from the label alone.
+                   // The accessible name of a pop-up always comes from its label.
                    const QString name = nameOfField(text, textProperty(label, InterfaceProperty::BindValue));
                    label->setAccessibleName(text.isEmpty() ? name : QString());
                    label->buddy()->setAccessibleName(name);
@@ -272,7 +272,7 @@ void Binder::bindAction(QWidget *control)
     else if (auto *link = qobject_cast<FieldText *>(control))
         connect(link, &FieldText::opened, this, send);
     else if (auto *search = qobject_cast<SearchField *>(control))
-        connect(search, &QLineEdit::textChanged, this, send); // By then its value is written.
+        connect(search, &QLineEdit::textChanged, this, send); // Its value was written before.
     else if (auto *line = qobject_cast<QLineEdit *>(control))
         connect(line, &QLineEdit::returnPressed, this, send);
     else if (auto *popUp = qobject_cast<QComboBox *>(control))

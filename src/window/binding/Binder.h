@@ -12,42 +12,43 @@ class QLabel;
 class QLineEdit;
 class QStackedWidget;
 
-// Connects the controls and items of an interface file with a document by their dynamic properties, so that a
-// new field is a new widget and no new code:
+// Connects the controls and items of an interface file with a document. Dynamic properties in the interface
+// file say what to connect, so that a new field needs a new widget but no new code:
 //
-//   bindValue           key path of what the control shows. Fields and switches write it back at every
-//   keystroke;
-//                       labels, read-only texts and stacks of pages only show. A field of a selection is
-//                       disabled without one, and of objects that disagree it shows "Multiple Values" and
-//                       writes to all.
-//   transformer         name of a transformer between value and control
-//   bindFormat          text of a label, %1 being the value
-//   bindVisible, bindEnabled           conditions, see BindingExpression
-//   visibleTransformer, enabledTransformer
-//   bindShowsText       condition under which a password field shows what is typed
-//   bindLink            condition under which a text to be read is a link, which sends the action
-//   bindToolTip         what the tool tip and the name for assistive technology say, in bindFormat
-//   bindContent         rows of a pop-up: "<controller>.arrangedObjects.<key>"
-//   bindSelectedObject  key path to the object whose row the pop-up shows
-//   action              sent along the responder chain when the control is used
-//   actionSender        name of the control that stands as the sender instead
-//   tag                 number that the sender carries
+// clang-format off
+//   bindValue            key path of the value that the control shows. Fields, switches and colour wells also write
+//                        it, fields at every keystroke; labels, read-only texts and stacks of pages only show it.
+//                        A control of a selection is disabled while nothing is selected. If the selected objects
+//                        have different values, it shows "Multiple Values", and input is written to all of them.
+//   transformer          name of the transformer between value and control
+//   bindFormat           text of a label, in which %1 is replaced by the value
+//   bindVisible          condition, see BindingExpression; with the transformer visibleTransformer
+//   bindEnabled          condition, see BindingExpression; with the transformer enabledTransformer
+//   bindShowsText        condition under which a password field shows its text
+//   bindLink             condition under which a read-only text is a link, which sends the action
+//   bindToolTip          key path of a caption for the tool tip and the accessible name, in the form of bindFormat
+//   bindContent          rows of a pop-up: "<controller>.arrangedObjects.<key>"
+//   bindSelectedObject   key path of the object whose row the pop-up shows
+//   action               name of the action that is sent along the responder chain when the control is used
+//   actionSender         name of the control that is the sender instead
+//   tag                  number of the control, which the action gets with its sender
+// clang-format on
 //
-// Texts are shown as they are: no mark-up is read, "&" is a character. A binding lives as long as its
-// control. The document must outlive the Binder, and the Binder all use of the controls.
+// Texts are shown as plain text. Each binding is a child of its control. The document must outlive the
+// Binder, and the Binder must exist as long as the controls are used.
 class Binder : public QObject
 {
     Q_OBJECT
 
 public:
-    // Called after a keystroke changed a value of the objects selected in a controller, or for a null one a
-    // caption, with the tag of the field.
+    // Called after the user changed a value, with the tag of the control. `controller` is the one whose
+    // selected objects were changed, or null if a caption was changed.
     using TextDidChange = std::function<void(const Foundation::ArrayController *controller, int tag)>;
 
     Binder(QObject *document, ActionDispatcher &dispatcher, TextDidChange textDidChange,
            ShowWholeText showWholeText = {});
 
-    // Connects all that lies below the interface, and the interface itself.
+    // Connects `interface` and all widgets and items below it.
     void bind(QWidget *interface);
 
 private:
@@ -66,7 +67,7 @@ private:
     void bindPages(QStackedWidget *pages);
     void bindPopUp(QComboBox *popUp);
     void bindAction(QWidget *control);
-    // False if nothing was to be written.
+    // Returns false if nothing was written.
     static bool write(const Binding &binding, const Foundation::Value &value);
     void showTextToEdit(QWidget *field, const Binding *binding);
     void writeInput(const Binding &binding, const Foundation::Value &value, int tag);

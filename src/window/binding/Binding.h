@@ -6,24 +6,26 @@
 #include <functional>
 #include <vector>
 
-// What an interface file says of a value that a control follows: a key path, or for conditions several of
-// them joined by "|", of which one must hold, or by "&", of which all must hold, with "!" in front for the
-// opposite of it all; and the name of a transformer, null for none.
+// The value of a control as an interface file describes it: a key path and the name of a transformer (null
+// for none). A condition may consist of several key paths, joined by "|" (at least one must hold) or by "&"
+// (all must hold). A leading "!" negates the whole condition.
 class BindingExpression
 {
 public:
-    // The likeness says which values of several selected objects agree.
+    // `alike` decides which values of several selected objects count as equal.
     BindingExpression(QObject *root, const QString &text, const QString &transformerName,
                       Foundation::ArrayController::Likeness alike);
 
-    // The key paths that such a text names.
+    // The key paths in such a text.
     static QStringList keyPaths(const QString &text);
 
-    // Of the first key path, as the transformer turns it.
+    // The value at the first key path, converted by the transformer.
     BoundValue value() const;
-    // A truth value holds if it is true, a text if it is not empty, anything else if it is there.
+    // Whether the condition holds. A boolean holds if it is true, a text if it is not empty, any other value
+    // if it is not Null.
     bool holds() const;
-    // Back through the transformer. False where that has no way back or KeyPath::setValue() says so.
+    // Converts the value back and sets it at the first key path. Returns false if the transformer has no
+    // reverse or KeyPath::setValue() returns false.
     bool setValue(const Foundation::Value &value) const;
 
     const KeyPath &keyPath() const { return m_keyPaths.front(); }
@@ -37,7 +39,7 @@ private:
     std::shared_ptr<Foundation::ValueTransformer> m_transformer;
 };
 
-// Keeps one property of one control in step with an expression.
+// Keeps one property of one control up to date with an expression.
 class Binding : public QObject
 {
     Q_OBJECT
@@ -45,16 +47,15 @@ class Binding : public QObject
 public:
     using Show = std::function<void(const BindingExpression &expression)>;
 
-    // Shows the value at once and from then on. Lives as long as its parent, the control.
+    // Shows the value now and after each change. `parent` is the control.
     Binding(BindingExpression expression, Show show, QObject *parent);
 
     const BindingExpression &expression() const { return m_expression; }
-    // True while the value is being shown: what the control then says is no input.
+    // True while the value is being shown. Signals of the control are then no input.
     bool isShowing() const { return m_isShowing; }
 
     Q_INVOKABLE void refresh();
-    // Once, on the next turn of the event loop, however often it is called: an edit of a hundred thousand
-    // selected records tells as many times that something changed.
+    // Calls refresh() once on the next turn of the event loop, however often this is called before.
     Q_INVOKABLE void refreshLater();
 
 private:

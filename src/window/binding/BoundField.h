@@ -8,13 +8,13 @@
 
 #include <QCoreApplication>
 
-// A text field and the objects whose text it shows. When it comes to show others, its undo steps, its
-// selection and its caret go, even if the text is equal: they belong to what was typed for the former ones.
-// While it shows several objects it has no undo steps of its own: undoing to the empty field that stands for
-// different texts would empty all of them.
+// A text field and the objects whose text it shows. When it begins to show other objects, its undo steps,
+// selection and cursor are reset, even if the text is equal, because they belong to the former objects. While
+// it shows several objects, it has no undo steps: an undo to the empty text that represents different texts
+// would clear all of them.
 //
-// Of a text that is too long to be laid out it shows the beginning, is read-only, and has a button for all of
-// it. What it shows then is never taken for input.
+// If the text is too long to be laid out, the field shows its beginning, is read-only and has a button that
+// opens the whole text. The shown part is then never treated as input.
 template <class Field>
 class BoundField
 {
@@ -48,14 +48,15 @@ public:
         enableBySelection(m_field, bound);
     }
 
-    // Whether the field's text is one that was put in for the objects that it shows, and not yet theirs.
+    // Whether the field contains input for the objects that it shows, which must still be written.
     bool hasInput(const BindingExpression &expression)
     {
-        // An input method may put in its text when the field loses the focus because others were selected.
+        // An input method may commit its text when the field loses the focus because other objects were
+        // selected.
         if (!m_isWhole || expression.keyPath().subject() != m_subject)
             return false;
         const BoundValue bound = expression.value();
-        // An absent value shows like an empty one, and looking at it must not change it.
+        // An absent value is shown like an empty text, and showing it must not write an empty text.
         const bool isNew = bound.isMixed || textOfField(m_field) != Foundation::displayText(bound.value);
         if (isNew)
             keepUndoStepsOfField(m_field, !showsSeveral(expression));
@@ -65,8 +66,8 @@ public:
     WholeTextButton *wholeTextButton() const { return m_button; }
 
 private:
-    // A text that has just grown too long in this field stays whole and editable, so that typing is not
-    // interrupted in the middle of a word. A text of twice the limit or more is shortened all the same.
+    // A text that becomes too long while it is typed in this field stays whole and editable, so that typing
+    // is not interrupted. A text of twice the limit or more is shortened anyway.
     bool isBeingTyped(const QString &text) const
     {
         return m_isWhole && text.size() < 2 * shownPart(text).size() && textOfField(m_field) == text;

@@ -23,7 +23,7 @@ QString textOfField(const QLineEdit *field)
 
 QString textOfField(const QPlainTextEdit *field)
 {
-    // The plain text of the widget turns no-break spaces into blanks.
+    // toPlainText() of the widget would replace no-break spaces by blanks.
     QString text = field->document()->toRawText();
     text.replace(QChar::ParagraphSeparator, u'\n');
     return text.isNull() ? QStringLiteral("") : text;
@@ -35,7 +35,7 @@ void setTextOfField(QLineEdit *field, const QString &text)
         return;
     field->setText(text);
     if (!field->hasFocus())
-        field->setCursorPosition(0); // A long text shows its beginning.
+        field->setCursorPosition(0); // So that a long text shows its beginning.
 }
 
 void setTextOfField(QPlainTextEdit *field, const QString &text)

@@ -8,36 +8,35 @@ class QLineEdit;
 class QPlainTextEdit;
 class QWidget;
 
-// What the Binder needs of the different kinds of controls.
+// Functions for the Binder that differ by the type of the control.
 
-// The text of a field, every character as it was put in.
+// The text of a field, with every character as it was entered.
 QString textOfField(const QLineEdit *field);
 QString textOfField(const QPlainTextEdit *field);
-// Leaves the field alone, with its caret and its undo steps, if it shows that text already.
+// Set the text. Do nothing if the field has that text already, so that it keeps its cursor and undo steps.
 void setTextOfField(QLineEdit *field, const QString &text);
 void setTextOfField(QPlainTextEdit *field, const QString &text);
-// The same, but the undo steps, the selection and the caret go in any case.
+// Set the text and always reset undo steps, selection and cursor.
 void startFieldWithText(QLineEdit *field, const QString &text);
 void startFieldWithText(QPlainTextEdit *field, const QString &text);
-// The undo steps go and all else stays. A text editor makes none from here on, unless it is to keep them.
+// Remove the undo steps only. With `keep` false, a text editor records no new ones.
 void keepUndoStepsOfField(QLineEdit *field, bool keep);
 void keepUndoStepsOfField(QPlainTextEdit *field, bool keep);
-// Lets a field hold any text: a cut one would be written back at the next keystroke.
+// Remove the length limit of a field. Otherwise a truncated text would be written back at the next keystroke.
 void liftLengthLimit(QLineEdit *field);
 void liftLengthLimit(QPlainTextEdit *field);
 
-// Disables a control that has no selected object to show, unless its interface file gives it another
-// condition.
+// Disables a control while no object is selected, unless its interface file has a condition for that.
 void enableBySelection(QWidget *control, const BoundValue &bound);
 
-// The rows of a pop-up are the objects that a controller shows, each by the text under one key.
+// Makes a row of the pop-up for each object that a controller shows, with the text under one key.
 void setRowsOfPopUp(QComboBox *popUp, const KeyPath &rows);
-// -1 for an object that is not there.
+// The row of an object, or -1.
 int rowOfObject(const KeyPath &rows, const Foundation::Value &object);
 
-// The name of a field for assistive technology: its caption without the colon at the end, or the caption that
-// new documents have where the user left it empty. The path is that of the caption in the document.
+// The accessible name of a field: its caption without the final colon, or the default caption if the user
+// left it empty. `captionPath` is the key path of the caption in the document.
 QString nameOfField(const QString &caption, const QString &captionPath);
 
-// What an action learns of the control that sent it.
+// The properties of a control for the actions that it sends.
 Foundation::ActionSender senderOfControl(const QWidget *control);

@@ -113,7 +113,7 @@ void FieldText::mousePressEvent(QMouseEvent *event)
 void FieldText::mouseReleaseEvent(QMouseEvent *event)
 {
     QTextEdit::mouseReleaseEvent(event);
-    // Beside the text and at the end of a selection the button means nothing of the kind.
+    // A click beside the text, or one that ends a selection, does not open the link.
     const QPoint place = event->position().toPoint();
     const bool isClick =
         event->button() == Qt::LeftButton && !textCursor().hasSelection() &&
@@ -162,8 +162,8 @@ void FieldText::changeEvent(QEvent *event)
 void FieldText::focusOutEvent(QFocusEvent *event)
 {
     QTextEdit::focusOutEvent(event);
-    // A selection left behind in one of many texts would look like the one that Copy takes. The context menu
-    // keeps it, since Copy stands there.
+    // A selection in a text without the focus would look like the one that Copy uses. The context menu keeps
+    // it, because it contains Copy.
     if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason)
         return;
     QTextCursor cursor = textCursor();

@@ -4,9 +4,9 @@
 
 class WholeTextButton;
 
-// Plain text that can be read, selected and copied, as high as its content at the width given. Breaks at
-// words, and within them where one alone is too wide. As a link it looks like one, is reached by Tab, and
-// asks to be opened by a click, Return or the space bar.
+// Read-only plain text that can be selected and copied, as high as its content. Lines break between words,
+// and inside a word that is wider than the line. A link has the colour of links, can be reached by Tab, and
+// sends opened() at a click, Return or the space bar.
 class FieldText : public QTextEdit
 {
     Q_OBJECT
@@ -14,9 +14,10 @@ class FieldText : public QTextEdit
 public:
     explicit FieldText(QWidget *parent = nullptr);
 
-    // Of a text that is too long to be laid out only the beginning is shown, with a button for all of it.
+    // If the text is too long to be laid out, only its beginning is shown, with a button that opens all of
+    // it.
     void showText(const QString &text);
-    // What a printed page says where the text is shortened, otherwise empty.
+    // A note for printed pages if the text is shortened, otherwise empty.
     QString shorteningNote() const;
 
     bool isLink() const { return m_isLink; }
@@ -44,7 +45,7 @@ private:
     void showColor();
     int roomForButton() const;
 
-    WholeTextButton *m_button = nullptr; // made when it is needed first
+    WholeTextButton *m_button = nullptr; // null until it is needed
     qsizetype m_textLength = 0;
     bool m_isLink = false;
     QPoint m_pressedAt;

@@ -1,5 +1,5 @@
 #pragma once
 
-// Makes the transformers known that only interface files name:
-//   withoutTrailingColon   a caption as it reads where no field follows it
+// Registers the transformers that only interface files use:
+//   withoutTrailingColon   a caption without the colon at its end
 void registerInterfaceTransformers();

@@ -114,7 +114,7 @@ bool KeyPath::setValue(const Value &value) const
     if (!present.isMixed && present.value == value)
         return false;
     if (isOfSelection()) {
-        // A nested path would change what other objects share.
+        // A nested path would change an object that others share.
         if (!present.hasObject || m_keyPath.contains(u'.'))
             return false;
         m_controller->takeInputForSelection(Key(m_keyPath), value);
@@ -129,7 +129,7 @@ bool KeyPath::setValue(const Value &value) const
     if (!dictionary || m_keyPath.contains(u'.'))
         return false;
     dictionary->setValue(Key(m_keyPath), value);
-    // Dictionaries tell nobody.
+    // Dictionaries send no notifications, so the signal of the property is sent instead.
     return step->property.notifySignal().invoke(step->object, Qt::DirectConnection);
 }
 
@@ -168,7 +168,7 @@ bool KeyPath::resolves(const QMetaObject &root, const QString &path)
             return rest.isEmpty();
         meta = property.metaType().metaObject();
     }
-    return false; // It ends at an object, which is no value.
+    return false; // The path ends at an object, which is no value.
 }
 
 Value valueOfVariant(const QVariant &variant)

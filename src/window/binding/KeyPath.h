@@ -6,29 +6,29 @@
 #include <QPointer>
 #include <QStringList>
 
-// What a control learns of the value that it is bound to.
+// The value to which a control is bound.
 struct BoundValue
 {
     Foundation::Value value;
-    bool isMixed = false;  // the selected objects disagree; the value is then null
-    bool hasObject = true; // false where nothing is selected
+    bool isMixed = false;  // the selected objects have different values; `value` is Null
+    bool hasObject = true; // false if nothing is selected
 };
 
-// A dotted path from an object to a value, as interface files name it: "plainPasswordInserted",
+// A dotted path from an object to a value, as in interface files: "plainPasswordInserted",
 // "myLabelDictionary.note", "myArrayController.selection.phoneWork".
 //
-// The parts are properties of Qt's meta-object system, and pointers to objects are followed. A property that
-// holds a dictionary goes on by its keys. After an ArrayController, "selection" stands for the objects
-// selected there and "arrangedObjects" for those shown, and the rest of the path is a key path into each of
-// them. A path that leads nowhere reads as null and cannot be written. Owns nothing: an object that goes away
-// leaves such a path behind.
+// The parts are properties of Qt's meta-object system; pointers to objects are followed. After a property
+// whose value is a dictionary, the rest is a key path in it. After an ArrayController, "selection" means its
+// selected objects and "arrangedObjects" its shown objects, and the rest is a key path in each of them. A
+// path that cannot be resolved has the value Null and cannot be written. Owns nothing: if an object on the
+// path is destroyed, the path can no longer be resolved.
 class KeyPath
 {
 public:
     KeyPath(QObject *root, const QString &path);
 
-    // What the path leads to at present: it leads elsewhere when other objects are selected, or when the
-    // dictionary that it goes through is replaced.
+    // Identifies what the path currently refers to. It changes when other objects are selected, and when the
+    // dictionary on the path is replaced.
     struct Subject
     {
         quint64 selectionStamp = 0;
@@ -38,10 +38,10 @@ public:
     };
     Subject subject() const;
 
-    // Selected objects that are alike agree; without a likeness those with the same value.
+    // `alike` decides which values of several selected objects count as equal; without it they must be equal.
     BoundValue value(Foundation::ArrayController::Likeness alike = nullptr) const;
-    // Takes what was put into a control. False, and nothing happens, where the value is this one already or
-    // cannot be set.
+    // Writes a value that the user entered. Returns false and does nothing if the value is the same or cannot
+    // be set.
     bool setValue(const Foundation::Value &value) const;
 
     // The controller of a path through "selection" or "arrangedObjects", otherwise null.
@@ -49,15 +49,15 @@ public:
     // The key path into each object of the controller.
     const QString &keyPathOfObjects() const { return m_keyPath; }
     bool isOfSelection() const { return m_controller && m_isOfSelection; }
-    // Leads into what the document holds, and not to a property of the document itself.
+    // True if the path leads into the content of the document, and not to a property of the document itself.
     bool isOfContent() const { return isOfSelection() || (!m_controller && !m_keyPath.isEmpty()); }
 
-    // Connects all signals that tell of another value with `changed`, those that come in numbers (one for
-    // each changed object) with `changedOneOfMany`. Both are methods of the receiver without arguments.
+    // Connects the signals after which the value may differ with `changed`, and those that may be sent many
+    // times in a row with `changedOneOfMany`. Both must be methods of the receiver without arguments.
     void observe(QObject *receiver, const QMetaMethod &changed, const QMetaMethod &changedOneOfMany) const;
 
-    // Whether the path leads somewhere from an object of that class. A key of a record, category or caption
-    // counts only if such a thing can have it.
+    // Whether the path can be resolved from an object of that class. A key of a record, category or caption
+    // must be a known key.
     static bool resolves(const QMetaObject &root, const QString &path);
 
 private:
@@ -75,6 +75,6 @@ private:
     QString m_keyPath;
 };
 
-// A property's value as the logic's type, and the other way round for a property of that type.
+// Convert between the value of a property and a Foundation::Value.
 Foundation::Value valueOfVariant(const QVariant &variant);
 QVariant variantOfValue(const Foundation::Value &value, QMetaType type);

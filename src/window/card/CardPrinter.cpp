@@ -16,8 +16,8 @@
 namespace
 {
 
-// The toolkit's dialog gives the chosen layout to the printer at the end of exec(), and not at all after
-// open(), which a sheet needs. So this one calls exec() for a moment when it is accepted.
+// The dialog of the toolkit applies the chosen layout to the printer at the end of exec(), and not after
+// open(), which a sheet needs. So this class calls exec() for a moment when it is accepted.
 class PageLayoutDialog : public QPageSetupDialog
 {
 public:
@@ -73,7 +73,7 @@ QPrinter &CardPrinter::printer()
 
 void CardPrinter::beginPrint()
 {
-    // Spoolers and logs keep the names of jobs: this one tells nothing of the contact.
+    // Spoolers and logs store the names of jobs, so this name contains nothing of the contact.
     printer().setDocName(QGuiApplication::applicationDisplayName());
     m_sheets.begin(
         QString(),
@@ -98,7 +98,7 @@ QString CardPrinter::printCards()
 {
     QString refused = QPrintDialog::tr("The printer or the file did not take it.");
     PrintedCard card(m_document.myLabelDictionary());
-    // The page's fonts and distances are those of the screen.
+    // Fonts and distances of the page are those of the screen.
     printer().setResolution(card.page().logicalDpiX());
     const int lineHeight = card.page().fontMetrics().height();
     if (printer().width() < lineHeight || printer().height() < lineHeight)
@@ -121,7 +121,7 @@ QString CardPrinter::printCards()
     const QString path = printer().outputFileName();
     if (printer().outputFormat() != QPrinter::PdfFormat || !QFileInfo(path).isFile() || isWholePdf(path))
         return {};
-    QFile::remove(path); // A part of it cannot be opened.
+    QFile::remove(path); // An incomplete PDF cannot be opened.
     return QPrintDialog::tr("The file could not be written completely. The disk may be full.");
 }
 

@@ -8,24 +8,24 @@
 
 class MyDocument;
 
-// Prints the pages of the selected contacts, each on sheets of its own, and keeps paper and margins between
-// two prints. Both ways begin with a dialog of the desktop as a sheet.
+// Prints the selected contacts, each beginning on a new sheet of paper, and keeps paper and margins for the
+// next print. Both operations begin with a dialog of the toolkit as a sheet.
 class CardPrinter
 {
 public:
-    // Neither is owned; both outlive the printer.
+    // The arguments are not owned and must outlive this object.
     CardPrinter(SheetQueue &sheets, MyDocument &document);
 
     void beginPrint();
     void beginPageLayout();
 
-    // To the printer or file that was chosen. Tells the user if that failed.
+    // Prints to the chosen printer or file. Shows an alert if that failed.
     void print();
-    // Made at first use: looking for the printers of a desktop takes a while.
+    // Made at the first use, because finding the printers of the desktop takes time.
     QPrinter &printer();
 
 private:
-    // Why they could not be printed; null if they were.
+    // Returns null after success, otherwise the reason of the failure.
     QString printCards();
 
     SheetQueue &m_sheets;

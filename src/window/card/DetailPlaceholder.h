@@ -5,7 +5,8 @@
 class ArrayTable;
 class TextLabel;
 
-// Stands in place of the detail while there is no one contact to show: says what there is, and what to do.
+// Shows a text in place of the detail while there is not exactly one contact to show: what is selected, and
+// what the user can do.
 class DetailPlaceholder : public QObject
 {
     Q_OBJECT
@@ -16,11 +17,11 @@ public:
         QWidget *placeholder;
         TextLabel *title;
         TextLabel *hint;
-        QWidget *detail;   // hidden meanwhile
-        ArrayTable *table; // its own hint follows
+        QWidget *detail;   // hidden while the placeholder is shown
+        ArrayTable *table; // gets a hint too
     };
 
-    // Nothing is owned. The document must outlive the parent.
+    // The arguments are not owned. The document must outlive the parent.
     DetailPlaceholder(MyDocument *document, Parts parts, QObject *parent);
 
     void refresh();
@@ -32,7 +33,7 @@ private:
         QString hint;
     };
 
-    // Null texts where the detail has something to show.
+    // Null texts if the detail has something to show.
     Texts texts() const;
 
     MyDocument *m_document;

@@ -14,7 +14,7 @@ FormFocus::FormFocus(MyDocument *document, Parts parts)
 {
     m_settling.setSingleShot(true);
     m_settling.setInterval(QGuiApplication::styleHints()->mouseDoubleClickInterval());
-    // Before the form is hidden, which passes the focus on to anything.
+    // Before the form is hidden, which would move the focus to an arbitrary widget.
     for (const auto signal : {&ArrayController::arrangedObjectsChanged, &ArrayController::selectionChanged})
         connect(document->myArrayController(), signal, this, &FormFocus::followSelection);
     connect(document, &MyDocument::selectedViewChanged, this, &FormFocus::followView);
@@ -28,7 +28,7 @@ void FormFocus::followSelection()
     const quint64 stamp = m_document->myArrayController()->selectionStamp();
     if (std::exchange(m_selectionStamp, stamp) == stamp || m_isStaying)
         return;
-    // Of the window, which may be inactive under a question.
+    // The focus widget of the window, since the window may be inactive under a sheet.
     const QWidget *focused = m_parts.form->window()->focusWidget();
     if (focused && m_parts.form->isAncestorOf(focused))
         focusList();
@@ -36,7 +36,7 @@ void FormFocus::followSelection()
 
 void FormFocus::followView()
 {
-    // The field that had it has gone with the form, and the arrow keys are of use in the list.
+    // The field that had the focus is hidden, and the arrow keys are useful in the list.
     if (m_document->selectedView() == MyDocument::ViewMode && m_document->isDecrypted())
         focusList();
 }
@@ -46,7 +46,7 @@ void FormFocus::settleAfterUnlocking()
     if (m_document->isEncrypted())
         return;
     m_settling.start();
-    // Again when the content is on the screen, which may take a while.
+    // Starts again when the content is on the screen, which may take some time.
     QMetaObject::invokeMethod(&m_settling, qOverload<>(&QTimer::start), Qt::QueuedConnection);
 }
 

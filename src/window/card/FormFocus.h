@@ -6,9 +6,9 @@
 
 class QLineEdit;
 
-// Where the keyboard goes between the list of contacts and their form. A field never keeps the focus when it
-// comes to show other contacts than those that were typed into: after an undo, a deletion or a new filter the
-// list has it. Takes part in the responder chain before the document.
+// Moves the keyboard focus between the list of contacts and the form. A field of the form must not keep the
+// focus when the form shows other contacts: after an undo, a deletion or a new filter, the list gets the
+// focus. Otherwise the user would type into another contact. A responder before the document.
 class FormFocus : public QObject
 {
     Q_OBJECT
@@ -21,16 +21,16 @@ public:
         QWidget *list;
     };
 
-    // Nothing is owned. All must outlive this.
+    // The arguments are not owned and must outlive this object.
     FormFocus(MyDocument *document, Parts parts);
 
-    // Edit mode, with the caret in the first name. Does nothing for a moment after unlocking: Return may have
-    // been pressed twice behind the password.
+    // Switches to edit mode with the cursor in the first name. Does nothing for a moment after unlocking,
+    // because Return may have been pressed twice after the password.
     void beginEditing();
-    // Edit mode, with the first name ready to be typed over.
+    // Switches to edit mode with the first name selected.
     void beginNewContact();
     void focusList();
-    // What `add` selects is a new contact, for which the focus may stay in the form.
+    // Calls `add`, which selects a new contact. The focus may stay in the form for this contact.
     void stayDuring(const std::function<void()> &add);
 
     Q_INVOKABLE void switchViewEditMode(const Foundation::ActionSender &sender);
@@ -44,5 +44,5 @@ private:
     Parts m_parts;
     quint64 m_selectionStamp;
     bool m_isStaying = false;
-    QTimer m_settling; // runs while Return is not taken for a wish
+    QTimer m_settling; // runs while beginEditing() does nothing
 };

@@ -15,12 +15,12 @@ namespace Ui
 class MyDocument;
 }
 
-// The page of one contact away from the screen, made from the interface file of the window. Printing lays it
-// out for the paper and changes nothing that the user sees.
+// The page of one contact, made from the interface file of the window but never shown. Printing can lay it
+// out for the paper without changing what the user sees.
 class PrintedCard : public QObject
 {
     Q_OBJECT
-    // As the page's bindings name them.
+    // These have the names that the bindings of the page use.
     Q_PROPERTY(Foundation::ArrayController *myArrayController READ myArrayController CONSTANT)
     Q_PROPERTY(Foundation::Value myLabelDictionary READ myLabelDictionary CONSTANT)
 
@@ -36,7 +36,7 @@ public:
 
 private:
     Foundation::Value m_labels;
-    Foundation::ArrayController m_records; // the one contact
+    Foundation::ArrayController m_records; // contains the one contact
     QMainWindow m_window;                  // never shown
     std::unique_ptr<Ui::MyDocument> m_ui;
     ActionDispatcher m_dispatcher;

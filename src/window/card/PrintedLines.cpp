@@ -24,7 +24,7 @@ void PrintedLines::add(const QWidget *page, const QWidget *widget)
     const QPointF place = widget->mapTo(page, QPoint());
     const double bottom = place.y() + widget->height();
     if (const auto *label = qobject_cast<const TextLabel *>(widget)) {
-        // A heading takes the line below it along.
+        // A heading must be on the same sheet as the line below it.
         const double company = label->look() == TextLabel::Look::Heading ? 2 * widget->height() : 0;
         m_lines.push_back({place.y(), bottom + company, [label, place](QPainter &painter) {
                                painter.translate(place);
@@ -49,7 +49,7 @@ void PrintedLines::addText(const FieldText *text, const QPointF &place)
         paragraphs.append(note);
     double bottom = place.y();
     for (const QString &paragraph : paragraphs) {
-        // Not the layout of the widget, which is at work only where it is shown.
+        // Not the layout of the widget, which is updated only while it is shown.
         const auto layout = std::make_shared<QTextLayout>(paragraph, text->font());
         layout->setTextOption(text->document()->defaultTextOption());
         layout->beginLayout();
@@ -71,7 +71,7 @@ void PrintedLines::addText(const FieldText *text, const QPointF &place)
 double PrintedLines::endOfSheet(double top, double height) const
 {
     double end = top + height;
-    // Ending the sheet earlier may cut a line beside it.
+    // If the sheet ends earlier, it may cut a line beside this one, so check again.
     for (bool isCutting = true; isCutting;) {
         isCutting = false;
         for (const Line &line : m_lines) {

@@ -8,25 +8,25 @@
 class FieldText;
 class QPainter;
 
-// What can be seen on a page of texts, line by line, for sheets of paper that may end between any two lines.
+// The visible lines of a page of texts, so that a sheet of paper can end between any two lines.
 class PrintedLines
 {
 public:
-    // Takes down the visible labels and texts below the page. Valid until the page changes.
+    // Collects the lines of the visible labels and texts of the page. Valid until the page changes.
     explicit PrintedLines(const QWidget *page);
 
-    // Where the sheet ends that begins at `top` and has room for `height`: above the first line that does not
-    // fit any more. Always beyond `top`.
+    // The end of a sheet that begins at `top` and has the height `height`: the top of the first line that
+    // does not fit. Always greater than `top`.
     double endOfSheet(double top, double height) const;
     double end() const;
-    // Paints the lines that begin between the two, as they stand on the page.
+    // Paints the lines that begin between `top` and `bottom`, at their positions on the page.
     void paint(QPainter &painter, double top, double bottom) const;
 
 private:
     struct Line
     {
         double top;
-        double bottom; // of what must stay together
+        double bottom; // of the part that must not be separated
         std::function<void(QPainter &painter)> paint;
     };
 

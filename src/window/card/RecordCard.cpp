@@ -10,7 +10,7 @@ using Foundation::Dictionary;
 namespace
 {
 
-// What the name leaves out: the person behind a company, or the company of a person.
+// The person of a company, or the company of a person, which the name does not contain.
 QString subtitleOfRecord(const Dictionary &record)
 {
     const QString name = displayedNameOfRecord(record);

@@ -5,8 +5,8 @@
 #include "window/controls/TextLabel.h"
 #include "window/controls/WholeTextSheet.h"
 
-// The head of the view that shows a contact to be read: its name, and below it the company, or of a company
-// the person. With several contacts selected it tells how many. The fields below are bound in the interface
+// The head of the card of a contact: the name, and below it the company, or the person if the contact is a
+// company. With several selected contacts it shows their number. The fields below are bound in the interface
 // file.
 class RecordCard : public QObject
 {
@@ -19,14 +19,14 @@ public:
         FieldText *subtitle;
     };
 
-    // Nothing is owned. The controller must outlive the parent.
+    // The arguments are not owned. The controller must outlive the parent.
     RecordCard(Foundation::ArrayController *records, Parts parts, const ShowWholeText &showWholeText,
                QObject *parent);
 
     void refresh();
 
 private:
-    // Of the one record that is selected.
+    // Of the single selected record.
     QString name() const;
     QString subtitle() const;
     const Foundation::Dictionary &firstRecord() const;

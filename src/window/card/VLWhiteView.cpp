@@ -30,12 +30,12 @@ void VLWhiteView::paintEvent(QPaintEvent *)
     const auto *area = qobject_cast<const QAbstractScrollArea *>(QApplication::focusWidget());
     if (!area || !area->viewport()->isAncestorOf(this))
         return;
-    // The arrow keys scroll the page.
+    // So that the arrow keys can scroll the page.
     painter.setPen(QPen(QGuiApplication::palette().color(QPalette::Highlight), 2));
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
-// Unlike QLayout::activate() in pages that are not shown, too.
+// Unlike QLayout::activate(), this also works in pages that are not shown.
 static void layOut(const QWidget *widget)
 {
     if (!widget->layout())

@@ -5,7 +5,7 @@
 class QPagedPaintDevice;
 class QPainter;
 
-// A white page with a thin gray frame, in a dark palette too: what is on it looks as it will on paper.
+// A white page with a thin gray frame, also in a dark palette, so that its content looks as on paper.
 class VLWhiteView : public QWidget
 {
     Q_OBJECT
@@ -13,9 +13,10 @@ class VLWhiteView : public QWidget
 public:
     explicit VLWhiteView(QWidget *parent = nullptr);
 
-    // Paints what the page shows onto as many sheets of the painter's device as it needs, laid out anew for
-    // their width, at the screen's resolution: texts as text, which can be selected in a PDF. A line is never
-    // cut, and a heading stands on the sheet of what it heads. False if the device refuses another sheet.
+    // Lays the page out for the width of the paper, at the resolution of the screen, and paints it onto as
+    // many sheets as it needs. Texts are painted as text, so that they can be selected in a PDF. A line is
+    // never cut, and a heading is on the same sheet as the line below it. Returns false if the device refuses
+    // another sheet.
     bool print(QPainter &painter, QPagedPaintDevice &device);
 
 protected:

@@ -20,7 +20,7 @@ void ActionDispatcher::addItem(QAction *item, const Condition &condition)
         connect(item, &QAction::triggered, this, [this, added = m_items.last()] { trigger(added); });
         return;
     }
-    // Assistive technology turns the mark over without triggering the item.
+    // Assistive technology toggles the check mark without triggering the item.
     connect(item, &QAction::toggled, this, [this, added = m_items.last()] {
         if (!m_isValidating)
             trigger(added);
@@ -35,10 +35,10 @@ bool ActionDispatcher::send(const QString &action, const ActionSender &sender) c
 void ActionDispatcher::trigger(const Item &item)
 {
     MenuItem menuItem{item.action, titleWithoutMnemonic(item.item->text()), tagOf(item.item)};
-    // A shortcut may come before the items were brought up to date.
+    // A shortcut may arrive before the items were updated.
     if (isEnabled(item, menuItem))
         send(item.action, {menuItem.tag, menuItem.title, QString(), -1});
-    // Choosing a checkable item turns its mark over; the responder alone says what it is.
+    // The toolkit toggles the check mark of a chosen item, but only the responder decides it.
     validate();
 }
 

@@ -7,25 +7,25 @@
 
 #include <functional>
 
-// Sends the actions of one window's controls and menu items along the responder chain, and keeps the menu and
-// tool-bar items enabled and checked as the responders say.
+// Sends the actions of the controls and items of one window along the responder chain, and updates which
+// items are enabled and checked, as the responders decide.
 class ActionDispatcher : public QObject
 {
     Q_OBJECT
 
 public:
-    // The chain for an action by name, asked for anew each time: what is first in it follows the focus.
+    // Returns the responder chain for an action. Called each time, because the chain depends on the focus.
     using Responders = std::function<QList<QObject *>(const QString &action)>;
     using Condition = std::function<bool()>;
 
     ActionDispatcher(Foundation::Document *document, Responders responders, QObject *parent = nullptr);
 
-    // Takes an item whose dynamic properties tell action and tag. A condition must hold beside what the
-    // responder says.
+    // Connects an item whose dynamic properties contain its action and tag. If there is a condition, the item
+    // is enabled only if the condition holds and the responder enables it.
     void addItem(QAction *item, const Condition &condition = {});
-    // False if nothing in the chain has the action.
+    // Returns false if no responder has the action.
     bool send(const QString &action, const Foundation::ActionSender &sender) const;
-    // Brings all items up to date: now, or once on the next turn of the event loop.
+    // Update all items, now or once on the next turn of the event loop.
     void validate();
     void validateLater();
 
@@ -50,7 +50,7 @@ private:
     bool m_isValidating = false;
 };
 
-// The title of a menu item or button without the marks of its mnemonic.
+// The title of a menu item or button without its mnemonic mark.
 QString titleWithoutMnemonic(const QString &title);
-// A text as the title of a menu item or button that shall show every character of it.
+// The text as a title for a menu item or button, escaped so that every character is shown.
 QString titleOfText(QString text);

@@ -13,11 +13,11 @@ using Foundation::ArrayController;
 namespace
 {
 
-constexpr int RoomBesideCells = 8; // in points, in headers and rows alike
+constexpr int RoomBesideCells = 8; // in points, in headers and rows
 constexpr int RoomAroundLines = 3;
 constexpr int RoomBetweenRows = 6;
 
-// The desktop's style with more room at the left of headers and rows.
+// The style of the desktop with more space at the left of headers and rows.
 class RoomyStyle : public QProxyStyle
 {
 public:
@@ -25,7 +25,7 @@ public:
     {
         if (metric == PM_HeaderMargin)
             return RoomBesideCells;
-        // The style adds one.
+        // The style adds 1.
         return metric == PM_FocusFrameHMargin ? RoomBesideCells - 1
                                               : QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -89,7 +89,7 @@ void ArrayTable::setRows(ArrayController *rows, ArrayTableModel *model)
 {
     m_rows = rows;
     m_model = model;
-    // The view scrolls to the top when all rows are new, though mostly they are the old ones.
+    // A reset of the model scrolls the view to the top, although most rows are usually the same.
     connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this,
             [this] { m_scrollPosition = verticalScrollBar()->value(); });
     setModel(m_model);
@@ -128,7 +128,7 @@ void ArrayTable::showSelection()
     const int lastColumn = m_model->columnCount() - 1;
     QItemSelection selection;
     for (std::size_t i = 0; i < indexes.size();) {
-        std::size_t end = i + 1; // Runs of neighbours are one range each.
+        std::size_t end = i + 1; // Consecutive rows form one range.
         while (end < indexes.size() && indexes[end] == indexes[end - 1] + 1)
             ++end;
         selection.select(m_model->index(int(indexes[i]), 0),
@@ -136,7 +136,7 @@ void ArrayTable::showSelection()
         i = end;
     }
     m_isShowingSelection = true;
-    // The keyboard goes on from a row that is selected.
+    // The current row for the keyboard must be a selected row.
     const bool isCurrentSelected = currentIndex().isValid() && selection.contains(currentIndex());
     if (!indexes.empty() && !isCurrentSelected)
         selectionModel()->setCurrentIndex(m_model->index(int(indexes.front()), lastColumn),
@@ -161,7 +161,8 @@ void ArrayTable::takeSelection()
 
 QModelIndex ArrayTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    // Rows are what is chosen here: their first and last cells are of no use.
+    // The table selects whole rows, so Home and End go to the first and last row instead of the first and
+    // last cell.
     if (action == MoveHome || action == MoveEnd)
         return QTableView::moveCursor(action, modifiers | Qt::ControlModifier);
     return QTableView::moveCursor(action, modifiers);

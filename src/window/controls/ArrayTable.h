@@ -4,8 +4,8 @@
 
 #include <QTableView>
 
-// A controller's rows as a table. Its selection and that of the controller are one: a change of either goes
-// to the other. An empty table says what to do.
+// A table of the rows of an ArrayController. Table and controller always have the same selection. An empty
+// table shows a hint.
 class ArrayTable : public QTableView
 {
     Q_OBJECT
@@ -13,21 +13,21 @@ class ArrayTable : public QTableView
 public:
     explicit ArrayTable(QWidget *parent = nullptr);
 
-    // The height of the cells; rows have some room between them.
+    // The height of a cell in points, without the space between rows.
     int rowHeight() const;
-    // The cell in the room that the view gives it, which is wider and higher by the room between cells.
+    // The rectangle of a cell without the space between cells, inside the rectangle `room` from the view.
     static QRectF cellInRoom(const QRect &room);
     static QColor backgroundOfCell(const QStyleOptionViewItem &option);
 
     void redrawColumn(const QString &identifier);
-    // What an empty table says.
+    // The text that an empty table shows.
     const QString &emptyHint() const { return m_emptyHint; }
     void setEmptyHint(const QString &hint);
-    // A row that is not there is ignored.
+    // Ignores a row that does not exist.
     void scrollRowToVisible(qsizetype row);
 
 protected:
-    // Both are not owned and must outlive the table. Once.
+    // Must be called once. The arguments are not owned and must outlive the table.
     void setRows(Foundation::ArrayController *rows, ArrayTableModel *model);
     Foundation::ArrayController *rows() const { return m_rows; }
 

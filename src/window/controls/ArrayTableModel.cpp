@@ -12,7 +12,7 @@ ArrayTableModel::ArrayTableModel(ArrayController *rows, QList<Column> columns, Q
         endResetModel();
     });
     connect(rows, &ArrayController::objectsChanged, this, [this](const std::vector<std::size_t> &indexes) {
-        // One range for all: what is on the screen of it is soon drawn anew.
+        // One range for all changes, since redrawing the visible part of it is fast.
         Q_EMIT dataChanged(index(int(indexes.front()), 0), index(int(indexes.back()), columnCount() - 1));
     });
 }

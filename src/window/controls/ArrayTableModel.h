@@ -4,8 +4,7 @@
 
 #include <QAbstractTableModel>
 
-// The rows that a controller shows as the rows of a table. Reads the objects whenever a cell is asked for and
-// keeps nothing.
+// The model of the rows that an ArrayController shows. Stores no data: it reads the objects for each cell.
 class ArrayTableModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -13,7 +12,7 @@ class ArrayTableModel : public QAbstractTableModel
 public:
     struct Column
     {
-        QString identifier; // as the interface names it
+        QString identifier; // the name of the column in the logic
         QString title;
     };
 
@@ -25,9 +24,9 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
     const Foundation::Dictionary &objectOfRow(int row) const;
-    // -1 for an identifier that no column has.
+    // Returns -1 if no column has the identifier.
     int columnWithIdentifier(const QString &identifier) const;
-    // Tells that the cells of a column may look different now.
+    // Makes the views redraw the cells of a column.
     void redrawColumn(const QString &identifier);
 
 protected:

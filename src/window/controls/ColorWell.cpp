@@ -25,7 +25,8 @@ void ColorWell::setColor(const Color &color)
     if (m_color == color)
         return;
     showColor(color);
-    // Another category is selected: the panel shows its colour, and does not take the former one over.
+    // Another category was selected: the panel must show its colour, so that the former colour is not written
+    // into it.
     if (m_isActive)
         DesktopColorPanel::shared().showColor(color);
 }
@@ -70,7 +71,7 @@ void ColorWell::paintEvent(QPaintEvent *)
     option.state |= isDown() || m_isActive ? QStyle::State_Sunken : QStyle::State_Raised;
     painter.drawControl(QStyle::CE_PushButtonBevel, option);
     const QRect swatch = rect().adjusted(6, 6, -6, -6);
-    // Half of it on white and half on black, where the colour lets something through.
+    // A translucent colour is painted half on white and half on black.
     painter.fillRect(swatch, Qt::white);
     painter.fillRect(swatch.adjusted(swatch.width() / 2, 0, 0, 0), Qt::black);
     painter.setOpacity(isEnabled() ? 1.0 : 0.4);

@@ -4,8 +4,8 @@
 
 #include <QAbstractButton>
 
-// A button that shows a colour. Pressed, it brings up the colour panel and takes what the user chooses there,
-// until another well is pressed or the panel closes.
+// A button that shows a colour. A click opens the colour panel; the well then takes the colours that the user
+// chooses there, until another well is clicked or the panel is closed.
 class ColorWell : public QAbstractButton
 {
     Q_OBJECT
@@ -14,15 +14,15 @@ public:
     explicit ColorWell(QWidget *parent = nullptr);
 
     const Foundation::Color &color() const { return m_color; }
-    // Tells nobody.
+    // Sets the colour without sending colorChosen().
     void setColor(const Foundation::Color &color);
-    // While the panel is this well's.
+    // True while the panel belongs to this well.
     bool isActive() const { return m_isActive; }
 
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    // The user chose another colour in the panel.
+    // The user chose another colour in the panel, which is now color().
     void colorChosen();
 
 protected:

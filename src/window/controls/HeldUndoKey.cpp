@@ -4,8 +4,8 @@
 
 bool HeldUndoKey::isRepeated(const QKeyEvent &key) const
 {
-    // X11 repeats a key as a release and a press of the same moment. The toolkit does not recognise them if
-    // it happens to read the one before the other has come.
+    // X11 sends the repetition of a key as a release and a press with the same time. The toolkit does not
+    // recognise the repetition if it reads the release before the press has arrived.
     return key.isAutoRepeat() || (key.nativeScanCode() != 0 && key.nativeScanCode() == m_scanCode &&
                                   key.timestamp() == m_timestamp);
 }
@@ -23,6 +23,6 @@ bool HeldUndoKey::eventFilter(QObject *, QEvent *event)
     auto *key = static_cast<QKeyEvent *>(event);
     if ((!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo)) || !isRepeated(*key))
         return false;
-    key->accept(); // The key goes to the widget with the focus and no further.
+    key->accept(); // The key goes only to the focused widget.
     return true;
 }

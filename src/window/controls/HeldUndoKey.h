@@ -4,9 +4,9 @@
 
 class QKeyEvent;
 
-// Keeps a held key of Undo or Redo with the field that has the focus. A field goes on through its own steps;
-// the menu's commands, of which each may take a whole contact away, want a new press. Installed on the
-// application.
+// An event filter for the application. While a key of Undo or Redo is held, its repetitions go only to the
+// focused field and never to the menu: each command of the document may remove a whole contact, so it needs a
+// new key press.
 class HeldUndoKey : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
 private:
     bool isRepeated(const QKeyEvent &key) const;
 
-    // Of the last key that went up.
+    // Scan code and time of the last released key.
     quint32 m_scanCode = 0;
     quint64 m_timestamp = 0;
 };

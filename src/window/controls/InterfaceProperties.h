@@ -3,7 +3,7 @@
 #include <QObject>
 #include <QVariant>
 
-// The dynamic properties by which an interface file tells what a control is for. Binder says what each means.
+// The names of the dynamic properties in interface files. Binder.h describes them.
 namespace InterfaceProperty
 {
 inline constexpr char BindValue[] = "bindValue";
@@ -23,13 +23,13 @@ inline constexpr char ActionSender[] = "actionSender";
 inline constexpr char Tag[] = "tag";
 } // namespace InterfaceProperty
 
-// Null where the object has no such property.
+// Returns a null text if the object has no such property.
 inline QString textProperty(const QObject *object, const char *name)
 {
     return object->property(name).toString();
 }
 
-// 0 where the object has none.
+// Returns 0 if the object has no tag.
 inline int tagOf(const QObject *object)
 {
     return object->property(InterfaceProperty::Tag).toInt();

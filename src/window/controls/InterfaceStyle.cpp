@@ -23,7 +23,7 @@ void styleInterface(QWidget *interface)
         for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
             colors.setColor(group, QPalette::ButtonText, linkColor(colors));
         button->setPalette(colors);
-        // Buttons keep the size of the font that they were made with.
+        // Buttons do not update their size when their font changes.
         constexpr int RoomBesideText = 12;
         button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + RoomBesideText);
     }

@@ -2,7 +2,7 @@
 
 class QWidget;
 
-// Gives the controls below what an interface file cannot say in terms of the desktop's own look: fonts larger
-// or smaller by the factor in the dynamic property `fontScale`, the colour of links to buttons with
-// `looksLikeLink`, and symbols in the colour of the text by the property `symbol`.
+// Applies properties that an interface file cannot express relative to the style of the desktop, to all
+// widgets below `interface`: `fontScale` scales the font, `looksLikeLink` gives a button the colour of links,
+// and `symbol` sets an icon in the colour of the text.
 void styleInterface(QWidget *interface);

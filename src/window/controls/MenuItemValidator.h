@@ -2,8 +2,8 @@
 
 #include "platform/Actions.h"
 
-// A responder of the window layer that says itself whether its commands are enabled. All others in the chain
-// are parts of the document, which answers for them.
+// A responder of the window layer that decides whether its own commands are enabled. For all other
+// responders, the document decides.
 class MenuItemValidator
 {
 public:

@@ -2,10 +2,10 @@
 
 #include <QLineEdit>
 
-// A field that takes a password, in clear or not as its echo mode says.
+// A field for a password, whose echo mode says whether the text is readable.
 //
-// AccessibilityEventFilter keeps every event about its text from assistive technology, in clear mode too:
-// switching the mode must not send what was typed before.
+// AccessibilityEventFilter drops all events about its text, also while it is readable: a change of the mode
+// must not send what was typed before.
 class PasswordField : public QLineEdit
 {
     Q_OBJECT

@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
-// Says that work is under way. The work blocks the event loop, so that nothing would turn: the ring is
-// painted once, before the work begins, and keeps its room when it is not shown.
+// Shows that work is in progress. The work blocks the event loop, so an animation would stand still; the ring
+// is painted once before the work begins. It takes its space also while it is not shown.
 class ProgressSpinner : public QWidget
 {
     Q_OBJECT
@@ -12,7 +12,7 @@ public:
     explicit ProgressSpinner(QWidget *parent = nullptr);
 
     bool isRunning() const { return m_isRunning; }
-    // On the screen when this returns.
+    // Paints the change before it returns.
     void setRunning(bool running);
 
     QSize sizeHint() const override { return {16, 16}; }

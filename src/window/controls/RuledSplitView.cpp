@@ -27,7 +27,7 @@ Rect RuledSplitView::frame() const
 
 Rect RuledSplitView::frameOfSubview(int index) const
 {
-    // Unless the user has moved the divider since.
+    // Not if the user has moved the divider since then.
     const bool isAsSet = qRound(m_exactWidths[0]) == sizes().at(0);
     const double size = isAsSet ? m_exactWidths[std::size_t(index)] : sizes().at(index);
     const QWidget *pane = widget(index);
@@ -36,7 +36,7 @@ Rect RuledSplitView::frameOfSubview(int index) const
 
 void RuledSplitView::setFrameOfSubview(int index, const Rect &frame)
 {
-    // Shown by adjustSubviews(), both at once.
+    // adjustSubviews() applies both sizes together.
     m_exactWidths[std::size_t(index)] = frame.width;
 }
 
@@ -75,7 +75,7 @@ void RuledSplitView::showEvent(QShowEvent *event)
 void RuledSplitView::resizeEvent(QResizeEvent *event)
 {
     const QSize former = event->oldSize();
-    // The first size there is comes from the interface file's proportions.
+    // The first size comes from the proportions in the interface file.
     if (!former.isValid() || count() < 2 || sizes().at(0) + sizes().at(1) == 0) {
         QSplitter::resizeEvent(event);
         return;

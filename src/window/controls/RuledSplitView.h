@@ -7,8 +7,8 @@
 
 #include <array>
 
-// Two panes side by side whose sizes a rule sets: who takes a change of the width, and how far the divider
-// goes. The panes' own minimum and maximum widths follow the rule.
+// Two panes side by side. A VLVSplitViewDelegate decides which pane takes a change of the width, and sets the
+// minimum and maximum widths of the panes.
 class RuledSplitView : public QSplitter, public Foundation::SplitView
 {
     Q_OBJECT
@@ -16,9 +16,9 @@ class RuledSplitView : public QSplitter, public Foundation::SplitView
 public:
     explicit RuledSplitView(QWidget *parent = nullptr);
 
-    // What the left pane begins with: now, or when the view is shown for the first time.
+    // Sets the width of the left pane in points, now or when the view is shown for the first time.
     void setLeftWidth(int width);
-    // Looked at whenever the view is shown or gets another size.
+    // The rule. Changes take effect when the view is shown or resized.
     VLVSplitViewDelegate &mySplitViewDelegate() { return m_delegate; }
 
     Foundation::Rect frame() const override;
@@ -37,8 +37,8 @@ private:
     void followRules();
 
     VLVSplitViewDelegate m_delegate;
-    int m_leftWidth = 0; // of a view that was never shown
-    // The widths as the rule has set them, of which whole points are shown: halves must not get lost on the
-    // way from one width of the window to the next.
+    int m_leftWidth = 0; // for the first time that the view is shown
+    // The widths that the rule set. The widgets have whole points only, and without the fractions a window
+    // that is resized point by point would give all of the change to one pane.
     std::array<double, 2> m_exactWidths = {};
 };

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-// The text with every character replaced that could reorder the words around it or hide in them: control
-// characters other than line breaks, and the marks, embeddings, overrides and isolates of the Unicode
-// bidirectional algorithm (UAX 9). For texts into which names of files and documents were put.
+// Replaces every character that could reorder the surrounding words or be invisible: control characters
+// except line breaks, and the marks, embeddings, overrides and isolates of the Unicode bidirectional
+// algorithm (UAX 9). For texts that contain names of files and documents.
 QString withoutReorderingCharacters(QString text);

@@ -9,7 +9,7 @@ SearchField::SearchField(QWidget *parent)
     : QLineEdit(parent)
 {
     setClearButtonEnabled(true);
-    // The pictures in the field are buttons to assistive technology.
+    // The icons in the field are buttons for assistive technology.
     for (QAction *clearing : findChildren<QAction *>())
         clearing->setText(tr("Clear"));
     addAction(symbolIcon(QStringLiteral("search")), LeadingPosition)->setText(tr("Search symbol"));

@@ -2,8 +2,8 @@
 
 #include <QLineEdit>
 
-// The field that searches the list as one types. Escape empties it; Return and the arrow down go on to what
-// was found.
+// The search field. Escape clears it; Return and the Down key send left(), so that the focus can move to the
+// list.
 class SearchField : public QLineEdit
 {
     Q_OBJECT

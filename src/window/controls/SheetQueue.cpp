@@ -45,7 +45,7 @@ void SheetQueue::finished(int result)
                 return;
             if (ended)
                 ended(result);
-            // The end may have closed the window.
+            // The function may have closed the window.
             if (!queue)
                 return;
             queue->m_isBusy = false;
@@ -87,8 +87,8 @@ void SheetQueue::endCurrent()
 {
     if (!m_dialog)
         return;
-    // A question that stands on the dialog turns events within the dialog's own code, to which it must return
-    // before the dialog may go.
+    // A modal question over the dialog runs a nested event loop in code of the dialog, so the dialog must not
+    // be deleted before that code has returned.
     for (auto *question : m_dialog->findChildren<QDialog *>()) {
         if (!question->isModal() || !question->isVisible())
             continue;

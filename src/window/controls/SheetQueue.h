@@ -6,10 +6,11 @@
 #include <deque>
 #include <functional>
 
-// The sheets and alerts of one window: dialogs that block only that window. One stands at a time; others wait
-// until it has gone and its end has been told. Ends are told on a later turn of the event loop.
+// The sheets and alerts of one window: dialogs that block only that window. One is open at a time. Others
+// wait until it is closed and its `ended` function was called, which happens on a later turn of the event
+// loop.
 //
-// While the window is locked, the queue shows only dialogs begun with Over::LockedWindow.
+// While the window is locked, the queue shows only dialogs that were begun with Over::LockedWindow.
 class SheetQueue : public QObject
 {
     Q_OBJECT
@@ -22,22 +23,23 @@ public:
 
     enum class Over { OpenWindow, LockedWindow };
 
-    // The name is null for what nobody ends by name. The maker is called when the turn has come; the queue
-    // owns the dialog. A sheet that needs an open window and meets a locked one ends with the result of no
-    // button, without having been made.
+    // Opens a dialog, or lets it wait. `name` is null for a dialog that is not ended by name. `make` is
+    // called when the dialog can be opened; the queue owns the dialog. If the window is locked and `over` is
+    // OpenWindow, the dialog is not made, and `ended` gets a result that no button has.
     void begin(const QString &name, DialogMaker make, Ended ended, Over over = Over::OpenWindow);
-    // Nothing happens unless that sheet stands.
+    // Ends the dialog with that name. Does nothing if it is not open.
     void end(const QString &name, int result);
-    // Ends the one that stands and all that wait, with the result of no button.
+    // Ends the open dialog and all waiting ones, with a result that no button has.
     void endAll();
-    // Locking ends all.
+    // Locking also calls endAll().
     void setLocked(bool locked);
     bool hasSheet() const { return !m_dialog.isNull(); }
-    // Takes away the standing one and all that wait; no end is told any more.
+    // Closes the open dialog and removes all waiting ones, without calling any `ended` function. For a window
+    // that closes.
     void drop();
 
 Q_SIGNALS:
-    // A sheet has come or gone.
+    // A dialog was opened or closed.
     void changed();
 
 private:
@@ -51,14 +53,14 @@ private:
     void beginNext();
     void endCurrent();
     void finished(int result);
-    // Tells the end of a sheet that was never shown.
+    // Calls `ended` of a dialog that was never shown, on a later turn of the event loop.
     void tellLater(Ended ended);
 
     QWidget *m_window;
     std::deque<Sheet> m_waiting;
     Sheet m_current;
     QPointer<QDialog> m_dialog;
-    bool m_isBusy = false; // from the beginning of a sheet until its end has been told
+    bool m_isBusy = false; // from the opening of a dialog until its `ended` function has returned
     bool m_isLocked = false;
     bool m_isDropped = false;
 };

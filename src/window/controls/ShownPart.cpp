@@ -7,21 +7,22 @@ namespace
 
 constexpr qsizetype LongestText = 10'000; // UTF-16 units
 constexpr qsizetype MostLines = 1'000;
-constexpr qsizetype LongestWord = 2'000; // It is looked at anew for each line that it is broken into.
+constexpr qsizetype LongestWord =
+    2'000; // A long word is measured again for each line into which it is broken.
 constexpr qsizetype LongestLine = 1'000;
 
 qsizetype boundaryBefore(const QString &text, qsizetype limit)
 {
     if (text.size() <= limit)
         return text.size();
-    constexpr qsizetype LongestCharacter = 100; // A pile of accents may be longer, and is cut then.
+    constexpr qsizetype LongestCharacter = 100; // A base character with more accents is cut.
     const qsizetype start = limit - LongestCharacter;
     const QString around = text.sliced(start, std::min(2 * LongestCharacter, text.size() - start));
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, around);
     finder.setPosition(LongestCharacter);
     const qsizetype boundary =
         finder.isAtBoundary() ? LongestCharacter : std::max<qsizetype>(finder.toPreviousBoundary(), 0);
-    if (boundary > 1) // The first ones may belong to what comes before.
+    if (boundary > 1) // The first characters may belong to the text before.
         return start + boundary;
     return text.at(limit).isLowSurrogate() ? limit - 1 : limit;
 }

@@ -2,13 +2,13 @@
 
 #include <QString>
 
-// A document may hold texts of any length, and laying out one of many megabytes keeps a window busy for
-// minutes. What is shown is therefore no longer than what is laid out in a few hundredths of a second.
+// A document may contain texts of any length, and laying out a text of many megabytes blocks a window for
+// minutes. Therefore only a part that is laid out in some hundredths of a second is shown.
 
-// The beginning of a text, all of it up to some thousand characters, cut between two characters as a reader
-// counts them. Where it is cut the control must say so, and must never write it back.
+// The beginning of a text, or all of a text up to some thousand characters. It is cut between two
+// user-perceived characters. A control that shows a cut text must say so, and must never write it back.
 QString shownPart(const QString &text);
 
-// The same for what stands in one line, which no screen has the width for: names in lists, menus, labels and
-// for assistive technology. Ends in an ellipsis where it is cut.
+// The same for texts in one line: names in lists, menus and labels, and for assistive technology. A cut text
+// ends in an ellipsis.
 QString shownLine(const QString &text);

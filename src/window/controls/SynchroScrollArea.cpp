@@ -17,7 +17,7 @@ SynchroScrollArea::SynchroScrollArea(QWidget *parent)
 
 SynchroScrollArea::~SynchroScrollArea()
 {
-    qApp->disconnect(this); // The field with the focus goes after this and loses it.
+    qApp->disconnect(this); // The focused field is destroyed after this object, and loses the focus then.
     Q_EMIT goes();
 }
 
@@ -51,7 +51,7 @@ void SynchroScrollArea::scrollToPoint(const Point &point)
     verticalScrollBar()->setValue(m_followedY);
 }
 
-// An area that was never shown has no range yet.
+// An area that was never shown has no scroll range yet.
 void SynchroScrollArea::goOnFollowing()
 {
     const QScopedValueRollback following(m_isFollowing, true);
@@ -59,10 +59,10 @@ void SynchroScrollArea::goOnFollowing()
         verticalScrollBar()->setValue(m_followedY);
 }
 
-// The toolkit does so only for the Tab key between two fields of the same area.
+// The toolkit scrolls only if Tab moves the focus between two fields of the same area.
 void SynchroScrollArea::showFocus(QWidget *, QWidget *now)
 {
-    // A field must not move under the pointer that is pressing it.
+    // A field must not move away from the mouse pointer that presses it.
     if (!now || !widget() || !widget()->isAncestorOf(now) || QGuiApplication::mouseButtons() != Qt::NoButton)
         return;
     const QRect field(now->mapTo(widget(), QPoint()), now->size());
@@ -74,7 +74,7 @@ void SynchroScrollArea::addBoundsObserver(const void *observer, std::function<vo
     m_observers[observer] = std::move(changed);
 }
 
-// What it shows draws the focus: it has no frame of its own.
+// The content draws the focus frame, because the area has no frame.
 void SynchroScrollArea::focusInEvent(QFocusEvent *event)
 {
     QScrollArea::focusInEvent(event);
@@ -93,7 +93,7 @@ void SynchroScrollArea::scrollContentsBy(int dx, int dy)
     if (m_isFollowing)
         return;
     m_followedY = -1;
-    // Layout moves an area that is out of sight.
+    // The layout may scroll an area that is not visible.
     if (!m_postsBoundsChanged || !isVisible())
         return;
     for (const auto &[observer, changed] : m_observers)

@@ -13,7 +13,7 @@ using Foundation::ActionSender;
 namespace
 {
 
-// What a focused widget can do with text.
+// The abilities of a focused widget for text.
 struct TextState
 {
     bool isWritable = false;
@@ -62,7 +62,8 @@ TextCommands::TextCommands(QWidget *window)
 
 void TextCommands::focusMoved(QWidget *, QWidget *now)
 {
-    // The menu bar takes the focus while it is driven by keys, and its commands are for what had it before.
+    // The menu bar has the focus while the user operates it by keys; its commands apply to the former focus
+    // widget.
     if (now && now->window() == m_window && !qobject_cast<QMenuBar *>(now))
         m_focused = now;
 }
@@ -134,8 +135,9 @@ bool TextCommands::eventFilter(QObject *object, QEvent *event)
     const auto *key = static_cast<QKeyEvent *>(event);
     if (!key->matches(QKeySequence::Undo) && !key->matches(QKeySequence::Redo))
         return false;
-    // A field claims these keys even with nothing to undo, and the document's commands would be out of reach
-    // as long as the caret stands in one. Unclaimed, they reach the menu, which sends them to either.
+    // A field accepts these keys even if it has nothing to undo, and the commands of the document could not
+    // be used while a field has the focus. Here the field does not get them; the menu gets them and sends the
+    // action to the field or the document.
     Q_EMIT shortcutIsComing();
     event->ignore();
     return true;

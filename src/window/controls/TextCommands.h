@@ -6,8 +6,8 @@
 #include <QPointer>
 #include <QWidget>
 
-// The commands on text as the first responder of a window: they go to the field that has the focus. Undo and
-// Redo belong to the field only as long as it has something to undo or redo, and to the document after that.
+// The commands on text, as the first responder of a window. They apply to the focused field. Undo and Redo
+// apply to the field only if it has something to undo or redo, otherwise to the document.
 class TextCommands : public QObject, public MenuItemValidator
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ class TextCommands : public QObject, public MenuItemValidator
 public:
     explicit TextCommands(QWidget *window);
 
-    // Whether the command is for the focused field at this moment.
+    // Whether the action currently applies to the focused field.
     bool takes(const QString &action) const;
     bool validateMenuItem(Foundation::MenuItem &item) override;
 
@@ -27,7 +27,8 @@ public:
     Q_INVOKABLE void redo(const Foundation::ActionSender &sender);
 
 Q_SIGNALS:
-    // The user pressed the keys of Undo or Redo, and the menu is about to be asked for them.
+    // The user pressed the keys of Undo or Redo. Sent before the menu handles them, so that its items can be
+    // updated.
     void shortcutIsComing();
 
 protected:

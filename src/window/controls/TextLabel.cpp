@@ -23,14 +23,16 @@ QColor blend(const QColor &over, const QColor &under, qreal share)
 
 QColor quietTextColor(const QPalette &palette)
 {
-    // 4.5 : 1 on white and on the usual dark backgrounds, the least that small text needs (WCAG 2, 1.4.3).
+    // The contrast is 4.5 : 1 on white and on usual dark backgrounds, the minimum for small text (WCAG 2,
+    // 1.4.3).
     constexpr qreal ShareOfText = 0.66;
     return blend(palette.color(QPalette::WindowText), palette.color(QPalette::Window), ShareOfText);
 }
 
 QColor linkColor(const QPalette &palette)
 {
-    // The desktop's own is often the pure blue of old browsers, which no dark background bears.
+    // The link colour of the desktop is often the pure blue of old browsers, which is unreadable on a dark
+    // background.
     const bool isDark = palette.color(QPalette::Window).lightness() < 128;
     return isDark ? QColor(0x7a, 0xa5, 0xff) : QColor(0x1f, 0x5f, 0xd0);
 }
@@ -56,7 +58,7 @@ void TextLabel::setLook(Look look)
 
 QString TextLabel::shownText() const
 {
-    // With a buddy, "&" is doubled where it is to be seen.
+    // In a label with a buddy, a visible "&" is doubled.
     const QString whole = buddy() ? titleWithoutMnemonic(text()) : text();
     return QString(whole).replace(u'\n', u' ');
 }
@@ -80,7 +82,7 @@ bool TextLabel::event(QEvent *event)
 {
     if (event->type() != QEvent::ToolTip)
         return QLabel::event(event);
-    // Escaped: tool tips read mark-up.
+    // Escaped, because tool tips interpret mark-up.
     if (sizeHint().width() > width())
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), shownText().toHtmlEscaped(), this);
     return true;

@@ -2,9 +2,8 @@
 
 #include <QLabel>
 
-// A line of plain text that never widens its window: what does not fit is elided, and the pointer over it
-// shows all. Beside the ordinary look there is a quieter one for captions and hints, and the one of the
-// headings of groups.
+// A line of plain text that never makes its window wider: a text that does not fit is elided, and its tool
+// tip shows all of it. Quiet is the look of captions and hints, Heading that of headings of groups.
 class TextLabel : public QLabel
 {
     Q_OBJECT
@@ -22,7 +21,7 @@ public:
     Qt::TextElideMode elideMode() const { return m_elideMode; }
     void setElideMode(Qt::TextElideMode mode) { m_elideMode = mode; }
 
-    // As on the screen, with the painter's origin as the upper left corner.
+    // Paints the label as on the screen. The origin of the painter is its upper left corner.
     void draw(QPainter &painter) const;
 
     QSize sizeHint() const override;
@@ -40,7 +39,7 @@ private:
     Qt::TextElideMode m_elideMode = Qt::ElideRight;
 };
 
-// The colour of quiet text on the widget's background: readable, but behind what it describes.
+// The colour of quiet text on the background of a widget: readable, but less prominent.
 QColor quietTextColor(const QPalette &palette);
-// The colour of links on the widget's background.
+// The colour of links on the background of a widget.
 QColor linkColor(const QPalette &palette);

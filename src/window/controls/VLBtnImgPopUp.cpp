@@ -5,5 +5,5 @@
 void VLBtnImgPopUp::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
-        click(); // And the event goes no further: the button is not held down.
+        click(); // The base class does not get the event, so that the button is not held down.
 }

@@ -2,7 +2,7 @@
 
 #include <QToolButton>
 
-// A button whose action fires when it is pressed, not when it is let go.
+// A button that sends its action when it is pressed, not when it is released.
 class VLBtnImgPopUp : public QToolButton
 {
     Q_OBJECT

@@ -5,8 +5,8 @@
 
 #include <optional>
 
-// The ground of a window's parts: draws nothing and lets the window's background through. What a gradient
-// would need is kept for one.
+// The background of parts of a window. It paints nothing, so the background of the window is visible. The
+// members for a gradient are prescribed and unused.
 class VLGrayView : public QWidget
 {
     Q_OBJECT

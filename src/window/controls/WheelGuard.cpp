@@ -10,6 +10,6 @@ bool WheelGuard::eventFilter(QObject *watched, QEvent *event)
         return false;
     if (!qobject_cast<QComboBox *>(watched) && !qobject_cast<QAbstractSpinBox *>(watched))
         return false;
-    event->ignore(); // What is not accepted goes on to the parent.
+    event->ignore(); // An event that is not accepted goes to the parent.
     return true;
 }

@@ -2,9 +2,9 @@
 
 #include <QObject>
 
-// Keeps the wheel from changing values. Turned over a pop-up or a number field, with the focus or without, it
-// scrolls what these lie in. Installed on the application, it is there for all of them, also those of the
-// toolkit's dialogs.
+// An event filter for the application that keeps the mouse wheel from changing values. Over a pop-up or a
+// number field, with or without the focus, the wheel scrolls the surrounding area instead. This includes the
+// dialogs of the toolkit.
 class WheelGuard : public QObject
 {
     Q_OBJECT

@@ -10,7 +10,7 @@ WholeTextButton::WholeTextButton(QWidget *field)
     , m_field(field)
 {
     hide();
-    setAutoDefault(false); // In a sheet, Return belongs to the sheet's own button.
+    setAutoDefault(false); // In a sheet, Return is for the default button of the sheet.
     setCursor(Qt::ArrowCursor);
     field->installEventFilter(this);
     if (auto *scrolling = qobject_cast<QAbstractScrollArea *>(field))
@@ -42,7 +42,7 @@ bool WholeTextButton::eventFilter(QObject *object, QEvent *event)
 
 void WholeTextButton::placeInField()
 {
-    ensurePolished(); // The size is that of the text in the desktop's font.
+    ensurePolished(); // The size depends on the font of the desktop.
     auto *line = qobject_cast<QLineEdit *>(m_field);
     const QSize size(std::min(sizeHint().width(), m_field->width()),
                      line ? line->height() : std::min(sizeHint().height(), m_field->height()));

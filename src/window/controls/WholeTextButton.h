@@ -2,8 +2,8 @@
 
 #include <QPushButton>
 
-// Stands at the lower right of a field that shows only the beginning of a text: says how long the text is and
-// asks, by its click, to show all of it.
+// A button at the lower right of a field that shows only the beginning of a text. Its title says how long the
+// text is; a click asks to show all of it.
 class WholeTextButton : public QPushButton
 {
     Q_OBJECT
@@ -12,7 +12,7 @@ public:
     // A child of the field, hidden at first.
     explicit WholeTextButton(QWidget *field);
 
-    // Hidden where the field shows all.
+    // Shows the button, or hides it if the field shows the whole text. Lengths are in UTF-16 units.
     void showFor(qsizetype textLength, qsizetype shownLength);
 
 protected:

@@ -17,12 +17,12 @@ namespace
 constexpr qsizetype LongestPiece = 1'000; // UTF-16 units
 constexpr QSize UsualSize(560, 420);
 
-// An invisible character that the text does not have; null if it has all of them.
+// An invisible character that the text does not contain; null if it contains all candidates.
 QChar markFor(const QString &text)
 {
     for (const char16_t candidate : u"\u206f\u206e\u206d\u206c\u206b\u206a\u2064\u2063\u2062\u2061\u2060") {
         if (!text.contains(candidate))
-            return candidate; // or the NUL at the end
+            return candidate; // or the null character at the end of the list
     }
     return {};
 }
@@ -35,7 +35,7 @@ QString withBreaks(const QString &text, QChar mark)
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar unit = text.at(i);
         const bool isBreak = unit == u'\n' || unit == u'\r' || unit == QChar::ParagraphSeparator;
-        // At the next blank where there is one, and never within a character.
+        // Breaks at the next blank if there is one, and never inside a user-perceived character.
         const bool mayBreak = length >= LongestPiece && !unit.isLowSurrogate() && !unit.isMark() &&
                               (text.at(i - 1).isSpace() || length >= 2 * LongestPiece);
         if (mayBreak && !isBreak) {
@@ -54,7 +54,7 @@ QString withoutBreaks(QString raw, QChar mark)
     raw.replace(QChar::ParagraphSeparator, u'\n');
     if (!mark.isNull()) {
         raw.remove(QString(mark) + u'\n');
-        raw.remove(mark); // The break after it was deleted by hand.
+        raw.remove(mark); // The user deleted the break after it.
     }
     return raw;
 }
@@ -70,7 +70,7 @@ public:
         setTabChangesFocus(true);
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        // Without a mark the breaks cannot be told from those of the text.
+        // Without a mark, these breaks could not be distinguished from those of the text.
         setReadOnly(m_mark.isNull());
     }
     QString wholeText() const { return withoutBreaks(document()->toRawText(), m_mark); }
@@ -92,7 +92,7 @@ private:
     QChar m_mark;
 };
 
-// Of the field itself or of its label.
+// The accessible name of the field, or the text of its label.
 QString nameOf(QWidget *field)
 {
     QString name = QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name);
@@ -134,7 +134,7 @@ void WholeTextSheet::show(SheetQueue &sheets, QWidget *field, const QString &tex
         sheets.begin(QString(), make, [](int) {});
         return;
     }
-    QDialog *sheet = make(field->window()); // goes with the sheet that it stands on
+    QDialog *sheet = make(field->window()); // a child of the sheet below, which deletes it
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();
 }

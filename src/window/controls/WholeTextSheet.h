@@ -7,16 +7,18 @@
 class QPlainTextEdit;
 class SheetQueue;
 
-// Takes over a changed text; null where the text is only to be read.
+// Writes a changed text; null if the text is read-only.
 using WriteText = std::function<void(const QString &text)>;
-// Shows all of a text of which a field shows the beginning.
+// Shows a whole text of which `field` shows the beginning.
 using ShowWholeText = std::function<void(QWidget *field, const QString &text, const WriteText &write)>;
 
-// All of a text, however long, to be read or edited. Every change is written at once, as in the fields.
+// A sheet that shows a whole text of any length for reading or editing. Every change is written immediately,
+// as in fields.
 //
-// A text editor lays out a paragraph as a whole, and one of megabytes without end. So long paragraphs are
-// broken into pieces that look like lines of one paragraph. Such a break is marked by an invisible character
-// that the text does not have, and is taken out again of what is written and copied.
+// A text editor lays out each paragraph as a whole, which takes too long for a paragraph of megabytes. Long
+// paragraphs are therefore split into pieces that look like lines of one paragraph. Each such break is marked
+// by an invisible character that the text does not contain, and is removed from the text that is written or
+// copied.
 class WholeTextSheet : public QDialog
 {
     Q_OBJECT
@@ -24,7 +26,8 @@ class WholeTextSheet : public QDialog
 public:
     WholeTextSheet(const QString &text, const QString &name, WriteText write, QWidget *parent);
 
-    // As a sheet of the window; over a field of another sheet, as a sheet of that.
+    // Shows the text in a sheet of the window, or, if the field is in another sheet, in a sheet of that
+    // sheet.
     static void show(SheetQueue &sheets, QWidget *field, const QString &text, const WriteText &write);
 
 private:

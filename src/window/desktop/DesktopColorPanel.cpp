@@ -12,7 +12,7 @@ using Foundation::ColorPanel;
 namespace
 {
 
-// Beside what it colours, so that both can be seen; in a corner where no side has room.
+// A position beside the window, so that both are visible, or a corner of the screen if there is no space.
 QPoint placeBeside(const QRect &window, const QSize &panel, const QRect &screen)
 {
     constexpr int Gap = 8;
@@ -52,7 +52,7 @@ void DesktopColorPanel::give(Activation activation)
 
 void DesktopColorPanel::open(const Color &color, const QString &title, QWidget *window, Activation activation)
 {
-    // A sheet lets only what belongs to it be used beside it.
+    // While a sheet is open, only windows that belong to it can be used.
     if (m_dialog && m_dialog->parentWidget() != window)
         close();
     if (!m_dialog) {
@@ -66,7 +66,7 @@ void DesktopColorPanel::open(const Color &color, const QString &title, QWidget *
             ColorPanel::shared().setColor(componentsOfColor(chosen));
             m_isTelling = false;
         });
-        // A window that goes takes its panel with it, without a word of finished().
+        // A window that is destroyed also destroys the panel, which then does not send finished().
         connect(m_dialog, &QDialog::finished, this, &DesktopColorPanel::close);
         connect(m_dialog, &QObject::destroyed, this, [this] { give({}); });
     }
@@ -94,7 +94,7 @@ void DesktopColorPanel::close()
     give({});
     if (!m_dialog)
         return;
-    // The dialog lives on until a later turn. By then the panel may belong to another control.
+    // The dialog is deleted on a later turn, when the panel may belong to another control.
     QColorDialog *dialog = std::exchange(m_dialog, nullptr);
     dialog->disconnect(this);
     dialog->close();

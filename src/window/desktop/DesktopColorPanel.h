@@ -7,8 +7,8 @@
 
 #include <functional>
 
-// The colour panel of the application on the screen: a window that stands beside the others, blocks none of
-// them, and tells Foundation::ColorPanel of every colour the user touches. Belongs to one control at a time.
+// The colour panel on the screen: a window that blocks no other window. It passes every colour that the user
+// chooses to Foundation::ColorPanel. The panel belongs to one control at a time.
 class DesktopColorPanel : public QObject
 {
     Q_OBJECT
@@ -18,12 +18,13 @@ public:
 
     static DesktopColorPanel &shared();
 
-    // Brings the panel up on a window for a control, which is told that it has the panel, and later that it
-    // has lost it. The panel goes with the window. The colour that it begins with is told to nobody.
+    // Opens the panel over `window` for a control. `activation` is called with true now, and with false when
+    // the panel is closed or belongs to another control. The panel is destroyed with the window. The initial
+    // colour `color` is not passed on.
     void open(const Foundation::Color &color, const QString &title, QWidget *window, Activation activation);
-    // Shows another colour, as if the panel had just been opened.
+    // Shows another colour without passing it on.
     void showColor(const Foundation::Color &color);
-    // Null while no panel is on the screen.
+    // Null while the panel is not open.
     QColorDialog *dialog() const { return m_dialog; }
 
 private:

@@ -2,8 +2,8 @@
 
 #include "platform/Services.h"
 
-// Pictures in the forms that Qt's image plug-ins read; TIFF, which is written too, comes with its package of
-// further formats.
+// Reads pictures in the formats of Qt's image plug-ins. TIFF, which is also written, needs Qt's package of
+// additional image formats.
 class DesktopImageReader : public Foundation::ImageReader
 {
 public:

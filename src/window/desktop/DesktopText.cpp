@@ -10,11 +10,12 @@ using Foundation::TextAttributes;
 namespace
 {
 
-// Fonts are measured in 72nds of an inch, of which an unscaled screen has 96.
+// Font sizes of the toolkit are in 72nds of an inch, and an unscaled screen has 96 points per inch.
 constexpr double PointsOfAnInch = 72.0;
 constexpr double UnscaledPixelsOfAnInch = 96.0;
 
-// Asked at every cell that is drawn, mostly after the same family, and the list of families is long.
+// Cached, because this is called for every cell that is drawn, mostly with the same family, and the list of
+// families is long.
 bool isInstalled(const QString &family)
 {
     static QString lastFamily;

@@ -5,17 +5,16 @@
 #include <QColor>
 #include <QFont>
 
-// What the logic says of text and colours, in the desktop's own terms.
+// Converts text attributes and colours of the logic into those of the toolkit.
 
-// The font of these attributes. A point is as large as one of an unscaled screen, and grows with the
-// desktop's scale of text. A family that this desktop lacks is replaced by the desktop's own; the attributes
-// keep its name.
+// The font for these attributes. A point is a 96th of an inch and is scaled by the text scale of the desktop.
+// A family that is not installed is replaced by the default font; the attributes keep its name.
 QFont fontOfAttributes(const Foundation::TextAttributes &attributes);
 
 QColor colorOfComponents(const Foundation::Color &color);
 Foundation::Color componentsOfColor(const QColor &color);
 
-// Measures with the fonts that draw.
+// Measures text with fontOfAttributes().
 class DesktopTextMeasurer : public Foundation::TextMeasurer
 {
 public:

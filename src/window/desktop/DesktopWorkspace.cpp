@@ -29,7 +29,7 @@ bool DesktopWorkspace::isProgram(const QString &path)
         return false;
     if (file.isExecutable() || file.suffix().compare(QLatin1String("desktop"), Qt::CaseInsensitive) == 0)
         return true;
-    // By the name and by the content: the two need not agree.
+    // Checks the type by name and by content, since the two may differ.
     const QMimeDatabase types;
     for (const auto mode : {QMimeDatabase::MatchExtension, QMimeDatabase::MatchContent}) {
         const QMimeType type = types.mimeTypeForFile(file, mode);

@@ -2,16 +2,16 @@
 
 #include "platform/Services.h"
 
-// Opens addresses and files through the desktop.
+// Opens addresses and files with the programs of the desktop.
 //
-// A file that could run as a program (by its rights, its type or as a desktop entry) is never handed on: its
-// folder is shown instead. A file's address is treated as the file.
+// A file that could be run as a program (because of its permissions, its type, or as a desktop entry) is
+// never opened: its folder is shown instead. The address of a file is treated like the file.
 class DesktopWorkspace : public Foundation::Workspace
 {
 public:
     bool openUrl(const QUrl &url) override;
     bool openFile(const QString &path) override;
 
-    // Whether opening the file could run it.
+    // Whether opening the file could run it as a program.
     static bool isProgram(const QString &path);
 };

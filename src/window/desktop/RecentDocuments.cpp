@@ -28,7 +28,7 @@ struct Freeing
     void operator()(char *text) const { g_free(text); }
 };
 
-// The list, and the file that it was read from; no list if it cannot be read, and an empty one if there is
+// The list and the identity of its file. The list is null if the file cannot be read, and empty if there is
 // no file yet.
 struct SharedList
 {
@@ -44,7 +44,7 @@ struct SharedList
             !g_bookmark_file_load_from_data(bookmarks.get(), read.bytes.constData(), size, nullptr))
             bookmarks = nullptr;
     }
-    // What somebody else noted meanwhile stays, and this is lost.
+    // If another program has changed the list meanwhile, its change is kept and this one is lost.
     void write(const QString &path) const
     {
         gsize size = 0;
@@ -57,7 +57,7 @@ struct SharedList
     std::optional<Foundation::FileIdentity> identity;
 };
 
-// Of those that this application noted.
+// Whether this application added the entry.
 QList<QByteArray> ownAddresses(GBookmarkFile *list)
 {
     QList<QByteArray> addresses;

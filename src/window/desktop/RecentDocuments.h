@@ -2,24 +2,24 @@
 
 #include <QStringList>
 
-// The documents that were opened or saved lately, in the list of recently used files that all programs of the
-// desktop share (freedesktop.org, "Desktop Bookmark Specification"; recently-used.xbel in the user's data
-// folder). Nothing of it is kept elsewhere. What other programs noted there stays, as far as the library
-// knows the format, and a list that cannot be read or written, or that another program changes meanwhile, is
-// left alone without a word: it is a convenience.
+// The documents that were opened or saved recently, in the list of recently used files that all programs of
+// the desktop share (freedesktop.org, "Desktop Bookmark Specification"; recently-used.xbel in the data folder
+// of the user). It is stored nowhere else. Entries of other programs are kept, as far as the library supports
+// the format. If the list cannot be read or written, or another program changes it meanwhile, it is not
+// changed, and no error is reported.
 class RecentDocuments
 {
 public:
-    // `file` holds the list.
+    // `file` is the path of the list.
     explicit RecentDocuments(const QString &file = listOfTheDesktop());
 
     static QString listOfTheDesktop();
 
-    // Notes that the document was in use just now.
+    // Adds the document, or updates its time of use.
     void add(const QString &path);
-    // The latest first, at most ten, and only those that are still there.
+    // The paths of at most ten documents that still exist, the most recent one first.
     QStringList paths() const;
-    // Takes all documents of this application out of the list.
+    // Removes all documents of this application from the list.
     void clear();
 
 private:

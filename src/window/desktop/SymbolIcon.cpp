@@ -11,7 +11,7 @@
 namespace
 {
 
-// Drawn by the SVG image plug-in at the size asked for.
+// The SVG image plug-in renders the symbol at the requested size.
 QImage renderedSvg(const QByteArray &drawing, QSize size)
 {
     QByteArray bytes = drawing;

@@ -3,12 +3,12 @@
 #include <QIcon>
 #include <QWidget>
 
-// A symbol of resources/icons in the colour of the text around it: the drawings say "currentColor", and that
-// becomes the palette's colour when the icon is painted, so that light, dark and disabled look right without
-// drawings of their own. Null for a name that no drawing has.
+// A symbol of resources/icons in the colour of the surrounding text. The SVG files use "currentColor", which
+// is replaced by the text colour of the palette when the icon is painted, so that one file serves light, dark
+// and disabled states. A null icon if there is no file with that name.
 QIcon symbolIcon(const QString &name);
 
-// A symbol by itself, in the colour of the text.
+// A widget that shows a symbol in the colour of the text.
 class SymbolView : public QWidget
 {
     Q_OBJECT

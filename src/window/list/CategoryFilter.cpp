@@ -17,10 +17,9 @@ namespace
 constexpr int TitleItem = 0;
 constexpr int ShowAllItem = 1;
 constexpr int FirstCategoryItem = 2;
-// The whole title of an item, of which a very long one shows the beginning.
+// The role of the whole title of an item, since a very long title is shown in part.
 constexpr int TitleRole = Qt::UserRole + 1;
-// A menu of the toolkit takes more than linear time to fill and to lay out, and has no type-ahead for so
-// many.
+// Filling and laying out a menu of the toolkit takes more than linear time, and a long menu is hard to use.
 constexpr int MostCategoriesInMenu = 300;
 
 QString nameOfCategory(const ArrayController::Object &category)
@@ -44,14 +43,14 @@ CategoryFilter::CategoryFilter(MyDocument &document, ActionDispatcher &dispatche
     });
     const auto *categories = document.myCategoryArrayController();
     connect(categories, &ArrayController::objectsChanged, this, &CategoryFilter::followName);
-    // Unlocking brings new objects.
+    // Unlocking replaces all categories by new objects.
     connect(categories, &ArrayController::arrangedObjectsChanged, this, &CategoryFilter::takeFilter);
     connect(&m_categoryMenu, &QMenu::aboutToShow, this, &CategoryFilter::fillMenu);
 }
 
 void CategoryFilter::setUpPopUp()
 {
-    // The title heads the list and is no choice.
+    // The title item cannot be chosen.
     qobject_cast<QStandardItemModel *>(m_popUp->model())->item(TitleItem)->setEnabled(false);
     m_popUp->setItemData(ShowAllItem, QStringLiteral("showAllCategory"));
     m_popUp->setItemData(ShowAllItem, m_popUp->itemText(ShowAllItem), TitleRole);
@@ -63,7 +62,7 @@ void CategoryFilter::removeItemAtIndex(qsizetype index)
 {
     const bool isShown = index == m_popUp->currentIndex();
     m_popUp->removeItem(int(index));
-    if (isShown) // Not one of its neighbours.
+    if (isShown) // The selected item was removed; none of its neighbours is selected instead.
         m_popUp->setCurrentIndex(-1);
 }
 
@@ -91,7 +90,7 @@ void CategoryFilter::sendActionOfItem(int index)
     const auto categories = m_document.myCategoryArrayController()->arrangedObjects();
     const auto row = std::size_t(index - FirstCategoryItem);
     if (index >= FirstCategoryItem && row < categories.size())
-        m_category = categories[row]; // Others may have the same name.
+        m_category = categories[row]; // By row, since other categories may have the same name.
     Foundation::ActionSender sender;
     sender.title = m_popUp->itemData(index, TitleRole).toString();
     m_dispatcher.send(m_popUp->itemData(index).toString(), sender);
@@ -106,8 +105,8 @@ QString CategoryFilter::titleOfFilter() const
 void CategoryFilter::showFilter()
 {
     selectItemWithTitle(titleOfFilter());
-    m_popUp->setPlaceholderText(
-        shownLine(m_records->categoryString())); // Its item may have gone, or bear another name.
+    m_popUp->setPlaceholderText(shownLine(
+        m_records->categoryString())); // The item of the category may be removed or have another name.
 }
 
 bool CategoryFilter::isFiltered(const ArrayController::Object &category) const
@@ -137,7 +136,8 @@ void CategoryFilter::followName()
 {
     if (!m_category || isFiltered(m_category))
         return;
-    // The name may be empty on the way to another one, which is no filter, and must not end the following.
+    // While the user types, the name may be empty for a moment. This means no filter, but the filter must
+    // still follow the category.
     m_isFollowingName = true;
     m_records->setCategoryString(nameOfCategory(m_category));
     m_isFollowingName = false;

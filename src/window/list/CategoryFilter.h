@@ -6,17 +6,18 @@
 #include <QComboBox>
 #include <QMenu>
 
-// The pop-up of categories that narrows the list, and the same categories in a menu. The list's filter is a
-// name; when the category that was chosen gets another one, the filter follows.
+// The pop-up of categories that filters the list, and the menu with the same items. The filter is the name of
+// a category; if the chosen category is renamed, the filter gets the new name.
 class CategoryFilter : public QObject, public PopUpMenu
 {
     Q_OBJECT
 
 public:
-    // None is owned; all outlive this.
+    // The arguments are not owned and must outlive this object.
     CategoryFilter(MyDocument &document, ActionDispatcher &dispatcher, QComboBox *popUp);
 
-    // The items of the pop-up. Beyond some hundred categories, the last item opens the pop-up instead.
+    // The menu with the items of the pop-up. With more than some hundred categories, its last item opens the
+    // pop-up.
     QMenu &categoryMenu() { return m_categoryMenu; }
 
     qsizetype numberOfItems() const override { return m_popUp->count(); }
@@ -40,7 +41,7 @@ private:
     FilteringArrayController *m_records;
     ActionDispatcher &m_dispatcher;
     QComboBox *m_popUp;
-    Foundation::ArrayController::Object m_category; // whose name is the filter; null without one
+    Foundation::ArrayController::Object m_category; // the category whose name is the filter, or null
     bool m_isFollowingName = false;
     QMenu m_categoryMenu;
 };

@@ -20,7 +20,7 @@ using Foundation::UserDefaults;
 namespace
 {
 
-// Relative luminance and contrast as in WCAG 2.
+// Relative luminance and contrast as defined in WCAG 2.
 double luminance(const QColor &color)
 {
     const auto linear = [](double part) {

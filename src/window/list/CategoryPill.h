@@ -11,7 +11,7 @@ class QColor;
 class QPainter;
 class QRectF;
 
-// What a category looks like: its name on a rounded label in its own two colours.
+// The label of a category: its name on a rounded rectangle in its two colours.
 struct CategoryPill
 {
     QString name;
@@ -19,14 +19,14 @@ struct CategoryPill
     Foundation::Color text;
 
     static CategoryPill ofCategory(const Foundation::Dictionary &category);
-    // Of the record's category; nothing for a record without one.
+    // The label of the record's category. Nothing for a record without a category.
     static std::optional<CategoryPill> ofRecord(const Foundation::Dictionary &record);
 
-    // Family and size of the tables' labels, as the user has set them at this moment.
+    // Font family and size of labels in tables, from the current settings of the user.
     static Foundation::TextAttributes tableAttributes();
 
-    // Paints the label into a cell of a table, a point inside it on all sides, in the font of the settings.
-    // Nothing is drawn in a cell without room. A line around it sets it off from a background of about its
-    // own colour, as that of a selected row may be.
+    // Paints the label into a cell of a table with a margin of 1 point, in the font of the settings. Paints
+    // nothing if the cell is too small. If the background has nearly the same colour (for example that of a
+    // selected row), the label gets a line around it.
     void paintIntoCell(QPainter &painter, const QRectF &cell, const QColor &background) const;
 };

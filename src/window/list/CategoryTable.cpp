@@ -22,7 +22,7 @@ QVariant CategoryTableModel::data(const QModelIndex &index, int role) const
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
     const Foundation::Dictionary &category = objectOfRow(index.row());
-    if (index.column() == CategoryColumn) // The label is painted.
+    if (index.column() == CategoryColumn) // The delegate paints the label.
         return role == Qt::AccessibleTextRole ? sentenceOfRow(index.row()) : QVariant();
     if (role == Qt::DisplayRole)
         return m_uses->usesOf(category);

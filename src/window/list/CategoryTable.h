@@ -3,8 +3,8 @@
 #include "browse/CategoryUses.h"
 #include "window/controls/ArrayTable.h"
 
-// The categories of a document in the columns "cat_category", the label, and "cat_howManyUsingThis", how many
-// contacts have it.
+// The model of the categories of a document. The column "cat_category" has the label, the column
+// "cat_howManyUsingThis" the number of contacts from CategoryUses.
 class CategoryTableModel : public ArrayTableModel
 {
     Q_OBJECT
@@ -12,18 +12,18 @@ class CategoryTableModel : public ArrayTableModel
 public:
     enum { CategoryColumn = 0, UseColumn = 1 };
 
-    // Neither is owned; both must outlive the model.
+    // The arguments are not owned and must outlive the model.
     CategoryTableModel(Foundation::ArrayController *categories, CategoryUses *uses, QObject *parent);
 
     QVariant data(const QModelIndex &index, int role) const override;
 
 private:
-    // What a screen reader says of the row: "Friends, 2 contacts, 3 of 7".
+    // The text of a row for screen readers: "Friends, 2 contacts, 3 of 7".
     QString sentenceOfRow(int row) const;
     CategoryUses *m_uses;
 };
 
-// The table of the sheet of categories: their labels, and how many contacts bear each.
+// The table in the sheet of categories.
 class CategoryTable : public ArrayTable
 {
     Q_OBJECT
@@ -31,6 +31,6 @@ class CategoryTable : public ArrayTable
 public:
     explicit CategoryTable(QWidget *parent = nullptr);
 
-    // Neither is owned; both must outlive the table.
+    // The arguments are not owned and must outlive the table.
     void setCategories(Foundation::ArrayController *categories, CategoryUses *uses);
 };

@@ -18,7 +18,7 @@ using Foundation::TextAttributes;
 namespace
 {
 
-constexpr int LabelHeight = 20; // of the desktop's own font at 13 points
+constexpr int LabelHeight = 20; // for the default font with 13 points
 constexpr int NarrowestLabel = 44;
 constexpr int WidestLabel = 280;
 

@@ -6,8 +6,9 @@
 
 #include <QWidget>
 
-// The label of the selected record's category beside the record, as wide as its name where there is room.
-// Draws nothing without a selection. Its context menu copies the category that an old file gave the record.
+// Shows the label of the category of the selected record. It is as wide as the name, if there is space.
+// Paints nothing without a selection. Its context menu copies the text that an old release stored in the
+// record as its category.
 class CategoryView : public QWidget
 {
     Q_OBJECT
@@ -15,20 +16,20 @@ class CategoryView : public QWidget
 public:
     explicit CategoryView(QWidget *parent = nullptr);
 
-    // Not owned; outlives the view.
+    // `records` is not owned and must outlive the view.
     void setMyArrayController(Foundation::ArrayController *records);
 
-    // Puts the text of the record's own key "category" on the clipboard; without one the clipboard keeps what
-    // it has.
+    // Copies the text under the key "category" of the record to the clipboard. Without such a text, the
+    // clipboard is not changed.
     Q_INVOKABLE void CopyInClipboard(const Foundation::ActionSender &sender);
 
-    // As on the screen, with the painter's origin as the upper left corner.
+    // Paints the label as on the screen. The origin of the painter is its upper left corner.
     void draw(QPainter &painter) const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
-    // Another record is selected, or its category looks different.
+    // Must be called when another record is selected or its category has changed.
     void refresh();
 
 protected:
@@ -36,7 +37,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
-    // Null without a selection.
+    // The first selected record; null without a selection.
     Foundation::Ref<Foundation::Dictionary> selectedRecord() const;
 
     std::optional<CategoryPill> selectedPill() const;

@@ -4,13 +4,13 @@
 
 #include <QStyledItemDelegate>
 
-// Draws the cells of the table of categories: in the column "cat_category" the category's label.
+// Paints the cells of the table of categories. The column "cat_category" shows the label of the category.
 class MyCategoryTableDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
-    // Not owned; outlives the delegate.
+    // `categories` is not owned and must outlive the delegate.
     MyCategoryTableDelegate(Foundation::ArrayController *categories, QObject *parent);
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,

@@ -5,15 +5,14 @@
 
 #include <QStyledItemDelegate>
 
-// Draws the cells of the record table: in the column "category" the label of the record's category as it is
-// at that moment, in all others what the model says. Keeps the labels beside the record in step with the
-// selection.
+// Paints the cells of the record table. The column "category" shows the label of the record's category; all
+// other columns show the text of the model. Also updates the category labels of the selected record.
 class MyTableDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 
 public:
-    // None is owned; all outlive the delegate.
+    // The arguments are not owned and must outlive the delegate.
     MyTableDelegate(Foundation::ArrayController *records, CategoryView *categoryView,
                     CategoryView *categoryView2, QObject *parent);
 

@@ -19,7 +19,7 @@ RecordTable::RecordTable(QWidget *parent)
     setSelectionMode(ExtendedSelection);
     horizontalHeader()->setMinimumSectionSize(NarrowestColumn);
     horizontalHeader()->setSectionsClickable(true);
-    // Until the user asks for an order there is none to show.
+    // No column shows a sort mark until the user has sorted.
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     setSortingEnabled(true);
     connect(horizontalHeader(), &QHeaderView::sortIndicatorChanged, this,
@@ -34,7 +34,7 @@ void RecordTable::setRecords(Foundation::ArrayController *records)
 
 void RecordTable::keyboardSearch(const QString &typed)
 {
-    // The search goes through the column of the current cell.
+    // The base class searches the column of the current cell.
     if (currentIndex().isValid() && currentIndex().column() != RecordTableModel::NameColumn)
         selectionModel()->setCurrentIndex(currentIndex().siblingAtColumn(RecordTableModel::NameColumn),
                                           QItemSelectionModel::NoUpdate);
@@ -59,7 +59,7 @@ void RecordTable::mouseDoubleClickEvent(QMouseEvent *event)
 
 void RecordTable::contextMenuEvent(QContextMenuEvent *event)
 {
-    // By the keyboard it comes below the selected row.
+    // A menu that was opened by the keyboard appears below the selected row.
     const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
     const QPoint place = visualRect(currentIndex()).bottomLeft();
     Q_EMIT contextMenuRequested(isByMouse ? event->globalPos() : viewport()->mapToGlobal(place));

@@ -2,8 +2,8 @@
 
 #include "window/controls/ArrayTable.h"
 
-// The record list. A click on a column's head puts the list in its order, a second one turns it round;
-// letters typed go to the next contact whose name begins so.
+// The table of the records. A click on a column head sorts by that column, a second click reverses the order.
+// Typing selects the next contact whose name begins with the typed letters.
 class RecordTable : public ArrayTable
 {
     Q_OBJECT
@@ -11,15 +11,15 @@ class RecordTable : public ArrayTable
 public:
     explicit RecordTable(QWidget *parent = nullptr);
 
-    // Not owned; must outlive the table.
+    // `records` is not owned and must outlive the table.
     void setRecords(Foundation::ArrayController *records);
 
     void keyboardSearch(const QString &typed) override;
 
 Q_SIGNALS:
-    // The user wants to change the selected contact: Return or a double click.
+    // The user pressed Return or double-clicked to edit the selected contact.
     void editRequested();
-    // By key or mouse; the place is on the screen.
+    // The context menu was requested by key or mouse. `place` is in screen coordinates.
     void contextMenuRequested(const QPoint &place);
 
 protected:

@@ -42,7 +42,7 @@ QVariant RecordTableModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    if (index.column() == CategoryColumn) // The label is painted.
+    if (index.column() == CategoryColumn) // The delegate paints the label.
         return role == Qt::AccessibleTextRole ? sentenceOfRow(index.row()) : QVariant();
     if (role == Qt::DisplayRole)
         return shownLine(displayedNameOfRecord(objectOfRow(index.row())));

@@ -2,7 +2,7 @@
 
 #include "window/controls/ArrayTableModel.h"
 
-// The rows that a record list shows, in the columns "category" and "name".
+// The model of the records, with the columns "category" and "name".
 class RecordTableModel : public ArrayTableModel
 {
     Q_OBJECT
@@ -10,15 +10,15 @@ class RecordTableModel : public ArrayTableModel
 public:
     enum { CategoryColumn = 0, NameColumn = 1 };
 
-    // Not owned; must outlive the model.
+    // `records` is not owned and must outlive the model.
     explicit RecordTableModel(Foundation::ArrayController *records, QObject *parent = nullptr);
 
     QVariant data(const QModelIndex &index, int role) const override;
-    // By what a column shows, contacts of one category by their names. No such column: in the order of the
-    // document.
+    // Sorts by the text of a column; contacts of one category are sorted by name. An invalid column restores
+    // the order of the document.
     void sort(int column, Qt::SortOrder order) override;
 
 private:
-    // What a screen reader says of the row: "Anna Berger, Acme, category Friends, 3 of 312".
+    // The text of a row for screen readers: "Anna Berger, Acme, category Friends, 3 of 312".
     QString sentenceOfRow(int row) const;
 };

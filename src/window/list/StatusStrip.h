@@ -2,8 +2,8 @@
 
 #include <QWidget>
 
-// The strip above the list that tells which filter is in force: tinted in the colour of the selection, with a
-// line below.
+// The strip above the list that says which filter is active. Its background is tinted with the selection
+// colour, with a line below.
 class StatusStrip : public QWidget
 {
     Q_OBJECT

@@ -16,7 +16,7 @@ void VLLabelDrawer::drawString(QPainter &painter, const QString &string, const T
                                qint32 width, qint32 height, const Color &backColor, const Color &)
 {
     const qint32 radius = height / 2;
-    // One shape, or a translucent colour would show where bar and discs overlap.
+    // Painted as one shape. Otherwise a translucent colour would be darker where bar and discs overlap.
     QPainterPath outline;
     outline.setFillRule(Qt::WindingFill);
     outline.addRect(radius + 1, 0, width - height, height);

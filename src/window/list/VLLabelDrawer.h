@@ -4,19 +4,19 @@
 
 class QPainter;
 
-// Draws the label of a category as the detail views show it: a bar between two discs, with the name on it.
-// The upper left corner is the painter's origin, and the label has a point of room at its left and two at its
-// right. A name too long for it ends in two dots.
+// Draws the label of a category for the detail views: the name on a bar with round ends. The origin of the
+// painter is the upper left corner. The label has a margin of 1 point at its left and 2 points at its right.
+// A name that is too long ends in two dots.
 class VLLabelDrawer
 {
 public:
     VLLabelDrawer() = delete;
 
-    // The text takes its colour from the attributes; `foreColor` is not used.
+    // The colour of the text is that of the attributes; `foreColor` is unused.
     static void drawString(QPainter &painter, const QString &string,
                            const Foundation::TextAttributes &attrDictionary, qint32 width, qint32 height,
                            const Foundation::Color &backColor, const Foundation::Color &foreColor);
-    // The least width in which the whole of a text is seen.
+    // The smallest width for which the whole text is visible.
     static qint32 widthForString(const QString &string, const Foundation::TextAttributes &attrDictionary,
                                  qint32 height);
 };

@@ -13,7 +13,8 @@ using Foundation::TextAttributes;
 namespace
 {
 
-// Half the height, off which the text begins and ends 0.6 of it from the ends of the label.
+// The radius of the ends is half of the height. The text begins and ends 0.6 of it from the ends of the
+// label.
 constexpr double TextInset = 0.6;
 constexpr double RoomAroundArrowText = 8;
 
@@ -28,8 +29,8 @@ void drawArrow(QPainter &painter, const QPolygonF &outline, const QString &strin
     VLLabelDrawerExt::drawFittedText(painter, string, room, attributes);
 }
 
-// Capital letters stand as far from the upper edge as from the lower one. Between two pixels of the device,
-// the rasteriser would choose one by its own rule.
+// Capital letters have the same distance from the upper and the lower edge. The position is rounded to a
+// pixel of the device, because the rasteriser would otherwise choose one.
 double baselineIn(const QPainter &painter, const QRectF &room)
 {
     const double capHeight = QFontMetricsF(painter.font()).capHeight();
@@ -52,7 +53,7 @@ void VLLabelDrawerExt::drawFittedText(QPainter &painter, const QString &string, 
 {
     painter.setFont(fontOfAttributes(attrDictionary));
     painter.setPen(colorOfComponents(attrDictionary.foreground));
-    // A break in a name would put all after it below the label.
+    // A line break in a name would move the rest below the label.
     QString line = string;
     line.replace(u'\n', u' ');
     painter.drawText(QPointF(room.left(), baselineIn(painter, room)),

@@ -5,15 +5,16 @@
 class QPainter;
 class QRectF;
 
-// Draws labels as the tables show them: the name on a rounded rectangle, or on a shape that points to one
-// side. The upper left corner is the painter's origin. A name too long for its label ends in two dots; a null
-// one is like an empty one.
+// Draws labels of categories for tables: the name on a rounded rectangle, or on a shape that points to one
+// side. The origin of the painter is the upper left corner. A name that is too long ends in two dots. A null
+// name counts as empty.
 class VLLabelDrawerExt
 {
 public:
     VLLabelDrawerExt() = delete;
 
-    // The text takes its colour from the attributes; no label uses `foreColor`.
+    // The colour of the text is that of the attributes; `foreColor` is unused. The two arrow shapes are
+    // prescribed and have no caller yet.
     static void drawString(QPainter &painter, const QString &string,
                            const Foundation::TextAttributes &attrDictionary, qint32 width, qint32 height,
                            const Foundation::Color &backColor, const Foundation::Color &foreColor);
@@ -26,8 +27,8 @@ public:
                                      qint32 height, const Foundation::Color &backColor,
                                      const Foundation::Color &foreColor);
 
-    // What all labels share: the room of the text in one with round ends, and the text fitted into a room, at
-    // its left and halfway up.
+    // Shared by all labels: the area for the text in a label with round ends, and the drawing of a text that
+    // is shortened to an area, left-aligned and vertically centred.
     static QRectF textRoom(qint32 width, qint32 height);
     static void drawFittedText(QPainter &painter, const QString &string, const QRectF &room,
                                const Foundation::TextAttributes &attrDictionary);

@@ -59,7 +59,7 @@ AlertDialog::AlertDialog(const Alert &alert, QWidget *parent)
     layout->addWidget(newTexts(alert), 0, 1);
     layout->addWidget(newButtons(alert.buttons), 1, 0, 1, 2);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    // Only now: the button box gives both to another button while it is being filled.
+    // Set at the end, because the button box changes both while buttons are added.
     if (m_defaultButton) {
         m_defaultButton->setDefault(true);
         m_defaultButton->setFocus();
@@ -80,7 +80,7 @@ QWidget *AlertDialog::newTexts(const Alert &alert)
     if (!alert.informativeText.isEmpty())
         layout->addWidget(newTextLabel(alert.informativeText));
     layout->addStretch();
-    // What a screen reader says when the alert comes.
+    // Screen readers say these texts when the alert opens.
     setAccessibleName(shownLine(alert.message));
     setAccessibleDescription(shownLine(alert.informativeText));
     return texts;
@@ -104,12 +104,13 @@ QWidget *AlertDialog::newButtons(const QStringList &titles)
 
 int ModalAlerts::runModal(const Alert &alert)
 {
-    // Above the document's window: a sheet may be ended, and with it all that stands on it.
+    // The parent is the document window and not a sheet, because a sheet may be ended and would delete the
+    // alert.
     QWidget *window = QApplication::activeWindow();
     while (qobject_cast<QDialog *>(window) && window->parentWidget())
         window = window->parentWidget()->window();
     const QPointer<AlertDialog> dialog = new AlertDialog(alert, window);
     const int code = dialog->exec();
-    delete dialog.data(); // unless its window took it along
+    delete dialog.data(); // null if its window was destroyed
     return code;
 }

@@ -6,9 +6,9 @@
 
 class QPushButton;
 
-// An alert as a dialog. Its result is the code of the button pressed. The first button answers the Return
-// key; the one named Cancel, or without such a one the last, answers Escape and the closing of the dialog.
-// Where the buttons stand follows the desktop. All text is shown as it is: no mark-up is read.
+// A dialog that shows an alert. Its result is the code of the pressed button. Return presses the first
+// button. Escape and closing the dialog press the button Cancel, or the last button if there is no Cancel.
+// The desktop determines the order of the buttons. Texts are shown as plain text.
 class AlertDialog : public QDialog
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ private:
     int m_escapeCode = 0;
 };
 
-// Shows alerts that belong to no window.
+// Shows alerts that belong to no document window.
 class ModalAlerts : public Foundation::ModalAlertPresenter
 {
 public:

@@ -10,8 +10,8 @@ const QString DocumentSuffix = QStringLiteral("vexcards");
 namespace
 {
 
-// Takes a name with quotation marks as it stands. The toolkit takes these marks for the ends of several
-// names, and would silently take what stands between them for the name.
+// Accepts a name with quotation marks unchanged. The toolkit treats quotation marks as separators of several
+// names, and would silently use the part between them.
 class DocumentPanel : public QFileDialog
 {
 public:
@@ -33,8 +33,8 @@ protected:
     }
 };
 
-// Knows a folder from a file and asks for no more. The toolkit's own reads the beginning of each listed file
-// on the thread of the windows, which hangs for as long as a single one does not answer.
+// Distinguishes only files and folders. The class of the toolkit reads the beginning of each listed file on
+// the main thread, which blocks while a single file does not answer.
 class PlainIcons : public QFileIconProvider
 {
 public:
@@ -51,10 +51,10 @@ public:
 
 void setUpPanel(QFileDialog *panel)
 {
-    static PlainIcons icons; // A panel does not own it, and uses it until its very end.
+    static PlainIcons icons; // A panel does not own it and uses it in its destructor.
     panel->setIconProvider(&icons);
-    // One of the desktop's would keep a history of its own, and while it had the focus the application would
-    // count as left.
+    // A panel of the desktop would keep a history, and while it has the focus, the application would count as
+    // inactive.
     panel->setOption(QFileDialog::DontUseNativeDialog);
     panel->setNameFilters(
         {QFileDialog::tr("Vexarel documents (*.vexcards)"), QFileDialog::tr("All files (*)")});
@@ -68,7 +68,8 @@ QFileDialog *newSavePanel(const QString &suggestedPath, QWidget *parent)
     setUpPanel(panel);
     panel->setAcceptMode(QFileDialog::AcceptSave);
     panel->setDefaultSuffix(DocumentSuffix);
-    // Its own question would read mark-up in the file's name, and come before the suffix is complete.
+    // The question of the panel would interpret mark-up in the name of the file, and would come before the
+    // suffix is added.
     panel->setOption(QFileDialog::DontConfirmOverwrite);
     const QFileInfo suggestion(suggestedPath);
     panel->setDirectory(suggestion.absolutePath());

@@ -5,20 +5,19 @@
 class QFileDialog;
 class QWidget;
 
-// The panels in which the user chooses documents. None remembers anything in a file: see
-// keepNoPanelHistory().
+// The panels in which the user chooses files of documents. They store no history: see keepNoPanelHistory().
 
 extern const QString DocumentSuffix;
 
-// Asks for the place of a document to save. Does not ask about a file that stands there already.
+// A panel that asks where to save a document. Does not ask about an existing file.
 QFileDialog *newSavePanel(const QString &suggestedPath, QWidget *parent);
-// Asks for documents to open, one or several.
+// A panel that asks for one or several documents to open.
 QFileDialog *newOpenPanel(QWidget *parent);
 
-// The path with the suffix of documents, unless it has it.
+// The path with the suffix of documents, which is added if it is missing.
 QString withDocumentSuffix(const QString &path);
 
-// File dialogs write the folders and names that they showed into a settings file of their own, which tells
-// where a user keeps secret documents. From here on such files have no place to be written to. Must be called
-// before the first dialog is made; settings files that are named by their path are not concerned.
+// File dialogs of the toolkit store the folders and names that they showed in a settings file, which would
+// reveal where a user keeps secret documents. After this call, such settings files cannot be written. Must be
+// called before the first dialog is made. Settings files that are opened by their path are not affected.
 void keepNoPanelHistory();

@@ -2,22 +2,22 @@
 
 #include "window/controls/SheetQueue.h"
 
-// Asks for the place of a document to save, as a sheet of its window. The path that comes out bears the
-// suffix of documents, and a file that stands there is only given after the user has agreed to replace it.
+// Asks in a sheet where to save a document. The resulting path has the suffix of documents. If the file
+// exists, the user has agreed to replace it.
 class SavePanel
 {
 public:
     using PathChosen = std::function<void(QString path)>;
-    // Asks the user for a path below the suggested one; a null path means that the user gave up.
+    // Asks the user for a path, beginning with the suggested one. The result is null if the user cancelled.
     using PathChooser = std::function<void(const QString &suggestedPath, PathChosen chosen)>;
 
-    // The sheets must outlive the panel.
+    // `sheets` must outlive the panel.
     explicit SavePanel(SheetQueue &sheets);
 
-    // Takes the place of the file dialog.
+    // Replaces the file dialog, for tests.
     void setPathChooser(PathChooser chooser) { m_choosePath = std::move(chooser); }
 
-    // A null path if the user gives up.
+    // Calls `ended` with the path, or with null if the user cancelled.
     void begin(const QString &suggestedPath, const PathChosen &ended);
 
 private:

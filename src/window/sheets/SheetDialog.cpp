@@ -51,7 +51,8 @@ void setUpSheet(const QString &name, MyDocument *document, SheetDialog *sheet)
         ui.setupUi(sheet);
         ui.myCategoryTableView->setCategories(document->myCategoryArrayController(),
                                               document->categoryUses());
-        // A new category wants a name; its own comes with the action, which is connected later.
+        // A new category needs a name, so its field gets the focus. Queued, because the action that adds the
+        // category is connected later.
         QObject::connect(
             ui.addCategory, &QPushButton::clicked, ui.categoryName,
             [name = ui.categoryName] {

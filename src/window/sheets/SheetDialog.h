@@ -6,8 +6,8 @@
 
 class MyDocument;
 
-// A sheet made from an interface file. Escape and the closing of the sheet press its button of tag 1001, or
-// the only one, of tag 1000.
+// A sheet that is made from an interface file. Escape and closing the sheet press the button with tag 1001,
+// or the button with tag 1000 if there is no other.
 class SheetDialog : public QDialog
 {
     Q_OBJECT
@@ -17,12 +17,12 @@ public:
 
     void reject() override;
 
-    // Puts the buttons that bear a tag into the button box: 1000 confirms, 1001 cancels.
+    // Moves the buttons with a tag into the button box: 1000 confirms, 1001 cancels.
     void arrangeButtons();
 
 private:
     QPushButton *buttonOfTag(int tag) const;
 };
 
-// The sheet of that name, which one of the interface files has, bound to the document.
+// Makes the sheet with that name from its interface file and binds it to the document.
 SheetDialog *newSheet(const QString &name, MyDocument *document, Binder &binder, QWidget *parent);
