@@ -1,4 +1,4 @@
-# One target per folder, linked to exactly what it may know. The options are set on targets, never globally.
+# One target for each folder, linked to exactly what the folder may use. Options are set on targets, never globally.
 
 option(VEXAREL_WINDOW "Build the windows and the application" ON)
 option(VEXAREL_WERROR "Treat warnings as errors" OFF)
@@ -28,8 +28,8 @@ if(VEXAREL_FUZZ)
   target_compile_options(vexarel-options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# vexarel_library(<folder> HEADERS <files> SOURCES <files> LINKS <targets>): the library of the current source folder.
-# The target all_verify_interface_header_sets compiles each header alone.
+# vexarel_library(<folder> HEADERS <files> SOURCES <files> LINKS <targets>): makes the library of the current source
+# folder. The target all_verify_interface_header_sets compiles each header separately.
 function(vexarel_library folder)
   cmake_parse_arguments(ARG "" "" "HEADERS;SOURCES;LINKS" ${ARGN})
   add_library(vexarel-${folder} STATIC ${ARG_SOURCES})
@@ -39,11 +39,11 @@ function(vexarel_library folder)
   target_link_libraries(vexarel-${folder} PUBLIC ${ARG_LINKS} PRIVATE vexarel-options)
 endfunction()
 
-# All test programs, without the rest of a build.
+# Builds only the test programs.
 add_custom_target(all-tests)
 
-# vexarel_tests(<folder> SOURCES <files> LINKS <targets> [DISPLAY]): one test program per folder; every case is a
-# test. With DISPLAY it runs on a screen of its own, with a window manager; otherwise Qt draws into memory.
+# vexarel_tests(<folder> SOURCES <files> LINKS <targets> [DISPLAY]): makes one test program. With DISPLAY it runs on a
+# virtual screen with a window manager; otherwise Qt uses the offscreen platform.
 function(vexarel_tests folder)
   cmake_parse_arguments(ARG "DISPLAY" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${folder}-tests ${ARG_SOURCES})
@@ -58,12 +58,13 @@ function(vexarel_tests folder)
   set_tests_properties(${folder} PROPERTIES TIMEOUT $<IF:$<BOOL:${VEXAREL_SANITIZE}>,900,300>)
 endfunction()
 
-# All fuzz targets, without the rest of a build; their names lie in fuzzers.txt of the build folder, one a line.
+# Builds only the fuzz targets. fuzzers.txt in the build folder has their names, one per line.
 add_custom_target(all-fuzzers)
 file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/fuzzers.txt
   CONTENT "$<JOIN:$<TARGET_PROPERTY:all-fuzzers,VEXAREL_FUZZERS>,\n>\n")
 
-# vexarel_fuzzer(<name> SOURCES <files> LINKS <targets>): the program <name>-fuzz, whose corpus is fuzz/corpus/<name>.
+# vexarel_fuzzer(<name> SOURCES <files> LINKS <targets>): makes the program <name>-fuzz. Its inputs are in
+# fuzz/corpus/<name>.
 function(vexarel_fuzzer name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${name}-fuzz ${ARG_SOURCES})

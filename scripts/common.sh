@@ -1,4 +1,4 @@
-# Shared by ./run, ./test and the scripts beside this file. To be sourced by bash.
+# Functions for ./run, ./test and the scripts in this folder, which source this file in bash.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
@@ -9,17 +9,17 @@ complain() { printf '%s\n' "$*" >&2; }
 missing_packages() {
     local listed
     mapfile -t listed < <(sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$root/scripts/packages.txt")
-    # dpkg-query fails for a package that it never heard of, and still answers for the others.
+    # dpkg-query fails for an unknown package, but still answers for the others.
     comm -23 <(printf '%s\n' "${listed[@]}" | sort -u) \
         <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "${listed[@]}" 2>/dev/null \
             | sed -n 's/^installed //p' | sort -u)
 }
 
-# Installs what is missing, as root or through sudo. Needs neither, and no network, once everything is there.
+# Installs missing packages as root or with sudo. If none is missing, it needs neither, and no network.
 install_packages() {
     local missing as_root=()
     if ! command -v dpkg-query >/dev/null; then
-        complain "This is no Debian system: going on in the hope that all of scripts/packages.txt is there."
+        complain "This is no Debian system. The packages of scripts/packages.txt are assumed to be installed."
         return 0
     fi
     mapfile -t missing < <(missing_packages)
@@ -27,20 +27,20 @@ install_packages() {
     say "Installing: ${missing[*]}"
     if ((EUID != 0)); then
         if ! command -v sudo >/dev/null; then
-            complain "Neither root nor sudo. Ask an administrator to run:"
+            complain "Packages are missing, and there is neither root nor sudo. Ask an administrator to run:"
             complain "  apt-get install --no-install-recommends ${missing[*]}"
             return 1
         fi
         as_root=(sudo)
     fi
-    # The wait is for a machine that has just started and is still updating itself.
+    # Waits for the lock, because a machine that was just started may be updating itself.
     local apt=(env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300)
-    "${as_root[@]}" "${apt[@]}" update || complain "The package lists are not up to date; trying with those that are there."
+    "${as_root[@]}" "${apt[@]}" update || complain "The package lists could not be updated. Trying with the existing ones."
     "${as_root[@]}" "${apt[@]}" install -y --no-install-recommends "${missing[@]}"
 }
 
-# build PRESET [TARGET...]: without targets, those of the preset. A terminal sees the progress; otherwise the
-# compiler speaks only if it fails, and build/PRESET/build.log has every word.
+# build PRESET [TARGET...]: configures and builds the targets, or those of the preset. Prints the progress on a terminal;
+# otherwise it prints only failures, and build/PRESET/build.log has the whole output.
 build() {
     local preset=$1 log="$root/build/$1/build.log" command=(cmake --build --preset "$1")
     shift
@@ -58,13 +58,13 @@ build() {
     fi
 }
 
-# fuzz_target NAME SECONDS: the kept inputs first, then new ones. Inputs that are found to reach new code are remembered
-# in build/fuzz/corpus/NAME, what breaks the program lies in build/fuzz/findings/.
+# fuzz_target NAME SECONDS: runs the inputs of fuzz/corpus/NAME first, then new ones. Inputs that reach new code are stored
+# in build/fuzz/corpus/NAME, and inputs that make the program fail in build/fuzz/findings/.
 fuzz_target() {
     local grown="$root/build/fuzz/corpus/$1" findings="$root/build/fuzz/findings" kept="$root/fuzz/corpus/$1" options=()
     mkdir -p "$grown" "$findings"
     [[ ! -f $root/fuzz/$1.dict ]] || options+=(-dict="$root/fuzz/$1.dict")
-    [[ -n $(ls -A "$kept") ]] || { complain "$kept holds no inputs"; return 1; }
+    [[ -n $(ls -A "$kept") ]] || { complain "$kept has no inputs"; return 1; }
     timeout --kill-after=10 $(($2 + 300)) "$root/build/fuzz/bin/$1-fuzz" -max_total_time="$2" -timeout=25 \
         -print_final_stats=1 -artifact_prefix="$findings/$1-" "${options[@]}" "$grown" "$kept"
 }
