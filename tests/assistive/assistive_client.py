@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 """assistive_client.py APPLICATION [--gtest_output=json:FILE]: uses the application as assistive technology does.
 
-Finds every field, button and menu item by its role and name over AT-SPI alone, puts text into fields and presses
-buttons through their accessible interfaces, and looks at what the tree then says. Needs a screen and a session bus.
-The steps build on one another; what each found wrong is told as GoogleTest tells it.
+Finds every field, button and menu item over AT-SPI by role and name, enters text and presses buttons through the
+accessible interfaces, and checks the accessible tree. Needs a screen and a session bus. Each step depends on the
+former ones; results are printed in the format of GoogleTest.
 """
 
 import json
@@ -20,18 +20,18 @@ import gi
 gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib  # noqa: E402
 
-PATIENCE = 60  # seconds; for a slow machine with a lot else to do
-PASSWORD, NEW_PASSWORD = "JQQJQJ", "QJQQJJ"  # Nothing else on the screen holds two of these letters in a row.
+PATIENCE = 60  # seconds, enough for a slow and busy machine
+PASSWORD, NEW_PASSWORD = "JQQJQJ", "QJQQJJ"  # No other text on the screen has two of these letters in a row.
 PART_OF_PASSWORD = re.compile("[JQ]{2}|^[JQ]$")
 DOWN, RETURN, ESCAPE = 0xff54, 0xff0d, 0xff1b  # as the window system numbers the keys
 
 
 class Missing(Exception):
-    """Something that should be there does not come."""
+    """An expected object did not appear."""
 
 
 class Late:
-    """A text that is made when it is needed."""
+    """A text that is computed when it is needed."""
 
     def __init__(self, make):
         self.make = make
@@ -41,7 +41,7 @@ class Late:
 
 
 def until(condition, what):
-    """The first true result of the condition, which is asked again and again."""
+    """Polls the condition and returns its first true result."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end:
         try:

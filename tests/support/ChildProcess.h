@@ -7,8 +7,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Runs `body` in a copy of this process, where it may give up privileges or get killed. The result is how the
-// copy ended, as waitpid tells it: 0 if no expectation failed in it.
+// Runs `body` in a forked process, where it may drop privileges or be killed. Returns the status from
+// waitpid(): 0 if no expectation failed in the process.
 inline int inChild(const std::function<void()> &body)
 {
     fflush(stdout);

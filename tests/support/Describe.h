@@ -6,12 +6,12 @@
 #include <optional>
 #include <string>
 
-// A value with all that lies below it as one line of text, so that tests compare graphs by content and
+// A value with its whole content as one line of text, so that tests can compare graphs by content and
 // failures show them: null, nil (the archived null), true, i32:1, i64:1, u64:1, f32:0x1p+0, f64:0x1p+0,
-// date:0x1p+0, "text", <data in hex>, [list], {key=value in order}. Whatever is not printable ASCII stands as
-// \uXXXX. The graph must not contain itself.
+// date:0x1p+0, "text", <data in hex>, [list], {key=value in order}. Characters that are not printable ASCII
+// are written as \uXXXX. The graph must not contain itself.
 std::string describe(const Foundation::Value &value);
-// "refused" for nothing.
+// The same, and "refused" for nothing.
 std::string describe(const std::optional<Foundation::Value> &value);
 
 namespace Foundation

@@ -15,13 +15,13 @@
 
 #include <memory>
 
-// Documents in scripted windows, on a queue turned by hand, with files in a folder of their own.
+// Documents with scripted windows and a main queue that the test drains, with files in a temporary folder.
 class DocumentFixture : public testing::Test
 {
 protected:
     static inline const QString password = u"correct horse"_qs;
 
-    // Takes place of the previous document.
+    // Replaces the previous document.
     MyDocument &newDocument()
     {
         document = std::make_unique<MyDocument>();
@@ -38,7 +38,7 @@ protected:
             showWindow();
         return opened;
     }
-    // A new document that has its password.
+    // A new document with a password.
     MyDocument &newProtectedDocument()
     {
         newDocument().setPlainPassword(password);
@@ -61,7 +61,7 @@ protected:
         document->controlTextDidChange(0);
     }
     QString note() const { return document->myArrayController()->valueForSelection(u"note").stringValue(); }
-    // Documents that closed go at the end of the event.
+    // Closed documents are deleted at the end of the event.
     static void endEvent() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
     QString pathOf(const char *name) const { return folder.filePath(QString::fromLatin1(name)); }
 

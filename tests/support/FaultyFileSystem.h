@@ -10,22 +10,22 @@
 #include <fcntl.h>
 #include <functional>
 
-// The real file system with faults that a test orders. Each call is recorded as "write new": what is done,
-// and to what: the "folder", the "old" file, the "new" one or its "lock", or the one "placed" under the name
-// after the renaming.
+// The real file system with injected faults. Each call is recorded as a text such as "write new", which
+// consists of the operation and its object: the "folder", the "old" file, the "new" file or its "lock", or
+// the file that is "placed" under the name after renaming.
 class FaultyFileSystem : public Foundation::FileSystem
 {
 public:
-    // Runs before the call of that title and place in `calls`, counted from 0; its result is the errno with
-    // which the call fails, or 0 to let it happen.
+    // Called before each call, with its text and its index in `calls`. Returns the errno with which the call
+    // fails, or 0 to perform it.
     std::function<int(const QByteArray &title, qsizetype number)> before;
-    // Runs after each call that was let through.
+    // Called after each call that was performed.
     std::function<void(const QByteArray &title, qsizetype number)> after;
-    // No read or write moves more bytes than this at once.
+    // The maximum number of bytes of one read or write.
     std::size_t largestTransfer = SIZE_MAX;
     QList<QByteArray> calls;
 
-    // Counts and names calls from here on as if none had been made.
+    // Forgets all recorded calls.
     void forget()
     {
         calls.clear();

@@ -6,16 +6,16 @@
 #include <QFile>
 #include <QFileInfo>
 
-// Files by other means than those under test.
+// Access to files without the code under test.
 
-// Empty for one that cannot be read.
+// Returns an empty array if the file cannot be read.
 inline QByteArray contentOf(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// In place, with its folder.
+// Writes the file in place, and makes its folder if needed.
 inline void putFile(const QString &path, const QByteArray &bytes)
 {
     QDir().mkpath(QFileInfo(path).path());

@@ -7,10 +7,10 @@
 #include <ostream>
 #include <string>
 
-// In quotes; whatever is not printable ASCII stands as \uXXXX.
+// The text in quotes. Characters that are not printable ASCII are written as \uXXXX.
 std::string quoted(const QString &text);
 
-// How failures show the types of the system. Found by the test library through the namespaces of the types.
+// Printers for failures. GoogleTest finds them through the namespaces of the types.
 QT_BEGIN_NAMESPACE
 void PrintTo(const QString &text, std::ostream *out);
 void PrintTo(const QByteArray &bytes, std::ostream *out);

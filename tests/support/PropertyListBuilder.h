@@ -9,18 +9,18 @@
 #include <utility>
 #include <vector>
 
-// Lays down binary property lists ("bplist00") object by object, damaged ones included, and knows nothing of
-// the system's own writer. Every number can be made to lie before bytes() puts the file together.
+// Builds binary property lists ("bplist00") object by object, also damaged ones, without the writer of the
+// application. Every number can be changed to a wrong value before bytes() makes the file.
 class PropertyListBuilder
 {
 public:
-    using Number = quint64; // of an object, from 0 on
+    using Number = quint64; // the index of an object
     using Numbers = std::vector<Number>;
 
-    // Big-endian, the lowest `size` bytes.
+    // The lowest `size` bytes of a number, big-endian.
     static QByteArray bigEndian(quint64 number, int size);
 
-    // Each adds one object and gives its number.
+    // Each of these adds one object and returns its number.
     Number add(const QByteArray &object);
     Number ascii(QByteArrayView text) { return counted(0x50, quint64(text.size()), text.toByteArray()); }
     Number units(std::u16string_view text);
@@ -33,17 +33,17 @@ public:
     Number date(double seconds) { return add("\x33" + bigEndian(std::bit_cast<quint64>(seconds), 8)); }
     Number uid(quint64 value, int size = 1) { return add(char(0x80 | (size - 1)) + bigEndian(value, size)); }
     Number array(const Numbers &items) { return counted(0xA0, items.size(), references(items)); }
-    // All keys and then all values.
+    // The payload consists of all references to keys, then all references to values.
     Number dictionary(const Numbers &keys, const Numbers &values);
-    // Head byte with the count, in the long form where it needs it, and the payload.
+    // Adds an object with a head byte, its count (in the long form if needed) and the payload.
     Number counted(int sort, quint64 count, const QByteArray &payload);
 
-    // The number that the next object gets, for references ahead.
+    // The number of the next object, for references to objects that are added later.
     Number next() const { return offsets.size(); }
     QByteArray references(const Numbers &numbers) const;
     QByteArray bytes(Number top) const;
 
-    // To be set before the first object, and to be bent before bytes().
+    // Must be set before the first object. May be changed to wrong values before bytes().
     int referenceSize = 2;
     int offsetSize = 4;
     std::vector<quint64> offsets;
@@ -52,7 +52,7 @@ private:
     QByteArray m_objects = "bplist00";
 };
 
-// A keyed archive on top: objects by UID. The first three are the null object and two classes.
+// Builds a keyed archive. The first three UIDs are the null object and two classes.
 class KeyedArchiveBuilder
 {
 public:
@@ -63,12 +63,12 @@ public:
 
     KeyedArchiveBuilder();
 
-    // Puts an object of the list under the next UID.
+    // Gives an object of the list the next UID.
     Uid place(Number object);
     Uid text(QByteArrayView text) { return place(list.ascii(text)); }
-    // Description of a class; its ancestors go on the list behind it.
+    // Adds a class description; `name` is followed by its ancestors.
     Uid describedClass(QByteArrayView name, std::initializer_list<QByteArrayView> ancestors = {});
-    // Instance of a class with the fields given as name and object.
+    // Adds an instance of a class with these fields, each a name and an object.
     Number instance(std::initializer_list<std::pair<QByteArrayView, Number>> fields, Uid ofClass);
     Number referenceTo(Uid uid) { return list.uid(uid, 4); }
     Number referencesTo(const Uids &uids);

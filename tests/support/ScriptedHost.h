@@ -3,7 +3,7 @@
 #include "browse/BrowseHost.h"
 #include "support/ScriptedDocumentWindow.h"
 
-// A document as the list, the categories and the commands see it.
+// A BrowseHost without a document.
 class ScriptedHost : public BrowseHost
 {
 public:

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-// A pop-up of titles and actions, with the two items that an interface file provides.
+// A PopUpMenu without a widget. It begins with the two items that the interface file provides.
 class ScriptedPopUpMenu : public PopUpMenu
 {
 public:

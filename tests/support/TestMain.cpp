@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QStandardPaths>
 
-// The main of the test programs without windows.
+// The main function of the test programs without windows.
 int main(int argc, char **argv)
 {
     QStandardPaths::setTestModeEnabled(true);

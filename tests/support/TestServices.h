@@ -6,7 +6,8 @@
 
 #include <deque>
 
-// Services that a test scripts and questions. Each installs itself while it lives.
+// Doubles of the services. Each installs itself in its constructor and restores the built-in one in its
+// destructor.
 
 class RecordingWorkspace : public Foundation::Workspace
 {
@@ -17,13 +18,13 @@ public:
     bool openUrl(const QUrl &url) override;
     bool openFile(const QString &path) override;
 
-    // In the order of the calls; an invalid address stands as an empty text.
+    // The opened addresses in the order of the calls; an empty text for an invalid address.
     QStringList openedUrls;
     QStringList openedFiles;
     bool succeeds = true;
 };
 
-// Answers with `nextAnswers` in turn and keeps what was asked.
+// Answers with the next of `nextAnswers` and records the alerts.
 class ScriptedModalAlerts : public Foundation::ModalAlertPresenter
 {
 public:
@@ -36,7 +37,7 @@ public:
     std::deque<int> nextAnswers;
 };
 
-// A main queue turned by hand.
+// A main queue that runs only when the test drains it.
 class ManualQueue : public Foundation::MainQueue
 {
 public:
@@ -44,7 +45,7 @@ public:
     ~ManualQueue() override { Foundation::Services::shared().setMainQueue(nullptr); }
 
     void addOperation(std::function<void()> operation) override;
-    // Runs everything that waits, and what that adds.
+    // Runs all operations, including those that are added meanwhile.
     void drain();
     std::size_t waiting() const { return m_operations.size(); }
 
@@ -52,7 +53,7 @@ private:
     std::deque<std::function<void()>> m_operations;
 };
 
-// A clock that stands until it is moved.
+// A clock that the test sets.
 class ManualClock : public Foundation::Clock
 {
 public:
@@ -68,7 +69,7 @@ public:
     QDateTime moment;
 };
 
-// Timers that fire when time is moved.
+// Timers that fire when the test advances the time.
 class ManualTimers : public Foundation::Timers
 {
 public:
@@ -77,7 +78,7 @@ public:
 
     Timer schedule(int seconds, std::function<void()> fired) override;
     void advance(int seconds);
-    // That have neither fired nor been called off.
+    // The timers that have neither fired nor been cancelled.
     std::size_t pending() const;
 
 private:
@@ -92,7 +93,7 @@ private:
     std::vector<Entry> m_entries;
 };
 
-// Measures text by a rule that the test gives.
+// Measures text by a function of the test.
 class ScriptedTextMeasurer : public Foundation::TextMeasurer
 {
 public:
