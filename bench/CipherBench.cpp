@@ -46,7 +46,7 @@ void keyDerivationOfTheLibrary(benchmark::State &state)
 }
 BENCHMARK(keyDerivationOfTheLibrary)->Unit(benchmark::kMillisecond);
 
-// Whole calls of the engine: each derives its key and allocates its result.
+// Complete calls of the engine, which derive the key and allocate the result.
 void encipher(benchmark::State &state)
 {
     const QByteArray plain(state.range(0), 'p');
@@ -72,7 +72,7 @@ void decipher(benchmark::State &state)
 }
 BENCHMARK(decipher)->Arg(SmallSize)->Arg(LargeSize)->Unit(benchmark::kMillisecond);
 
-// The limits of the above: the same bytes copied into memory already in use, and into new memory.
+// The limits for comparison: copying the same bytes into memory that is already in use, and into new memory.
 void copyIntoOldMemory(benchmark::State &state)
 {
     const QByteArray source(state.range(0), 'p');

@@ -13,9 +13,9 @@
 #include <malloc.h>
 #include <memory>
 
-// The argument of every benchmark is the number of records. `perRecord` is the bytes that a record takes, in
-// the archive or in the file, and `toCopy` how many times longer the work takes than copying these bytes into
-// memory already in use.
+// The argument of every benchmark is the number of records. `perRecord` is the number of bytes of a record in
+// the archive or the file. `toCopy` is the time of the work divided by the time to copy these bytes into
+// memory that is already in use.
 
 namespace
 {
@@ -34,7 +34,7 @@ QByteArray archiveOf(DocumentState &document)
     return SavePipeline(document).archivedRecords();
 }
 
-// Bytes that the program has taken and not given back.
+// The memory in bytes that the program has allocated and not freed.
 double bytesInUse()
 {
     const auto info = mallinfo2();
@@ -56,7 +56,7 @@ double secondsToCopy(const QByteArray &bytes)
     return best;
 }
 
-// Runs `work` and tells its figures.
+// Runs `work` and reports its figures.
 template <class Work>
 void measure(benchmark::State &state, const QByteArray &bytes, Work work)
 {
@@ -68,7 +68,7 @@ void measure(benchmark::State &state, const QByteArray &bytes, Work work)
         benchmark::DoNotOptimize(made);
         const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
         seconds += elapsed.count();
-        state.SetIterationTime(elapsed.count()); // Without what it takes to destroy what was made.
+        state.SetIterationTime(elapsed.count()); // Without the destruction of the results.
     }
     state.counters["perRecord"] = double(bytes.size()) / double(state.range(0));
     state.counters["toCopy"] = seconds / double(state.iterations()) / secondsToCopy(bytes);
@@ -96,7 +96,7 @@ void encodeRecords(benchmark::State &state)
     measure(state, archiveOf(document), [&] { return archiveOf(document); });
 }
 
-// What a save does before it enciphers: reading without making anything.
+// The check of a save before it enciphers: reading without making values.
 void checkRecords(benchmark::State &state)
 {
     DocumentState document = sampleDocument(int(state.range(0)));
@@ -148,7 +148,7 @@ void saveDocument(benchmark::State &state)
     measure(state, file, [&] { return SavePipeline(document).dataOfType({}); });
 }
 
-// What a lock does to the content, apart from the window.
+// The work of a lock, without the window.
 void lockDocument(benchmark::State &state)
 {
     DocumentState document = sampleDocument(int(state.range(0)));
@@ -159,7 +159,7 @@ void lockDocument(benchmark::State &state)
     });
 }
 
-// Contacts that were all given one text, which is measured by what it would take if it were copied.
+// Contacts that share one text. The figure is the size that the text would have if it were copied.
 void openSharedText(benchmark::State &state)
 {
     constexpr qsizetype Length = 2000;
@@ -173,7 +173,7 @@ void openSharedText(benchmark::State &state)
     measureOpening(state, file, saved.plainPassword);
 }
 
-// As release 30000 wrote it, every field enciphered by itself.
+// A document of release 30000, with every field enciphered separately.
 QByteArray fileOfOldRelease(const DocumentState &document)
 {
     const VLCrypto engine(VLCrypto::DocumentVector.data(), document.plainPassword);
@@ -204,7 +204,7 @@ void ofRecords(benchmark::internal::Benchmark *benchmark)
     benchmark->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseManualTime();
 }
 
-// Up to the largest document that anybody is to have.
+// Up to the largest document that is supported.
 void ofUpToAMillionRecords(benchmark::internal::Benchmark *benchmark)
 {
     ofRecords(benchmark);

@@ -4,8 +4,8 @@
 
 #include <benchmark/benchmark.h>
 
-// The argument of every benchmark is the number of records. What a user waits for in the list of a document:
-// the whole way from the action to the arranged list, its selection and the news of both, without a window.
+// Measures what a user waits for in the list of a document, without a window: from the action to the arranged
+// list, its selection and the signals of both. The argument of every benchmark is the number of records.
 
 namespace
 {
@@ -30,7 +30,7 @@ public:
     QString searched;
 };
 
-// The list of a sample document, sorted by last and first name unless told otherwise.
+// The list of a sample document, by default sorted by last and first name.
 struct List
 {
     explicit List(qint64 recordCount, bool isSorted = true)
@@ -64,7 +64,7 @@ struct List
     RecordCommands recordCommands{host, records, categories};
 };
 
-// `prepare` runs before every `work` and is not counted.
+// `prepare` runs before every `work` and is not measured.
 template <class Prepare, class Work>
 void measure(benchmark::State &state, List &list, Prepare prepare, Work work)
 {

@@ -21,7 +21,7 @@ const char *const cities[] = {"Lyon", "Zürich", "York", "Bern", "Kraków", "Ren
 const char *const notes[] = {"Call in the morning", "No e-mail, please", "Born in May",
                              "Ask for the night desk", "nur schriftlich"};
 
-// std distributions differ between libraries; this does not.
+// The distributions of the standard library differ between implementations.
 class Picker
 {
 public:

@@ -2,7 +2,8 @@
 
 #include "core/DocumentState.h"
 
-// An address book such as people have: records with all sixteen texts, a date, a use count and a company flag
-// in eight categories, some names and notes outside ASCII. About 590 bytes a record in an archive. The same
-// for the same count on every machine; decrypted, under "correct horse", never saved.
+// A typical address book: records with all sixteen texts, a date, a use count and a company flag, in eight
+// categories, with some names and notes outside ASCII. A record takes about 590 bytes in an archive. The
+// content depends only on the count. The document is open, was never saved, and has the password "correct
+// horse".
 DocumentState sampleDocument(int recordCount);

@@ -7,9 +7,9 @@
 #include <chrono>
 #include <cstring>
 
-// The argument of every benchmark is the number of records. The time of a search is that of what follows a
-// keystroke in the search field, up to the list to be shown. `toMemmem` is how many times longer it takes
-// than the C library's memmem over the same prepared texts in one piece.
+// Measures the work after a keystroke in the search field, up to the list to be shown. The argument of every
+// benchmark is the number of records. `toMemmem` is the time divided by that of memmem() of the C library
+// over the same prepared texts in one piece.
 
 namespace
 {
@@ -41,7 +41,7 @@ std::string allText(const ArrayController::Objects &records)
     return text;
 }
 
-// Every occurrence at most once a hundred bytes, about as often as records are left once found.
+// Counts at most one occurrence in 100 bytes, because the search also leaves a record after its first match.
 double secondsOfMemmem(const std::string &text, const std::string &needle)
 {
     const auto start = std::chrono::steady_clock::now();
@@ -70,7 +70,7 @@ void search(benchmark::State &state, const QString &before, const QString &needl
     double seconds = 0;
     for (auto iteration : state) {
         (void)iteration;
-        // Something else was searched for before, or the needle without its last letter.
+        // The previous search was for another text, or for the needle without its last letter.
         index.search(records, before.isEmpty() ? QStringLiteral("~") : before);
         const auto start = std::chrono::steady_clock::now();
         const auto found = index.search(records, needle);
@@ -103,7 +103,7 @@ void searchAccented(benchmark::State &state)
     search(state, QString(), QStringLiteral("Müller"));
 }
 
-// As other systems write file names, and some programs everything.
+// Decomposed form, in which other systems write file names, and some programs all texts.
 void decomposeNames(const Dictionary &, Dictionary &record)
 {
     for (const auto &key : {RecordKey::firstName, RecordKey::lastName})

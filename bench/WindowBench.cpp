@@ -13,19 +13,19 @@
 #include <QScrollBar>
 #include <QStandardPaths>
 
-// What a user sees of a document in its window: the time from the key or the mouse until the list has been
-// painted anew, everything on the way included, with accessibility on. The argument is the number of records.
-// For comparison, `repaint` paints the same list without a reason. Needs a screen, or draws into memory.
+// Measures what a user sees of a document in its window: the time from a key or mouse event until the list is
+// painted again, with accessibility switched on. The argument is the number of records. For comparison,
+// `repaint` paints the same list without a change. Works on a screen or with the offscreen platform.
 
 namespace
 {
 
-// Tells when a widget has painted itself.
+// Notices when a widget has painted itself.
 class PaintWatch : public QObject
 {
 public:
     explicit PaintWatch(QWidget *widget) { widget->installEventFilter(this); }
-    // Runs events until then.
+    // Processes events until the widget was painted.
     void await()
     {
         m_isPainted = false;
@@ -37,7 +37,7 @@ protected:
     bool eventFilter(QObject *object, QEvent *event) override
     {
         if (event->type() == QEvent::Paint)
-            m_isPainted = true; // At the end of this turn it is on the screen.
+            m_isPainted = true; // It is on the screen at the end of this turn.
         return QObject::eventFilter(object, event);
     }
 
@@ -59,7 +59,7 @@ struct OpenWindow
         while (!window->isActiveWindow() && QGuiApplication::platformName() != u"offscreen")
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
-    // The way from the plain records to the list on the screen.
+    // Measures the time from the records to the list on the screen.
     void show()
     {
         PaintWatch watch(table->viewport());
@@ -113,7 +113,7 @@ void firstPaint(benchmark::State &state)
         state, [&] { open.lock(); }, [&] { open.show(); });
 }
 
-// Until the locked face stands there, and nothing is left to be done.
+// Until the locked view is shown and no work is left.
 void lock(benchmark::State &state)
 {
     OpenWindow open(state.range(0));
@@ -134,8 +134,8 @@ void keystroke(benchmark::State &state, const char *before, const char *text)
         [&] { open.type(QString::fromUtf8(text)); });
 }
 
-// Names alone, as in address books from telephones. All agree in what they lack, and nothing stops a look
-// early.
+// Contacts with nothing but names, as in address books from telephones. All other fields are equal, so a
+// comparison of the selected contacts never stops early.
 void emptyFields(const DocumentState &content)
 {
     for (const auto &entry : content.myArray->values) {
@@ -161,7 +161,7 @@ void selectAll(benchmark::State &state, bool fieldsAreEmpty)
         });
 }
 
-// Typed into the form with all contacts selected.
+// Typing into the form while all contacts are selected.
 void keystrokeInAll(benchmark::State &state, bool fieldsAreEmpty)
 {
     OpenWindow open(state.range(0));
@@ -177,11 +177,11 @@ void keystrokeInAll(benchmark::State &state, bool fieldsAreEmpty)
         [&] {
             field->insert(QStringLiteral("!"));
             watch.await();
-            QCoreApplication::processEvents(); // What waits for its turn holds up the next key.
+            QCoreApplication::processEvents(); // Deferred work would delay the next key.
         });
 }
 
-// With the argument's number of categories, the last of which is shown.
+// The argument is the number of categories, of which the last is shown.
 void fillCategoryPopUp(benchmark::State &state)
 {
     OpenWindow open(1000);
@@ -224,7 +224,8 @@ void repaint(benchmark::State &state)
         state, [] {}, [&] { open.table->viewport()->repaint(); });
 }
 
-// A contact of which four fields hold texts of this length: limit 50 ms a field, whatever the length.
+// A contact with texts of this length in four fields. The limit is 50 ms for each field, independent of the
+// length.
 void firstPaintOfLongTexts(benchmark::State &state)
 {
     OpenWindow open(1);
