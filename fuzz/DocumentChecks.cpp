@@ -13,7 +13,7 @@
 using Foundation::Array;
 using Foundation::Value;
 
-// In place of the real one, whose rounds would take nearly all the time.
+// Replaces the real derivation, whose rounds would take nearly all of the time.
 QByteArray pbkdf2HmacSha1(QByteArrayView secret, QByteArrayView salt, int, qsizetype length)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
@@ -50,7 +50,7 @@ void requireEveryRecordFiled(const DocumentState &state)
     require(state.myCategoryArray->count() > 0);
     for (const Value &entry : state.myCategoryArray->values)
         counted += entry.dictionary()->value(CategoryKey::cat_howManyUsingThis).intValue();
-    // More only if the same category stands in the list twice.
+    // It is larger only if the list contains the same category twice.
     require(counted >= state.myArray->count());
     for (const Value &entry : state.myArray->values) {
         const auto category = entry.dictionary()->value(RecordKey::categoryPtr).dictionary();
@@ -75,7 +75,7 @@ void openAndSave(const QByteArray &file)
     const QByteArray captions = Foundation::archivedData(state.myLabelDictionary);
     const auto saved = SavePipeline(state).dataOfType({});
     if (!SavePipeline::canBeRead(state))
-        return; // Linked to their categories, records can be too deep for a file.
+        return; // Records may be nested too deep after they are linked to their categories.
     require(saved.has_value());
     DocumentState again;
     require(open(*saved, again));

@@ -4,16 +4,16 @@
 
 #include <QByteArray>
 
-// What every target that opens documents asks of them.
+// The checks of every target that opens documents.
 
 inline const QString FuzzedPassword = QStringLiteral("correct horse");
 
-// Ends the program unless it holds.
+// Ends the program if the condition is false.
 void require(bool holds);
 
-// Opens a file with the password, and if it opens, requires that every record is filed in a category that
-// counts it, and that a save loses nothing.
+// Opens a file with the password. If it opens, every record must have a category that counts it, and a save
+// must lose nothing.
 void openAndSave(const QByteArray &file);
 
-// Two bytes of length, highest first, and as many bytes; what is there, if there are fewer.
+// Reads a big-endian length of two bytes and that many bytes, or the rest of the input if it is shorter.
 QByteArray takePart(QByteArray &rest);

@@ -4,12 +4,12 @@
 
 #include <cstdint>
 
-// Everything that stands in a document file is written by whoever made the file: the root, and with a known
-// password also what is inside the cipher.
+// Everything in a document file may be hostile: the root, and, if the attacker knows the password, also the
+// enciphered content.
 //
-// Inputs that begin with a zero byte are the archives of records, categories and captions, two bytes of
-// length, highest first, before each of the first two; those that begin with a one are the archive of the
-// creation date. They are enciphered into a whole document. All other inputs are files.
+// An input that begins with the byte 0 consists of the archives of records, categories and captions, where
+// each of the first two comes after its big-endian length of two bytes. An input that begins with the byte 1
+// is the archive of the creation date. Both are enciphered into a whole document. All other inputs are files.
 
 namespace
 {

@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <cstdlib>
 
-// Archives are what document files and everything enciphered in them consist of. What is read once must be
-// archived such that it reads as the same again.
+// Document files and their enciphered parts are archives. A value that was read must be equal after it is
+// archived and read again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    // Not copied, so that the sanitizer sees every byte read beyond the input.
+    // Not copied, so that the sanitizer detects reads beyond the input.
     const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size));
     const auto root = Foundation::unarchivedRoot(bytes);
     if (bytes.startsWith("bplist") && Foundation::canBeUnarchived(bytes) != root.has_value())

@@ -6,12 +6,13 @@
 #include <cstdint>
 #include <iterator>
 
-// Documents of old releases, whose fields are enciphered one by one. The input's first byte tells the
-// release, the second how many categories (low four bits) and records (high ones) there are. Of the third,
-// the bits tell, from the lowest on, whether there are captions, whether the first record stands there twice,
-// and whether empty fields of later records are the buffers of the first. Then come the plain fields, each
-// behind two bytes of length: date, captions, categories, records. A field whose length has its highest bit
-// set is a cipher text already, and one with the next bit no data at all; fields behind the end are empty.
+// Documents of old releases, whose fields are enciphered separately. The first byte of the input selects the
+// release; the second contains the number of categories (low four bits) and of records (high four bits). The
+// bits of the third byte say, beginning with the lowest, whether there are captions, whether the first record
+// occurs twice, and whether empty fields of later records use the buffers of the first record. Then follow
+// the plain fields, each after a length of two bytes: date, captions, categories, records. The highest bit of
+// a length means that the field is already enciphered, the next bit that it is no data at all. Fields after
+// the end of the input are empty.
 
 namespace
 {
@@ -97,7 +98,7 @@ private:
         return dictionary;
     }
 
-    // Of each text of a record, and its category.
+    // The texts of a record, and its category.
     Ref<Dictionary> takeCaptions()
     {
         auto captions = takeDictionary(contactTextKeys());

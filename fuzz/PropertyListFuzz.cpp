@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <cstdlib>
 
-// Property lists come from a server. What is read once must be written such that it reads as the same again.
+// A value that was read must be equal after it is written and read again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    // Not copied, so that the sanitizer sees every byte read beyond the input.
+    // Not copied, so that the sanitizer detects reads beyond the input.
     const auto bytes = QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size));
     const auto list = Foundation::readPropertyList(bytes);
     if (!list)
