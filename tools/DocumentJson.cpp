@@ -13,7 +13,7 @@ using Foundation::Value;
 namespace
 {
 
-// Builds one text. Each append… writes a whole JSON value.
+// Builds one text. Each append function writes a complete JSON value.
 class JsonWriter
 {
 public:
@@ -40,7 +40,7 @@ private:
         append();
         m_json += '}';
     }
-    // A quoted text without characters that need an escape.
+    // Writes a text without characters that need an escape.
     void appendPlain(const QByteArray &text)
     {
         m_json += '"';
@@ -104,7 +104,7 @@ void JsonWriter::appendReal(double number)
         m_json += number < 0 ? "-Infinity" : "Infinity";
         return;
     }
-    // Sixteen digits before the point and three zeros behind it are still written out.
+    // Up to sixteen digits before the point and three zeros after it are written without an exponent.
     const double size = std::fabs(number);
     const bool isPlain = number == 0 || (size >= 1e-4 && size < 1e16);
     char digits[32];

@@ -11,8 +11,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-// Opens, prints and saves documents without any window, over the same logic as the application. For checks of
-// interoperability, faults and scale; see docs/probe.md.
+// Opens, prints and saves documents without a window, with the same logic as the application. See
+// docs/probe.md.
 
 using Foundation::ActionSender;
 using Foundation::Value;
@@ -34,7 +34,7 @@ QByteArray jsonText(const QString &text)
     return jsonOfValue(Value(text));
 }
 
-// The content of a password file, taken whole: no line end is cut off and no byte-order mark swallowed.
+// The whole content of a password file, including line ends and a byte-order mark.
 QString passwordIn(const QString &path)
 {
     QFile file(path);

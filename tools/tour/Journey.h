@@ -2,8 +2,8 @@
 
 #include "Stage.h"
 
-// The main job from one end to the other, in two acts of one application each: a document is made, filled and
-// saved; then it is opened again, read and changed.
+// The tour, in two acts with one run of the application each. In the first act a document is created, filled
+// and saved; in the second it is opened again, read and changed.
 class Journey
 {
 public:
@@ -13,7 +13,7 @@ public:
     {
     }
 
-    // Both end by quitting the application.
+    // Both acts end by quitting the application.
     void makeDocument();
     void openDocument();
 

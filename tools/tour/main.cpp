@@ -31,8 +31,7 @@ QPalette darkPalette()
     return palette;
 }
 
-// One run of the application, driven by the scene as soon as it is up. Ends when the application quits, which
-// the scene brings about.
+// Runs the application once. The scene starts when the application is running, and must make it quit.
 void act(Stage &stage, const QStringList &files, const std::function<void()> &scene)
 {
     Application application;
