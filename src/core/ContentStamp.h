@@ -2,7 +2,7 @@
 
 #include "core/DocumentState.h"
 
-// A number that tells whether records, categories and captions are still the objects that they were, in the
-// same order and unchanged. Made of the change stamps of all of them, so that equal contents read twice
-// differ. Looks at each record once.
+// A number that stays equal as long as records, categories and captions are the same objects, in the same
+// order and unchanged. It is computed from the change stamps of all of them, so that equal content that is
+// read twice has different numbers. Takes one pass over the records.
 quint64 contentStamp(const DocumentState &state);

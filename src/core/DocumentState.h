@@ -7,27 +7,27 @@
 
 #include <memory>
 
-// All that a document holds apart from its window: content, password, cipher engine and enciphered buffers.
-// The pipelines of this folder work on it, so that password and content go in and bytes come out without any
-// document object. A null byte array stands for an absent buffer.
+// The state of a document without its window: content, password, cipher engine and enciphered buffers. The
+// pipelines of this folder work on it, so that they need no document object. A null byte array means that a
+// buffer is absent.
 //
-// The arrays own their dictionaries; a record's `categoryPtr` is the very dictionary that stands in
-// `myCategoryArray`. Arrays are replaced whole by a decryption and otherwise changed by list controllers.
+// The arrays own their dictionaries. The `categoryPtr` of a record is the same object as in
+// `myCategoryArray`. Deciphering replaces the arrays; all other changes are made by list controllers.
 struct DocumentState
 {
     Foundation::Ref<Foundation::Array> myArray = Foundation::Array::create();
     Foundation::Ref<Foundation::Array> myCategoryArray = Foundation::Array::create();
     Foundation::Ref<Foundation::Dictionary> myLabelDictionary = defaultLabelDictionary();
-    Foundation::Value documentCreationDate; // a date, or Null where a file of an old release lost it
+    Foundation::Value documentCreationDate; // a date, or Null if a file of an old release has no valid one
 
-    bool isEncrypted = false; // the document shows its locked face
+    bool isEncrypted = false; // the document is locked
     QString plainPassword = QStringLiteral("");
-    bool YouCanSave = true; // all that a current file needs is in memory
+    bool YouCanSave = true; // the gate of SavePipeline: a save is allowed
     bool requiresMandatoryPassword = true;
     quint64 myOpeningDocumentVersion = 0;
-    QString fileDocRelease; // null until a file is read
+    QString fileDocRelease; // the format number as text; null until a file is read
 
-    // Of documents up to release 30000; gets the password at each decryption.
+    // For documents up to release 30000. Gets the password each time the document is deciphered.
     VLCrypto myCryptoEngine{VLCrypto::DocumentVector.data()};
     std::unique_ptr<VLCommonCrypto> myCommonCrypto;
     QByteArray mySalt;
@@ -38,23 +38,23 @@ struct DocumentState
     QByteArray myEncryptedCategoryArrayData;
     QByteArray myEncriptedLabelDictionaryData;
     QByteArray myEncryptedDocumentCreationDateData;
-    // The four buffers were made under the salt, vector and check pair above. False once a locked document
-    // got new ones that its buffers do not know.
+    // True if the four buffers were enciphered under the salt, vector and check pair above. False after a
+    // locked document got a new password, and with it new ones.
     bool buffersBelongToCheckPair = true;
 
-    // The last enciphering left a buffer out since no reader would take the content that belongs there.
+    // True if the last enciphering left a buffer empty because the reader would refuse its content.
     bool refusesOwnContent = false;
 
-    // Old layouts, whose fields are enciphered one by one.
+    // The content of old layouts, whose fields are enciphered separately.
     Foundation::Ref<Foundation::Array> myEncryptedArray = Foundation::Array::create();
     Foundation::Ref<Foundation::Array> myEncryptedCategoryArray;
     Foundation::Ref<Foundation::Dictionary> myEncriptedLabelDictionary;
 
-    // Window frame and toolbar as the next save writes them; null when the document has none.
+    // Window frame and toolbar for the next save; null if the document has none.
     Foundation::Ref<Foundation::Dictionary> OSXPlatformDictionary;
-    // Never reaches a file.
+    // Never written to a file.
     Foundation::Ref<Foundation::Dictionary> myiOSPlatformDictionary = Foundation::Dictionary::create();
-    // The same as it was read, applied once the document is open.
+    // Window frame and toolbar as they were read; applied when the document is unlocked.
     bool useMyWinRect = false;
     Foundation::Rect myWinRectToUse;
     bool makeToolbarVisibleAtDecrypt = false;

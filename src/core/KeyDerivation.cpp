@@ -8,10 +8,10 @@
 #include <openssl/sha.h>
 #include <vector>
 
-// The library's own derivation copies contexts through its provider layer in every round and takes four times
-// as long; every save and every opened document pays several derivations. Its block function is reached only
-// by these names, which version 3.0 discourages in favour of that layer, so the warning is silenced for this
-// file.
+// The derivation of the library copies contexts through its provider layer in every round and takes four
+// times as long, and every save and every opening needs several derivations. The block function of the
+// library is available only under these names, which are deprecated since version 3.0, so the warning is
+// disabled for this file.
 QT_WARNING_PUSH
 QT_WARNING_DISABLE_DEPRECATED
 
@@ -24,20 +24,20 @@ using DigestWords = std::array<SHA_LONG, SHA_DIGEST_LENGTH / sizeof(SHA_LONG)>;
 constexpr unsigned char InnerPad = 0x36;
 constexpr unsigned char OuterPad = 0x5C;
 
-// HMAC hashes one block of padded key before each of its two messages: both states after that block. All
-// rounds start from copies of them.
+// HMAC hashes one block of padded key before each of its two messages. These are both states after that
+// block; all rounds start from copies of them.
 struct KeyedStates
 {
     SHA_CTX inner;
     SHA_CTX outer;
 };
 
-// Twenty bytes of the derived key in the making.
+// The computation of 20 bytes of the derived key.
 struct Chain
 {
     SHA_CTX state;
-    // The last digest followed by the padding of a 20-byte message behind one block of key. Only the digest
-    // changes from round to round.
+    // The last digest, followed by the padding of a message of 20 bytes after one block of key. Only the
+    // digest changes between rounds.
     Block message;
     DigestWords sum;
 };
@@ -78,8 +78,7 @@ KeyedStates keyedStates(QByteArrayView secret)
     return states;
 }
 
-// Hashes the message of `chain` behind the block that `start` has taken, and makes the digest the next
-// message.
+// Hashes the message of `chain`, beginning with the state `start`, and makes the digest the next message.
 void absorb(Chain &chain, const SHA_CTX &start)
 {
     chain.state.h0 = start.h0;
@@ -91,7 +90,7 @@ void absorb(Chain &chain, const SHA_CTX &start)
     storeWords(digestWords(chain.state), chain.message.data());
 }
 
-// The first round, whose message is the salt and the number of the chain, counted from 1.
+// The first round. Its message is the salt and the number of the chain, counted from 1.
 Chain firstRound(const KeyedStates &states, QByteArrayView salt, quint32 number)
 {
     constexpr quint64 messageBits = quint64(SHA_CBLOCK + SHA_DIGEST_LENGTH) * 8;
@@ -126,8 +125,8 @@ QByteArray pbkdf2HmacSha1(QByteArrayView secret, QByteArrayView salt, int rounds
     for (Chain &chain : chains)
         chain = firstRound(states, salt, ++number);
 
-    // All chains take each half of a round together: they don't depend on each other, so the processor
-    // overlaps their block functions, and two chains cost little more than one.
+    // All chains do each half of a round together. They are independent, so the processor overlaps their
+    // block functions, and two chains take little longer than one.
     for (int round = 1; round < rounds; ++round) {
         for (Chain &chain : chains)
             absorb(chain, states.inner);

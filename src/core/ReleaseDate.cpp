@@ -34,7 +34,7 @@ const Zone zones[] = {
     {QLatin1String("AKST"), -540}, {QLatin1String("HST"), -600},
 };
 
-// Where it lies at that local time, in seconds.
+// The offset of the zone from UTC at that local time, in seconds.
 std::optional<int> offsetOfZone(const QString &name, const QDateTime &local)
 {
     for (const Zone &zone : zones) {

@@ -2,11 +2,11 @@
 
 #include <QByteArray>
 
-// Overwrites the bytes, if nobody else shares them, and empties the array. For passwords' bytes and plain
-// archives on their way; what the user sees on the screen stays in memory anyway.
+// Overwrites the bytes, unless another array shares them, and clears the array. For the bytes of passwords
+// and for deciphered archives. The content that the user sees stays in memory anyway.
 void wipe(QByteArray &bytes);
 
-// Wipes an array at the end of a scope.
+// Owns an array and wipes it in the destructor.
 class SecretBytes
 {
 public:
