@@ -2,8 +2,9 @@
 
 #include "core/DocumentState.h"
 
-// The stored properties of a document under their names, each with getter and setter, over its DocumentState.
-// A setter replaces the object and tells nobody: what a window shows is set through MyDocument itself.
+// The prescribed accessors of the stored properties of a document, over its DocumentState. A setter sends no
+// notification; properties that a window shows are set through MyDocument. Most setters, and the arrays for
+// export, import and people, are prescribed and have no caller yet.
 class DocumentProperties
 {
 public:
@@ -12,7 +13,7 @@ public:
     template <class T>
     using Ref = Foundation::Ref<T>;
 
-    // A date, or Null where a file of an old release lost it.
+    // A date, or Null if a file of an old release has no valid one.
     const Foundation::Value &documentCreationDate() const { return m_properties.documentCreationDate; }
     void setDocumentCreationDate(const Foundation::Value &date) { m_properties.documentCreationDate = date; }
 
@@ -26,7 +27,7 @@ public:
     void setFileDocRelease(const QString &release) { m_properties.fileDocRelease = release; }
 
     VLCrypto &myCryptoEngine() const { return m_properties.myCryptoEngine; }
-    // Null before the first save or decryption.
+    // Null before the document was saved or deciphered for the first time.
     VLCommonCrypto *myCommonCrypto() const { return m_properties.myCommonCrypto.get(); }
     void setMyCommonCrypto(std::unique_ptr<VLCommonCrypto> engine)
     {
@@ -88,7 +89,7 @@ public:
     {
         m_properties.OSXPlatformDictionary = platform;
     }
-    // Never reaches a file.
+    // Never written to a file.
     const Ref<Dictionary> &myiOSPlatformDictionary() const { return m_properties.myiOSPlatformDictionary; }
     void setMyiOSPlatformDictionary(const Ref<Dictionary> &platform)
     {
@@ -101,7 +102,7 @@ public:
     bool makeToolbarVisibleAtDecrypt() const { return m_properties.makeToolbarVisibleAtDecrypt; }
     void setMakeToolbarVisibleAtDecrypt(bool visible) { m_properties.makeToolbarVisibleAtDecrypt = visible; }
 
-    // Meant for counts of uses that are to be made anew. Nothing sets or reads it.
+    // Prescribed; no caller yet.
     bool usageCountDirtyFlag() const { return m_usageCountDirtyFlag; }
     void setUsageCountDirtyFlag(bool isDirty) { m_usageCountDirtyFlag = isDirty; }
 
@@ -113,7 +114,7 @@ public:
     void setAbPeopleArray(const Ref<Array> &people) { m_abPeopleArray = people; }
 
 protected:
-    // The state belongs to the document and outlives this.
+    // `state` belongs to the document and must outlive this object.
     explicit DocumentProperties(DocumentState &state)
         : m_properties(state)
     {

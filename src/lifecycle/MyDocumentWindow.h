@@ -4,20 +4,21 @@
 #include "helpers/views/VLVSplitViewDelegate.h"
 #include "values/Color.h"
 
-// What the address book's document asks of its window beyond any document's.
+// What MyDocument needs from its window in addition to BrowseWindow.
 class MyDocumentWindow : public BrowseWindow
 {
 public:
-    // The spinner beside the password field. Must be seen at once: the work behind it blocks the event loop.
+    // Shows the spinner beside the password field. Must paint before it returns, because the following work
+    // blocks the event loop.
     virtual void setDecryptProgressShown(bool shown) = 0;
     virtual void clearPasswordToDecryptField() = 0;
-    // The strip above the list that tells which filter is in force.
+    // Shows or hides the strip above the list that says which filter is active.
     virtual void setSearchInfoShown(bool shown) = 0;
-    // The rule of the list beside the detail.
+    // The rule of the split view with the list and the detail.
     virtual VLVSplitViewDelegate &mySplitViewDelegate() = 0;
-    // The desktop's colour of text in controls.
+    // The colour of text in controls of the desktop.
     virtual Foundation::Color controlTextColor() const = 0;
-    // Both ask the user first, and return at once.
+    // Both open a dialog and return immediately.
     virtual void printWhiteView() = 0;
     virtual void runPageLayout() = 0;
 };

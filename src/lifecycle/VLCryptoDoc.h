@@ -4,11 +4,11 @@
 #include "documents/Document.h"
 #include "lifecycle/MyDocumentWindow.h"
 
-// A document behind a master password: holds the password and the flag that says whether the content is open
-// to the user, and runs the sheets through which a password comes in. Knows no cipher: it asks its subclass
-// to decipher and looks at zero or non-zero.
+// A document with a master password. It has the password, the flag that says whether the document is locked,
+// and the sheets that ask for passwords. It contains no cipher: the subclass deciphers, and only 0 means
+// success.
 //
-// The password is kept as plain text as long as the document is open, also while it is locked.
+// The password is in memory as plain text as long as the document exists, also while it is locked.
 class VLCryptoDoc : public Foundation::Document
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ class VLCryptoDoc : public Foundation::Document
                    setShowClearPasswordInInsertPasswordSheet NOTIFY passwordFieldsChanged)
 
 public:
-    // Longer than five UTF-16 units; nothing is trimmed and nothing else is asked of a password.
+    // In UTF-16 units. A password is not trimmed, and there are no other requirements.
     static constexpr qsizetype ShortestPassword = 6;
     static const QString MandatoryPasswordSheet;
     static const QString ChangePasswordSheet;
@@ -49,45 +49,46 @@ public:
 
     const DocumentState &state() const { return m_state; }
 
-    // The window as this class knows it; null without one.
+    // The window of the document; null without one.
     MyDocumentWindow *myWindow() const { return static_cast<MyDocumentWindow *>(window()); }
 
-    // 0 for success. The base class can decipher nothing.
+    // Decript() returns 0 after success. The base class cannot decipher and always fails.
     virtual qint32 Decript() { return 1; }
     virtual qint32 decryptDone() { return 1; }
     virtual qint32 decryptFailed() { return 1; }
 
-    // Tries the sender's text as the password; an empty one is ignored without a word. Either way the
-    // document counts as unedited afterwards. A rejected text stays in plainPassword: what counts is
-    // isEncrypted.
+    // Tries the text of the sender as the password. An empty text is ignored. Afterwards the document counts
+    // as unedited, unless it was unlocked and its content is in no file of the user's. Required: a wrong
+    // password stays in plainPassword(), so use isEncrypted() to see whether the document is open.
     Q_INVOKABLE void submitPasswordToDecrypt(const Foundation::ActionSender &sender);
-    // Asks for the first password of a document. Cancelling closes the document without a question.
+    // Opens the sheet that asks for the first password. Cancelling it closes the document without asking.
     void askMandatoryPasswordToProtectDocument();
-    // Both buttons of the sheet; the tag of the confirming one is 1000.
+    // Action of both buttons of the sheet. The confirming button has the tag 1000.
     Q_INVOKABLE void confirmMandatoryPasswordSheet(const Foundation::ActionSender &sender);
     void mandatoryPasswordNonEqual();
     void mandatoryPasswordMustBe6CharLong();
 
-    // Changes the password; a document that has none gets its first one. The new one is used when the
-    // document is saved next, for which it counts as edited.
+    // Opens the sheet that changes the password, or the one for the first password if there is none. The next
+    // save uses the new password; until then the document counts as edited.
     Q_INVOKABLE void documentPassword(const Foundation::ActionSender &sender);
     void showChangePasswordSheet(Foundation::DocumentWindow *window);
     Q_INVOKABLE void confirmChangePasswordSheet(const Foundation::ActionSender &sender);
     Q_INVOKABLE void cancelChangePasswordSheet(const Foundation::ActionSender &sender);
 
-    // Takes a password without asking for the former one. Nothing here calls it; a refusal leads to the sheet
-    // of the change. The context is handed through and not looked at.
+    // Opens a sheet that sets a password without asking for the former one. After a refusal, Retry opens the
+    // sheet that changes the password. `contextInfo` is only passed on. Prescribed; no caller yet.
     void showInsertPasswordSheet(Foundation::DocumentWindow *window, void *contextInfo);
     Q_INVOKABLE void confirmInsertPasswordSheet(const Foundation::ActionSender &sender);
     Q_INVOKABLE void cancelInsertPasswordSheet(const Foundation::ActionSender &sender);
 
-    // The refusals of both. Retry brings up the sheet of the change on the window, as the user left it.
+    // Alerts of both sheets about refused passwords. Retry opens the sheet that changes the password, with
+    // what the user typed.
     void passwordNotEqualSheet(Foundation::DocumentWindow *window, void *contextInfo);
     void passwordMustBe6CharLong(Foundation::DocumentWindow *window, void *contextInfo);
     void passwordMustMatch(Foundation::DocumentWindow *window);
 
     bool validateUserInterfaceItem(const QString &action) const override;
-    // An encrypted document closes at once, and `shouldClose` is never called: the file is what it shows.
+    // Required: a locked document closes immediately, and `shouldClose` is never called.
     void canCloseDocument(Completion shouldClose) override;
 
 Q_SIGNALS:
@@ -97,7 +98,7 @@ Q_SIGNALS:
 
 protected:
     DocumentState &mutableState() { return m_state; }
-    // A sheet with one message on the document's window.
+    // Shows an alert on the window of the document. Does nothing without a window.
     void showAlert(
         const Foundation::Alert &alert, Foundation::AlertAnswer answered = [](int) {});
 
@@ -107,9 +108,9 @@ private:
     void insertSheetDidEnd(void *contextInfo);
     void passwordRefused(Foundation::DocumentWindow *window, const QString &message,
                          const QString &informativeText);
-    // Takes the text that was typed as the password, and empties the fields.
+    // Makes the typed text the password and clears the fields.
     void acceptInsertedPassword();
-    // The maker is called by one name after the first password and by another after an inserted one.
+    // Required: `maker` has one form after the first password and another one after an inserted password.
     void sayAccepted(const QString &maker);
     void decryptRejected();
     void set(QString &field, const QString &text);
@@ -119,5 +120,5 @@ private:
     QString m_plainPasswordInsertedRetype = QStringLiteral("");
     QString m_plainPasswordPrevious = QStringLiteral("");
     bool m_showClearPassword = false;
-    bool m_sheetWasConfirmed = false; // which button ended the sheet that inserts a password
+    bool m_sheetWasConfirmed = false; // the confirming button ended the sheet that inserts a password
 };

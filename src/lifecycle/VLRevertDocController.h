@@ -2,8 +2,8 @@
 
 #include "documents/DocumentController.h"
 
-// The documents of the application, with a second way of locking that nothing here takes: to save a document
-// and open its file again, which shows the one that is open.
+// The documents of the application. Adds a second way to lock a document: save it and open its file again,
+// which only raises the open document. Prescribed; no caller yet.
 class VLRevertDocController : public Foundation::DocumentController
 {
     Q_OBJECT
@@ -12,8 +12,8 @@ public:
     using DocumentController::DocumentController;
 
     void advancedLockDocument(Foundation::Document *document);
-    // Goes on only if the save succeeded. The context is not looked at.
+    // Continues after the save, if it succeeded. `contextInfo` is ignored.
     void document(Foundation::Document *document, bool didSave, void *contextInfo);
-    // In spite of its name it closes nothing.
+    // Required: despite its name, it closes nothing.
     void CloseAndReopenTheDoc(Foundation::Document *document);
 };
