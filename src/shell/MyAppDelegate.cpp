@@ -22,7 +22,8 @@ QVariantHash MyAppDelegate::registeredDefaults()
         {QStringLiteral("tableFontSize"), 12.0F},
         {QStringLiteral("tableFontBold"), false},
         {QStringLiteral("tableFontItalic"), false},
-        {QStringLiteral("autolocBackgroundEnabled"), false}, // Spelled so in every settings file.
+        {QStringLiteral("autolocBackgroundEnabled"),
+         false}, // The spelling is that of existing settings files.
         {QStringLiteral("autolocBackgroundInterval"), 120},
     };
 }

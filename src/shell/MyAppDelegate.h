@@ -6,30 +6,30 @@
 #include <QObject>
 #include <QVariantHash>
 
-// The one object that lives as long as the application.
+// Exists once, as long as the application: default settings and automatic lock.
 class MyAppDelegate : public QObject
 {
     Q_OBJECT
 
 public:
-    // Installs the named transformers that interface files bind through.
-    // The documents are not owned and outlive the delegate.
+    // Installs the transformers of the application for interface files. `documents` is not owned and must
+    // outlive the delegate.
     explicit MyAppDelegate(Foundation::DocumentController &documents, QObject *parent = nullptr);
 
-    // Registers the settings' defaults. Must run before anything reads a setting.
+    // Registers the default settings. Must be called before any setting is read.
     static void initialize();
-    // Exactly the ten settings that have a default; two more begin absent.
+    // The ten settings with a default. Two other settings have none.
     static QVariantHash registeredDefaults();
 
-    // The application has lost the focus to another one, or got it back. Windows of its own, panels and
-    // dialogs among them, do not count as others.
+    // The user has switched to another application, or back. A change between windows, panels and dialogs of
+    // this application does not count.
     void applicationDidResignActive();
     void applicationDidBecomeActive();
-    // Locks all documents once, after that many seconds but never before half a minute; in place of a lock
-    // that was to come. Less than 1: no lock is to come.
+    // Locks all documents once after that many seconds, but not before 30 seconds have passed. Replaces a
+    // former timer. A value below 1 only cancels the timer.
     void setAutomaticLockWithTimeInterval(qint32 seconds);
     void AutomaticLockAllOpenedDocuments();
-    // The one that waits or has fired; null if there is none. It fires once, whatever its name says.
+    // The timer that is active or has fired; null if there is none. Required name: the timer fires only once.
     const Foundation::Timers::Timer &repeatingAutomaticLockTimer() const
     {
         return m_repeatingAutomaticLockTimer;

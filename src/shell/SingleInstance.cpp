@@ -11,11 +11,11 @@
 namespace
 {
 
-constexpr int Patience = 3000; // milliseconds; the other one may be saving
+constexpr int Patience = 3000; // in milliseconds; the other instance may be saving
 constexpr qint64 LongestMessage = 1 << 20;
 constexpr char Taken = 1;
 
-// Names of files, each with a NUL behind it, and one NUL more at the end of all.
+// The paths, each followed by a null character, and one more null character at the end.
 QByteArray messageOfPaths(const QStringList &paths)
 {
     QByteArray message;
@@ -24,7 +24,7 @@ QByteArray messageOfPaths(const QStringList &paths)
     return message + '\0';
 }
 
-// Nothing as long as the end has not come.
+// Returns nothing if the message is incomplete.
 std::optional<QStringList> pathsOfMessage(const QByteArray &message)
 {
     const bool isEmpty = message == QByteArray(1, '\0');
@@ -38,7 +38,7 @@ std::optional<QStringList> pathsOfMessage(const QByteArray &message)
     return paths;
 }
 
-// Whether the other side is gone; all that it sent has been read.
+// Whether the other side has closed the connection. All that it sent must have been read.
 bool hasHungUp(const QLocalSocket &socket)
 {
     char any = 0;
@@ -87,12 +87,12 @@ bool SingleInstance::handOver(const QStringList &paths)
     case Answer::Taken:
         return true;
     case Answer::Nobody:
-        // What a crashed one left behind is in the way.
+        // Removes the socket of a crashed instance.
         QLocalServer::removeServer(name);
         m_server.listen(name);
         return false;
     case Answer::Busy:
-        break; // It stays the first one, and the files are opened here.
+        break; // The other instance keeps the socket; the files are opened in this one.
     }
     return false;
 }
@@ -111,11 +111,11 @@ void SingleInstance::takeMessage(QLocalSocket *socket)
     if (!paths) {
         if (socket->bytesAvailable() >= LongestMessage)
             socket->abort();
-        return; // The rest is still to come.
+        return; // The message is incomplete.
     }
     socket->readAll();
     if (hasHungUp(*socket))
-        return; // It lost its patience, and has opened the files itself.
+        return; // The other side did not wait, and opens the files itself.
     socket->write(QByteArray(1, Taken));
     socket->flush();
     socket->disconnectFromServer();

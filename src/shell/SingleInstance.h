@@ -6,8 +6,9 @@
 
 class QLocalSocket;
 
-// One running application for each user: a second start hands its files to the first one and ends. They meet
-// at a socket in the user's runtime folder, which nobody else can open.
+// Ensures that each user has only one running application: a second start passes its files to the first one
+// and ends. They communicate through a socket in the runtime folder of the user, which other users cannot
+// open.
 class SingleInstance : public QObject
 {
     Q_OBJECT
@@ -15,12 +16,13 @@ class SingleInstance : public QObject
 public:
     explicit SingleInstance(QObject *parent = nullptr);
 
-    // True if another instance runs and has taken the paths. Otherwise this is the one from here on, unless
-    // another runs that does not answer: then both run.
+    // Returns true if another instance has taken the paths; the caller should then quit. Returns false if
+    // this is now the only instance, or if the other one does not answer, in which case both run. Blocks for
+    // some seconds at most.
     bool handOver(const QStringList &paths);
 
 Q_SIGNALS:
-    // Somebody started the application again, with these files; absolute paths, perhaps none.
+    // The application was started again with these files, as absolute paths. The list may be empty.
     void startedAgain(const QStringList &paths);
 
 private:
