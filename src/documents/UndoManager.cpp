@@ -7,7 +7,7 @@ void UndoManager::registerUndo(Operation inverse)
 {
     recordingStack().push_back({std::move(inverse), QString()});
     if (m_direction == Direction::None)
-        m_redo.clear(); // A new command: what was undone before cannot be redone behind it.
+        m_redo.clear(); // After a new command, undone commands cannot be redone.
     Q_EMIT changed();
 }
 

@@ -9,9 +9,9 @@
 namespace Foundation
 {
 
-// Undo and redo as two stacks of recorded inverses. A command records its inverse and names it while it runs;
-// undoing runs the inverse, which records the command again, and that becomes the entry of redo. Everything a
-// recorded inverse holds stays alive as long as its entry. Main thread only.
+// Undo and redo as two stacks of inverse operations. A command registers its inverse and then names it.
+// Undoing runs the inverse, which registers the command again, and this becomes the entry of redo. Everything
+// that an operation captures stays alive as long as its entry. Main thread only.
 class UndoManager : public QObject
 {
     Q_OBJECT
@@ -25,7 +25,7 @@ public:
     }
 
     void registerUndo(Operation inverse);
-    // Names the entry recorded last.
+    // Names the entry that was registered last.
     void setActionName(const QString &name);
 
     bool canUndo() const { return !m_undo.empty(); }
@@ -33,7 +33,7 @@ public:
     // True while undo() or redo() runs an entry.
     bool isUndoing() const { return m_direction == Direction::Undoing; }
     bool isRedoing() const { return m_direction == Direction::Redoing; }
-    // Null without an entry.
+    // Null if there is nothing to undo or redo.
     QString undoActionName() const { return canUndo() ? m_undo.back().name : QString(); }
     QString redoActionName() const { return canRedo() ? m_redo.back().name : QString(); }
     void undo();
