@@ -119,7 +119,7 @@ inline BinaryObjectTable::Object BinaryObjectTable::checked(int sort, quint64 co
     else if (kind == Kind::Dictionary)
         unit = 2 * quint64(m_referenceSize);
     else if (kind == Kind::Uid)
-        ++count; // The marker of a UID holds one less than its length.
+        ++count; // The marker of a UID contains its length minus one.
     const auto room = quint64(m_end - payload);
     if (kind == Kind::Invalid || count > room || count * unit > room)
         return {};

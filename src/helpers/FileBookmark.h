@@ -8,9 +8,9 @@
 //
 // Layout, big-endian: the magic number 0x56584246 ("VXBF"), 32 bits; version 1, 8 bits; options, 32 bits;
 // device, inode and birth of the file (see PersistentFileId), 64 bits each; the absolute path and the path
-// from the document's folder, each as 32 bits of length in bytes and the bytes as the file system has them.
-// The second path is empty in a bookmark that belongs to no document. The settings of users contain these
-// bookmarks, so the numbers must never change.
+// relative to the folder of the document, each as a length in bytes (32 bits) and the bytes of the file
+// system. The second path is empty in a bookmark that belongs to no document. The settings of users contain
+// these bookmarks, so the numbers must never change.
 class FileBookmark
 {
 public:

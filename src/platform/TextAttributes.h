@@ -7,7 +7,7 @@
 namespace Foundation
 {
 
-// How a line of text is drawn and measured.
+// The font and colour with which a line of text is drawn and measured.
 struct TextAttributes
 {
     QString fontFamily;   // null for the default font of the desktop

@@ -23,7 +23,7 @@ public:
     QVariant value(const QString &key) const;
     bool boolForKey(const QString &key) const { return value(key).toBool(); }
     int integerForKey(const QString &key) const { return value(key).toInt(); }
-    // An invalid value removes the key.
+    // Stores a setting. An invalid value removes it.
     void setValue(const QString &key, const QVariant &value);
     // Writes all changes to the file now. Prescribed; no caller yet.
     void synchronize();

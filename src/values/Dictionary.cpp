@@ -11,7 +11,7 @@ const Value absent;
 Ref<Dictionary> Dictionary::copy() const
 {
     auto copy = create();
-    copy->m_entries.reserve(m_entries.size() + 1); // A copy mostly gains an entry.
+    copy->m_entries.reserve(m_entries.size() + 1); // Most copies get one more entry.
     copy->m_entries = m_entries;
     copy->stampChange();
     if (m_index)

@@ -16,14 +16,14 @@ namespace
 QString textOfDate(double secondsSince2001)
 {
     constexpr double ReferenceInUnixTime = 978307200;
-    constexpr double MostSeconds = 1e11; // some three thousand years, which every calendar bears
+    constexpr double MostSeconds = 1e11; // about three thousand years, which every calendar supports
     if (!(std::abs(secondsSince2001) < MostSeconds))
         return QString::number(secondsSince2001);
     const auto seconds = qint64(std::floor(secondsSince2001 + ReferenceInUnixTime));
     return QLocale().toString(QDateTime::fromSecsSinceEpoch(seconds), QLocale::ShortFormat);
 }
 
-// The entries may be few and long, of the same text at that.
+// The length is limited too, because a few entries may share a very long text.
 QString textOfArray(const Array &array)
 {
     constexpr int MostEntries = 100;
@@ -35,7 +35,7 @@ QString textOfArray(const Array &array)
             text += QStringLiteral(", ");
         if (shown > MostEntries || text.size() > MostUnits)
             return text + u'…';
-        // Not what lies within arrays within this one: it may be any number of levels.
+        // Inner arrays are not expanded, because they may be nested to any depth.
         text += entry.array() ? QStringLiteral("…") : displayText(entry).left(MostUnits);
     }
     return text;

@@ -51,17 +51,17 @@ private:
     quint32 m_sizeAndWidth;
 };
 
-// One dynamically typed value of a document: what a record, category or caption holds under a key.
+// A dynamically typed value of a document: the value of an entry of a record, a category or the captions.
 //
 // A value takes 16 bytes. Numbers, dates and short texts (up to 14 ASCII characters or 7 UTF-16 units) are
 // stored in the value itself; longer texts, data, arrays and dictionaries are shared by reference, so that
 // copying a value never copies content. A number keeps the type that it was made or read with. Texts keep
 // every UTF-16 unit, including lone surrogates and null characters.
 //
-// Reading never fails: a value of another type reads as the number 0, false, a null text or a null reference.
-// The number conversions are prescribed: narrowing keeps the low bits of an integer; a real is truncated
-// toward zero and limited to the range of the result, and NaN becomes 0; a text is read as the number at its
-// beginning, limited to 64 bits, or to 32 bits by intValue.
+// The getters never fail: a value of another type gives 0, false, a null text or a null reference. The number
+// conversions are prescribed: narrowing keeps the low bits of an integer; a real is truncated toward zero and
+// limited to the range of the result, and NaN becomes 0; a text is read as the number at its beginning,
+// limited to 64 bits, or to 32 bits by intValue.
 class Value
 {
 public:

@@ -118,7 +118,7 @@ int resave(const QString &path, const QString &passwordPath, const QString &targ
     return document.writeToFile(target, &reason) ? Done : sayNotSaved(reason);
 }
 
-// The first record gets another note; a document without records gets a record.
+// Changes the note of the first record. Adds a record if there is none.
 void change(MyDocument &document)
 {
     if (document.myArray()->values.empty())

@@ -25,7 +25,7 @@ public:
     Foundation::Value transformedValue(const Foundation::Value &value) const override;
 };
 
-// The opposite.
+// The opposite of VLEmptyTrimmedString.
 class VLFilledTrimmedString : public Foundation::ValueTransformer
 {
 public:
