@@ -167,9 +167,10 @@ void Application::openDocuments(const QStringList &paths)
 void Application::makeWindow(Document *document)
 {
     m_windows.removeAll(nullptr);
-    auto *window = new DocumentWindowController(static_cast<MyDocument *>(document), {this});
+    auto *shown = static_cast<MyDocument *>(document); // The only kind that this application makes.
+    auto *window = new DocumentWindowController(shown, {this});
     m_windows.append(window);
-    document->setWindow(window);
+    shown->setWindow(window);
     new RecentDocumentsMenu(window->mainWindow()->findChild<QMenu *>(QStringLiteral("recentMenu")),
                             m_recentDocuments,
                             [this](const QString &path) { m_documents.openDocument(path); });

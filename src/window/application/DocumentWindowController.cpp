@@ -5,13 +5,11 @@
 #include "window/card/DetailPlaceholder.h"
 #include "window/card/RecordCard.h"
 #include "window/controls/InterfaceStyle.h"
-#include "window/controls/SafeText.h"
 #include "window/desktop/DesktopText.h"
 #include "window/list/CategoryTable.h"
 #include "window/list/MyTableDelegate.h"
 #include "window/list/RecordTableModel.h"
 #include "window/sheets/AlertDialog.h"
-#include "window/sheets/FilePanels.h"
 #include "window/sheets/SheetDialog.h"
 
 #include <QApplication>
@@ -21,7 +19,6 @@ using Foundation::ActionSender;
 using Foundation::Alert;
 using Foundation::AlertAnswer;
 using Foundation::ArrayController;
-using Foundation::Document;
 using Foundation::Rect;
 using Foundation::Size;
 
@@ -29,10 +26,6 @@ namespace
 {
 
 constexpr QSize UsualSize(980, 640);
-constexpr int UsualListWidth = 280;
-constexpr QSize LeastLockedSize(560, 340);
-// The minimum widths of the list and the detail.
-constexpr QSize LeastOpenSize(662, 420);
 
 } // namespace
 
@@ -48,18 +41,21 @@ DocumentWindowController::DocumentWindowController(MyDocument *document, QList<Q
           wholeTextSheets())
     , m_sheets(&m_window)
     , m_savePanel(m_sheets)
-    , m_listWidth(UsualListWidth)
 {
     m_ui->setupUi(&m_window);
-    m_window.resize(document->isEncrypted() ? LeastLockedSize : UsualSize);
+    m_faces = std::make_unique<WindowFaces>(
+        m_document, m_frame,
+        WindowFaces::Parts{&m_window, m_ui->openFace, m_ui->facesLayout, m_ui->modernToolbar,
+                           m_ui->mySplitView, m_ui->passwordToDecryptField, m_ui->myTableView});
     m_textCommands = std::make_unique<TextCommands>(&m_window);
+    m_titles = std::make_unique<WindowTitles>(m_document, &m_window, m_textCommands.get());
     m_cardPrinter = std::make_unique<CardPrinter>(m_sheets, *m_document);
     setUpControls();
     followDocument();
     followItems();
-    updateTitle();
-    showFace();
-    m_isLockedSinceOpened = document->isEncrypted();
+    m_sheets.setLocked(m_document->isEncrypted());
+    m_faces->show();
+    lockCategoryMenu();
 }
 
 DocumentWindowController::~DocumentWindowController() = default;
@@ -71,7 +67,6 @@ void DocumentWindowController::setUpControls()
     // document is locked.
     m_window.setContextMenuPolicy(Qt::NoContextMenu);
     m_ui->modernToolbar->setVisible(true);
-    giveListItsWidth();
     // Card and form show the same contact at the same scroll position.
     m_ui->viewScrollArea->follow(m_ui->editScrollArea);
     m_ui->editScrollArea->follow(m_ui->viewScrollArea);
@@ -91,7 +86,6 @@ void DocumentWindowController::setUpControls()
                            m_ui->detailView, m_ui->myTableView},
                           &m_window);
     new DocumentAnnouncer(m_document, announcer);
-    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::releaseFocus);
     m_binder.bind(&m_window);
 }
 
@@ -100,19 +94,6 @@ ShowWholeText DocumentWindowController::wholeTextSheets()
     return [this](QWidget *field, const QString &text, const WriteText &write) {
         WholeTextSheet::show(m_sheets, field, text, write);
     };
-}
-
-void DocumentWindowController::releaseFocus()
-{
-    // The bindings are about to hide the focused widget. Without this, the toolbar would get the focus in
-    // between.
-    if (QWidget *focused = m_window.focusWidget())
-        focused->clearFocus();
-}
-
-void DocumentWindowController::giveListItsWidth()
-{
-    m_ui->mySplitView->setLeftWidth(m_listWidth);
 }
 
 void DocumentWindowController::setUpTable()
@@ -152,10 +133,11 @@ void DocumentWindowController::followDocument()
     connect(&m_window, &DocumentMainWindow::becameKey, m_document, &MyDocument::windowDidBecomeKey);
     connect(&m_window, &DocumentMainWindow::closeRequested, m_document,
             [document = m_document] { document->performClose({}); });
-    connect(m_document, &Document::fileURLChanged, this, &DocumentWindowController::updateTitle);
-    connect(m_document, &Document::documentEditedChanged, this, &DocumentWindowController::updateTitle);
-    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::updateTitle);
-    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, &DocumentWindowController::changeFace);
+    connect(m_document, &VLCryptoDoc::isEncryptedChanged, this, [this] {
+        m_sheets.setLocked(m_document->isEncrypted());
+        m_faces->change();
+        lockCategoryMenu();
+    });
 }
 
 void DocumentWindowController::followItems()
@@ -169,7 +151,7 @@ void DocumentWindowController::followItems()
     connect(m_document, &VLCryptoDoc::isEncryptedChanged, &m_dispatcher, validateLater);
     connect(m_document, &MyDocument::selectedViewChanged, &m_dispatcher, validateLater);
     connect(&m_document->undoManager(), &Foundation::UndoManager::changed, &m_dispatcher, validateLater);
-    connect(&m_dispatcher, &ActionDispatcher::validated, this, &DocumentWindowController::updateUndoTitles);
+    m_titles->follow(&m_dispatcher, m_ui->undoItem, m_ui->redoItem);
     m_dispatcher.validate();
 }
 
@@ -184,69 +166,11 @@ QList<QObject *> DocumentWindowController::responders(const QString &action)
     return chain;
 }
 
-void DocumentWindowController::updateTitle()
+void DocumentWindowController::lockCategoryMenu()
 {
-    QString name = withoutReorderingCharacters(m_document->displayName());
-    const QString suffix = u'.' + DocumentSuffix;
-    if (name.endsWith(suffix, Qt::CaseInsensitive) && name.size() > suffix.size())
-        name.chop(suffix.size());
-    // "[*]" is the position of the mark of an edited document. A doubled "[*]" is shown as text.
-    name.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
-    const QString title = name + QStringLiteral("[*]");
-    m_window.setWindowTitle(m_document->isEncrypted() ? tr("%1 — locked").arg(title) : title);
-    m_window.setWindowFilePath(m_document->fileURL());
-    m_window.setWindowModified(m_document->isDocumentEdited());
-}
-
-void DocumentWindowController::updateUndoTitles()
-{
-    const auto title = [this](const QString &action, const QString &verb, const QString &actionName) {
-        const QString name = m_textCommands->takes(action) ? tr("Typing") : actionName;
-        return name.isEmpty() ? verb : verb + u' ' + titleOfText(name);
-    };
-    const Foundation::UndoManager &manager = m_document->undoManager();
-    m_ui->undoItem->setText(title(QStringLiteral("undo"), tr("&Undo"), manager.undoActionName()));
-    m_ui->redoItem->setText(title(QStringLiteral("redo"), tr("&Redo"), manager.redoActionName()));
-}
-
-void DocumentWindowController::showFace()
-{
-    m_sheets.setLocked(m_document->isEncrypted());
-    // Assistive technology also finds hidden widgets, so a locked window must not contain the content at all.
-    if (m_document->isEncrypted()) {
-        while (QWidget *popUp = QApplication::activePopupWidget())
-            popUp->close();
-        m_ui->openFace->setParent(&m_cellar);
+    if (m_document->isEncrypted())
         m_categoryFilter->categoryMenu().clear();
-    } else if (m_ui->openFace->parentWidget() == &m_cellar) {
-        m_ui->facesLayout->addWidget(m_ui->openFace);
-        m_ui->openFace->show();
-    }
     m_ui->myCategorySuperMenuItem->setEnabled(m_document->isDecrypted());
-    m_window.setMinimumSize(m_document->isEncrypted() ? LeastLockedSize : LeastOpenSize);
-    initialControl()->setFocus();
-}
-
-void DocumentWindowController::changeFace()
-{
-    if (m_document->isEncrypted())
-        m_listWidth = m_ui->mySplitView->sizes().front();
-    showFace();
-    if (m_document->isEncrypted())
-        return;
-    // If the file contains no frame, the window must leave the small size of its locked view by itself.
-    if (std::exchange(m_isLockedSinceOpened, false) && !m_document->useMyWinRect()) {
-        m_window.resize(UsualSize);
-        center();
-    }
-    // After the window has its restored size. Otherwise the list would grow with the window.
-    QMetaObject::invokeMethod(this, &DocumentWindowController::giveListItsWidth, Qt::QueuedConnection);
-}
-
-QWidget *DocumentWindowController::initialControl() const
-{
-    return m_document->isEncrypted() ? static_cast<QWidget *>(m_ui->passwordToDecryptField)
-                                     : m_ui->myTableView;
 }
 
 Rect DocumentWindowController::frame() const
@@ -266,19 +190,12 @@ Size DocumentWindowController::minSize() const
 
 bool DocumentWindowController::isToolbarVisible() const
 {
-    // Not isVisible(), which is false while the window is hidden.
-    return !m_ui->modernToolbar->isHidden();
+    return m_faces->isToolbarVisible();
 }
 
 void DocumentWindowController::setToolbarVisible(bool visible)
 {
-    // The toolbar contains the category pop-up and the search text.
-    QToolBar *toolbar = m_ui->modernToolbar;
-    if (!visible && m_document->isEncrypted())
-        toolbar->setParent(&m_cellar);
-    else if (visible && toolbar->parentWidget() == &m_cellar)
-        m_window.addToolBar(toolbar);
-    toolbar->setVisible(visible);
+    m_faces->setToolbarVisible(visible);
     m_dispatcher.validateLater();
 }
 

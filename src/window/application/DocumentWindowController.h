@@ -3,7 +3,9 @@
 #include "lifecycle/MyDocument.h"
 #include "window/application/DocumentMainWindow.h"
 #include "window/application/HiddenContact.h"
+#include "window/application/WindowFaces.h"
 #include "window/application/WindowFrame.h"
+#include "window/application/WindowTitles.h"
 #include "window/binding/Binder.h"
 #include "window/card/CardPrinter.h"
 #include "window/card/FormFocus.h"
@@ -23,8 +25,8 @@ namespace Ui
 class MyDocument;
 }
 
-// The window of one document, made from the interface file "MyDocument". Its bindings show either the locked
-// view or the open view. This class implements what the document asks of its window.
+// The window of one document, made from the interface file "MyDocument". Its controls follow the document by
+// the bindings of that file; this class does what the document asks of its window.
 //
 // When the document closes its window, the controller deletes itself on a later turn of the event loop.
 class DocumentWindowController : public QObject, public MyDocumentWindow, public MenuItemValidator
@@ -84,26 +86,21 @@ private:
     QList<QObject *> responders(const QString &action);
     void setUpControls();
     ShowWholeText wholeTextSheets();
-    void giveListItsWidth();
     void setUpTable();
     void setUpToolbar();
     void followDocument();
     void followItems();
-    void updateTitle();
-    void updateUndoTitles();
-    void showFace();
-    void releaseFocus();
-    void changeFace();
+    void lockCategoryMenu();
     void controlTextDidChange(const Foundation::ArrayController *controller, int tag);
-    QWidget *initialControl() const;
 
     MyDocument *m_document;
     QList<QObject *> m_lastResponders;
-    QWidget m_cellar; // never shown: the parent of the content of the window while the document is locked
     DocumentMainWindow m_window;
     WindowFrame m_frame;
     std::unique_ptr<Ui::MyDocument> m_ui;
     ActionDispatcher m_dispatcher;
+    std::unique_ptr<WindowFaces> m_faces;
+    std::unique_ptr<WindowTitles> m_titles;
     Binder m_binder;
     std::unique_ptr<TextCommands> m_textCommands;
     std::unique_ptr<CategoryFilter> m_categoryFilter;
@@ -112,7 +109,5 @@ private:
     SheetQueue m_sheets;
     SavePanel m_savePanel;
     std::unique_ptr<CardPrinter> m_cardPrinter;
-    QPointer<CategoryTable> m_categoryTable; // null while its sheet is not open
-    bool m_isLockedSinceOpened = false;
-    int m_listWidth;
+    QPointer<CategoryTable> m_categoryTable; // while its sheet stands
 };

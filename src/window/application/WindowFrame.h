@@ -13,6 +13,7 @@ public:
     // `window` is not owned and must outlive this object. `usualSize` replaces an empty size.
     WindowFrame(DocumentMainWindow *window, const QSize &usualSize);
 
+    const QSize &usualSize() const { return m_usualSize; }
     Foundation::Rect frame() const;
     // Any frame is accepted: the window is moved so that the user can reach it, and has at least its minimum
     // size.
