@@ -78,7 +78,7 @@ Ref<Array> liveRecords(const QByteArray &archive, DocumentState &document)
 {
     const auto root = Foundation::unarchivedRoot(archive);
     Ref<Array> records = root ? root->array() : Array::create();
-    DecryptPipeline(document, &defaultCategory)
+    DecryptPipeline(document, Foundation::Services::shared().clock(), &defaultCategory)
         .restoreFromSaveOperationContent(*records, *document.myCategoryArray);
     return records;
 }
@@ -126,9 +126,10 @@ void measureOpening(benchmark::State &state, const QByteArray &file, const QStri
 {
     measure(state, file, [&] {
         auto document = std::make_unique<DocumentState>();
-        readDocument(file, *document);
+        readDocument(file, *document, Foundation::Services::shared().clock());
         document->plainPassword = password;
-        if (DecryptPipeline(*document, &defaultCategory).decript() != DecryptSuccess)
+        if (DecryptPipeline(*document, Foundation::Services::shared().clock(), &defaultCategory).decript() !=
+            DecryptSuccess)
             state.SkipWithError("the document does not open");
         return document;
     });

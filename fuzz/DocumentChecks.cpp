@@ -33,10 +33,11 @@ namespace
 
 bool open(const QByteArray &file, DocumentState &state)
 {
-    if (readDocument(file, state) != ReadOutcome::Loaded)
+    if (readDocument(file, state, Foundation::Services::shared().clock()) != ReadOutcome::Loaded)
         return false;
     state.plainPassword = FuzzedPassword;
-    DecryptPipeline pipeline(state, [] { return newCategoryRecord(QStringLiteral("Generic"), 1); });
+    DecryptPipeline pipeline(state, Foundation::Services::shared().clock(),
+                             [] { return newCategoryRecord(QStringLiteral("Generic"), 1); });
     if (pipeline.decript() != DecryptSuccess)
         return false;
     state.isEncrypted = false;

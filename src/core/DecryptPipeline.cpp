@@ -138,7 +138,7 @@ qint32 DecryptPipeline::readWithEngine(bool resetsOpenFlags)
 
 qint32 DecryptPipeline::readOldRelease(DecryptPath path)
 {
-    ReleaseMigration migration(m_state);
+    ReleaseMigration migration(m_state, m_clock);
     const qint32 status = migration.read(path);
     m_hasReplacedLabels = migration.hasReplacedLabels();
     if (status == DecryptSuccess)

@@ -2,6 +2,7 @@
 
 #include "core/DocumentState.h"
 #include "core/FileLayout.h"
+#include "platform/Services.h"
 
 #include <functional>
 #include <optional>
@@ -32,8 +33,10 @@ public:
     // Gives the category of a document without any, not yet in the array.
     using DefaultCategoryMaker = std::function<Foundation::Ref<Dictionary>()>;
 
-    DecryptPipeline(DocumentState &state, DefaultCategoryMaker makeDefaultCategory)
+    DecryptPipeline(DocumentState &state, const Foundation::Clock &clock,
+                    DefaultCategoryMaker makeDefaultCategory)
         : m_state(state)
+        , m_clock(clock)
         , m_makeDefaultCategory(std::move(makeDefaultCategory))
     {
     }
@@ -64,6 +67,7 @@ private:
     qint32 takeCreationDate();
 
     DocumentState &m_state;
+    const Foundation::Clock &m_clock; // for documents that have no creation date
     DefaultCategoryMaker m_makeDefaultCategory;
     bool m_hasReplacedLabels = false;
 };

@@ -2,7 +2,6 @@
 
 #include "archive/KeyedArchive.h"
 #include "core/FileLayout.h"
-#include "platform/Services.h"
 
 using Foundation::Dictionary;
 using Foundation::Ref;
@@ -19,10 +18,10 @@ void loadPerFieldLayout(const Dictionary &root, DocumentState &state)
     state.myEncryptedCategoryArray = root.value(FileKey::categoryArray).array();
 }
 
-void loadLayoutA(const Dictionary &root, DocumentState &state)
+void loadLayoutA(const Dictionary &root, DocumentState &state, const Foundation::Clock &clock)
 {
     state.myEncryptedDocumentCreationDateData = QByteArray();
-    state.documentCreationDate = Value::date(Foundation::Services::shared().clock().secondsSince2001());
+    state.documentCreationDate = Value::date(clock.secondsSince2001());
     state.myEncriptedLabelDictionary = nullptr;
     loadPerFieldLayout(root, state);
 }
@@ -65,7 +64,7 @@ void loadLayoutD(const Dictionary &root, DocumentState &state)
 
 } // namespace
 
-ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state)
+ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state, const Foundation::Clock &clock)
 {
     const auto archive = Foundation::unarchivedRoot(bytes);
     const Ref<Dictionary> root = archive ? archive->dictionary() : nullptr;
@@ -84,7 +83,7 @@ ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state)
         return ReadOutcome::NewerFormat;
     switch (*layout) {
     case FileLayout::A:
-        loadLayoutA(*root, state);
+        loadLayoutA(*root, state, clock);
         break;
     case FileLayout::B:
         loadLayoutB(*root, state);

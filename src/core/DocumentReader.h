@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/DocumentState.h"
+#include "platform/Services.h"
 
 enum class ReadOutcome {
     Loaded,       // still enciphered; the document shows its locked face
@@ -10,4 +11,5 @@ enum class ReadOutcome {
 
 // Loads what lies in a document file, still enciphered, into the state. Needs no password and makes no
 // record. Values of a wrong type count as absent; what is absent shows when the document is deciphered.
-ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state);
+// The oldest layout has no creation date: such a document was created now, by `clock`.
+ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state, const Foundation::Clock &clock);

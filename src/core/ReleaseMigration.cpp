@@ -4,7 +4,6 @@
 #include "core/DecryptPipeline.h"
 #include "core/ReleaseDate.h"
 #include "helpers/VLColorUtilOSX.h"
-#include "platform/Services.h"
 #include "values/OpaqueObject.h"
 
 using Foundation::Array;
@@ -71,8 +70,9 @@ quint64 ownBytesOf(const Ref<Array> &entries)
 
 } // namespace
 
-ReleaseMigration::ReleaseMigration(DocumentState &state)
+ReleaseMigration::ReleaseMigration(DocumentState &state, const Foundation::Clock &clock)
     : m_state(state)
+    , m_clock(clock)
     , m_entryBudget(ownBytesOf(state.myEncryptedArray) + ownBytesOf(state.myEncryptedCategoryArray))
     , m_colorBudget(ownBytesOf(state.myEncryptedCategoryArray))
 {
@@ -100,7 +100,7 @@ qint32 ReleaseMigration::read(DecryptPath path)
 qint32 ReleaseMigration::readCreationDate(DecryptPath path)
 {
     if (path == DecryptPath::Release1000) {
-        m_state.documentCreationDate = Value::date(Foundation::Services::shared().clock().secondsSince2001());
+        m_state.documentCreationDate = Value::date(m_clock.secondsSince2001());
         return DecryptSuccess;
     }
     quint32 code = 0;

@@ -3,6 +3,7 @@
 #include "archive/ReadBudget.h"
 #include "core/DocumentState.h"
 #include "core/FileLayout.h"
+#include "platform/Services.h"
 
 #include <optional>
 #include <unordered_map>
@@ -14,7 +15,8 @@
 class ReleaseMigration
 {
 public:
-    explicit ReleaseMigration(DocumentState &state);
+    // Both outlive this. The clock dates documents of the oldest release, which have no creation date.
+    ReleaseMigration(DocumentState &state, const Foundation::Clock &clock);
 
     // One of the three paths of old releases. 0, or the code of the first field that does not open: a wrong
     // password, or damage, which nothing tells apart. Takes the creation date, and then the captions, before
@@ -52,6 +54,7 @@ private:
     Value deciphered(const QByteArray &bytes, FieldKind kind, quint32 *code);
 
     DocumentState &m_state;
+    const Foundation::Clock &m_clock;
     Foundation::Ref<Array> m_records;
     Foundation::Ref<Array> m_categories;
     bool m_hasReplacedLabels = false;

@@ -284,7 +284,8 @@ qint32 MyDocument::Decript()
     // Made while the controller still holds its former content: the name and id of a default category are
     // those that are free there.
     const Ref<Array> formerRecords = state().myArray;
-    DecryptPipeline pipeline(mutableState(), [this] { return m_categories.newObject(); });
+    DecryptPipeline pipeline(mutableState(), Services::shared().clock(),
+                             [this] { return m_categories.newObject(); });
     const qint32 status = pipeline.decript();
     if (pipeline.hasReplacedLabels())
         Q_EMIT myLabelDictionaryChanged();
@@ -334,9 +335,10 @@ bool MyDocument::readFromData(const QByteArray &bytes, const QString &, QString 
     // An open document goes on with what it has where its file turns out to be none that it can go back to.
     DocumentState trial;
     const bool isReverting = window() != nullptr;
-    ReadOutcome outcome = readDocument(bytes, isReverting ? trial : mutableState());
+    const Foundation::Clock &clock = Services::shared().clock();
+    ReadOutcome outcome = readDocument(bytes, isReverting ? trial : mutableState(), clock);
     if (isReverting && outcome == ReadOutcome::Loaded)
-        outcome = readDocument(bytes, mutableState());
+        outcome = readDocument(bytes, mutableState(), clock);
     if (outcome == ReadOutcome::NotADocument) {
         *reason = tr("It is not a Vexarel document or is damaged.");
         return false;

@@ -115,7 +115,8 @@ TEST(DocumentReader, ReadsTheVersionAsAnUnsignedNumber)
     for (const auto &c : cases) {
         SCOPED_TRACE(c.rule);
         DocumentState state;
-        EXPECT_EQ(readDocument(fileOfAllKeys(c.appversion), state), c.outcome);
+        EXPECT_EQ(readDocument(fileOfAllKeys(c.appversion), state, Foundation::Services::shared().clock()),
+                  c.outcome);
         EXPECT_EQ(state.fileDocRelease, QLatin1String(c.release));
         EXPECT_EQ(state.YouCanSave, c.outcome == ReadOutcome::Loaded);
         EXPECT_EQ(state.mySalt.isNull(), c.outcome == ReadOutcome::NewerFormat);
@@ -129,7 +130,8 @@ TEST(DocumentReader, TakesValuesOfAWrongTypeForAbsent)
         SCOPED_TRACE(qPrintable(key.name()));
         for (const Value &wrong : {Value(7), Value(u"text"_qs), Value(Array::create())}) {
             DocumentState state;
-            EXPECT_EQ(readDocument(withKey(file, key, wrong), state), ReadOutcome::Loaded);
+            EXPECT_EQ(readDocument(withKey(file, key, wrong), state, Foundation::Services::shared().clock()),
+                      ReadOutcome::Loaded);
             EXPECT_EQ(state.myEncryptedArrayData.isNull(), key == FileKey::dataArrayData);
             EXPECT_EQ(state.mySalt.isNull(), key == FileKey::salt);
             EXPECT_EQ(state.useMyWinRect, key != FileKey::OSXPlatformDictionary);
@@ -147,7 +149,8 @@ TEST(DocumentReader, LeavesTheStateAloneForBytesThatAreNoDocument)
     for (const QByteArray &bytes : cases) {
         SCOPED_TRACE(bytes.size());
         TestDocument document = TestDocument::filled();
-        EXPECT_EQ(readDocument(bytes, document.state), ReadOutcome::NotADocument);
+        EXPECT_EQ(readDocument(bytes, document.state, Foundation::Services::shared().clock()),
+                  ReadOutcome::NotADocument);
         EXPECT_FALSE(document.state.isEncrypted);
         EXPECT_TRUE(document.state.YouCanSave);
         EXPECT_TRUE(document.state.requiresMandatoryPassword);

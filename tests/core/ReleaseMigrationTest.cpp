@@ -198,7 +198,9 @@ TEST(ReleaseMigration, CaptionsDoNotOutliveARevertToAFileWithoutThem)
         TestDocument document = old.opened();
         ASSERT_EQ(document.openWith(Password), 0);
         document.state.myLabelDictionary->setValue(u"company", u"Firma:"_qs);
-        ASSERT_EQ(readDocument(Foundation::archivedData(old.root), document.state), ReadOutcome::Loaded);
+        ASSERT_EQ(readDocument(Foundation::archivedData(old.root), document.state,
+                               Foundation::Services::shared().clock()),
+                  ReadOutcome::Loaded);
         ASSERT_EQ(document.openWith(Password), 0);
         EXPECT_EQ(document.state.myLabelDictionary->value(u"company").stringValue(), u"Company:");
     }

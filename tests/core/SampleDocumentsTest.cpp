@@ -73,7 +73,8 @@ TEST(SampleDocuments, LoadAsTold)
     for (const Sample &sample : samples()) {
         SCOPED_TRACE(qPrintable(sample.name()));
         DocumentState state;
-        const ReadOutcome outcome = readDocument(sample.bytes(), state);
+        const ReadOutcome outcome =
+            readDocument(sample.bytes(), state, Foundation::Services::shared().clock());
         if (sample.entry[u"archive"_qs] != u"ok"_qs) {
             EXPECT_EQ(outcome, ReadOutcome::NotADocument);
             continue;

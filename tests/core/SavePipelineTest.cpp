@@ -189,7 +189,8 @@ TEST(SavePipeline, ALockedDocumentThatWasNeverTriedLosesItsKeyMaterial)
     for (const QString &password : {Password, u""_qs})
         EXPECT_NE(TestDocument::fromFile(ruined).openWith(password), 0);
     EXPECT_FALSE(SavePipeline::canBeRead(document.state));
-    ASSERT_EQ(readDocument(file, document.state), ReadOutcome::Loaded);
+    ASSERT_EQ(readDocument(file, document.state, Foundation::Services::shared().clock()),
+              ReadOutcome::Loaded);
     EXPECT_TRUE(SavePipeline::canBeRead(document.state));
 }
 

@@ -27,7 +27,8 @@ TestDocument TestDocument::filled()
 TestDocument TestDocument::fromFile(const QByteArray &file)
 {
     TestDocument document;
-    EXPECT_EQ(readDocument(file, document.state), ReadOutcome::Loaded);
+    EXPECT_EQ(readDocument(file, document.state, Foundation::Services::shared().clock()),
+              ReadOutcome::Loaded);
     return document;
 }
 
@@ -45,7 +46,7 @@ void TestDocument::lock()
 
 DecryptPipeline TestDocument::decryption()
 {
-    return DecryptPipeline(state, [this] {
+    return DecryptPipeline(state, Foundation::Services::shared().clock(), [this] {
         ++defaultCategoriesMade;
         return newCategoryRecord(u"Generic"_qs, 1);
     });

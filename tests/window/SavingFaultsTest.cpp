@@ -43,10 +43,11 @@ protected:
     {
         const auto file = Foundation::readRegularFile(path, Foundation::Document::LargestFile, realFiles);
         DocumentState state;
-        if (readDocument(file.bytes, state) != ReadOutcome::Loaded)
+        if (readDocument(file.bytes, state, Foundation::Services::shared().clock()) != ReadOutcome::Loaded)
             return {};
         state.plainPassword = password;
-        DecryptPipeline pipeline(state, [] { return newCategoryRecord(u"Generic"_qs, 1); });
+        DecryptPipeline pipeline(state, Foundation::Services::shared().clock(),
+                                 [] { return newCategoryRecord(u"Generic"_qs, 1); });
         if (pipeline.decript() != DecryptSuccess || state.myArray->count() != 1)
             return {};
         return state.myArray->values[0].dictionary()->value(RecordKey::note).stringValue();
