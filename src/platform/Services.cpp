@@ -12,18 +12,27 @@ namespace Foundation
 namespace
 {
 
+// Both answer in silence in a program that was built without assertions.
 class NoWorkspace : public Workspace
 {
 public:
-    bool openUrl(const QUrl &) override { return false; }
-    bool openFile(const QString &) override { return false; }
+    bool openUrl(const QUrl &) override { return refuse(); }
+    bool openFile(const QString &) override { return refuse(); }
+
+private:
+    static bool refuse()
+    {
+        Q_ASSERT_X(false, "Services", "no workspace is installed");
+        return false;
+    }
 };
 
-class LastButtonAnswer : public ModalAlertPresenter
+class NoModalAlerts : public ModalAlertPresenter
 {
 public:
     int runModal(const Alert &alert) override
     {
+        Q_ASSERT_X(false, "Services", qPrintable(alert.message));
         return Alert::FirstButtonReturn + int(std::max<qsizetype>(alert.buttons.size(), 1)) - 1;
     }
 };
@@ -88,7 +97,7 @@ public:
 };
 
 NoWorkspace noWorkspace;
-LastButtonAnswer lastButtonAnswer;
+NoModalAlerts noModalAlerts;
 EventLoopQueue eventLoopQueue;
 SystemClock systemClock;
 SystemTimers systemTimers;
@@ -105,7 +114,7 @@ double Clock::secondsSince2001() const
 
 Services::Services()
     : m_workspace(&noWorkspace)
-    , m_modalAlerts(&lastButtonAnswer)
+    , m_modalAlerts(&noModalAlerts)
     , m_mainQueue(&eventLoopQueue)
     , m_clock(&systemClock)
     , m_timers(&systemTimers)
@@ -127,7 +136,7 @@ void Services::setWorkspace(Workspace *workspace)
 
 void Services::setModalAlerts(ModalAlertPresenter *presenter)
 {
-    m_modalAlerts = presenter ? presenter : &lastButtonAnswer;
+    m_modalAlerts = presenter ? presenter : &noModalAlerts;
 }
 
 void Services::setMainQueue(MainQueue *queue)

@@ -2,6 +2,7 @@
 #include "core/DecryptPipeline.h"
 #include "lifecycle/MyDocument.h"
 #include "platform/ProcessSetup.h"
+#include "platform/Services.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -23,6 +24,16 @@ namespace
 constexpr int Done = 0;
 constexpr int NotSaved = 1;
 constexpr int WrongUse = 2;
+
+// The outcome is printed. An alert of the document is answered with its last button, which does nothing more.
+class UnseenAlerts : public Foundation::ModalAlertPresenter
+{
+public:
+    int runModal(const Foundation::Alert &alert) override
+    {
+        return Foundation::Alert::FirstButtonReturn + int(alert.buttons.size()) - 1;
+    }
+};
 
 void print(const QByteArray &json)
 {
@@ -172,6 +183,8 @@ int main(int argc, char **argv)
 {
     Foundation::prepareProcess();
     QCoreApplication application(argc, argv);
+    UnseenAlerts alerts;
+    Foundation::Services::shared().setModalAlerts(&alerts);
     const QStringList words = application.arguments();
     const QString command = words.value(1);
     if (words.size() == 4 && command == u"inspect")
