@@ -52,7 +52,6 @@ public:
 
     // Null before the window is made and after it has gone. Not owned.
     DocumentWindow *window() const { return m_window; }
-    void setWindow(DocumentWindow *window) { m_window = window; }
     DocumentWindow *windowForSheet() const { return m_window; }
     // Called once the window is made and knows the document.
     virtual void windowControllerDidLoadNib();
@@ -130,6 +129,8 @@ Q_SIGNALS:
     void closed();
 
 protected:
+    // A subclass takes only a window that can do what it asks of one.
+    void setWindow(DocumentWindow *window) { m_window = window; }
     // Differs from what it was if the content has changed. Here, every mark counts as a change.
     virtual quint64 contentStamp() const { return m_markCount; }
     // The content is that of the document's file, or may differ from it in what a stamp does not tell.

@@ -16,6 +16,10 @@ namespace Foundation
 // in the interface file. What ends a sheet or answers an alert is called on a later turn of the event loop,
 // after the sheet has gone. One sheet or alert stands at a time; another waits until it has gone.
 //
+// Nothing is called after close(), and a document closes its window before it goes. So what is given to these
+// operations may capture the document as it is. Every other lambda that outlives the call that made it
+// captures a QPointer, or belongs to a member that cancels it.
+//
 // Over a locked document nothing is shown but alerts that may stand there: any other sheet, alert or panel
 // that is asked for ends at once with no button's return code, and so does what stands or waits when the lock
 // comes.

@@ -51,6 +51,7 @@ public:
 
     // The window of the document; null without one.
     MyDocumentWindow *myWindow() const { return static_cast<MyDocumentWindow *>(window()); }
+    void setWindow(MyDocumentWindow *window) { Document::setWindow(window); }
 
     // Decript() returns 0 after success. The base class cannot decipher and always fails.
     virtual qint32 Decript() { return 1; }

@@ -90,11 +90,11 @@ public:
     virtual Ref<ImageObject> emptyImage() const = 0;
 };
 
-// The services in use. The workspace and the modal alerts must be installed before they are used: without them
-// an assertion fails, or, in a build without assertions, nothing opens and an alert is answered with its last
-// button. The others have built-in ones: no data is a picture, the main queue is the event loop, clock and
-// timers are those of the system, and each UTF-16 unit of a text has a width of 0.6 of the font size, about
-// that of a monospaced font.
+// The services in use. The workspace and the modal alerts must be installed before they are used: without
+// them an assertion fails, or, in a build without assertions, nothing opens and an alert is answered with its
+// last button. The others have built-in ones: no data is a picture, the main queue is the event loop, clock
+// and timers are those of the system, and each UTF-16 unit of a text has a width of 0.6 of the font size,
+// about that of a monospaced font.
 class Services
 {
 public:

@@ -22,14 +22,14 @@ protected:
     ~Autosaving() override
     {
         for (Document *open : controller.documents())
-            open->setWindow(nullptr);
+            static_cast<MyDocument *>(open)->setWindow(nullptr);
         qunsetenv("XDG_STATE_HOME");
     }
     void showDocumentsOf(DocumentController &shown)
     {
         QObject::connect(&shown, &DocumentController::documentAdded, [this](Document *added) {
             windows.push_back(std::make_unique<ScriptedDocumentWindow>());
-            added->setWindow(windows.back().get());
+            static_cast<MyDocument *>(added)->setWindow(windows.back().get());
             added->windowControllerDidLoadNib();
         });
     }
@@ -321,6 +321,7 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
     EXPECT_EQ(recoveryFiles().size(), 1) << "until it has a name or was given up";
     windows.back()->savePath = pathOf("d.vexcards");
     recovered->saveDocument({});
+    queue.drain();
     EXPECT_TRUE(recoveryFiles().isEmpty());
     EXPECT_TRUE(QFile::exists(pathOf("d.vexcards")));
     recovered->setWindow(nullptr);

@@ -34,7 +34,7 @@ TEST_F(DocumentSaving, OneFileIsOneDocumentAndQuittingAsksEachOfThem)
     QObject::connect(&controller, &Foundation::DocumentController::documentAdded,
                      [&windows](Foundation::Document *added) {
                          windows.push_back(std::make_unique<ScriptedDocumentWindow>());
-                         added->setWindow(windows.back().get());
+                         static_cast<MyDocument *>(added)->setWindow(windows.back().get());
                      });
     Foundation::Document *locked = controller.openDocument(path);
     EXPECT_EQ(controller.openDocument(pathOf("link.vexcards")), locked);

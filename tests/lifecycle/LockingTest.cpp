@@ -261,6 +261,7 @@ TEST_F(Locking, SavingAndReopeningShowsTheOpenDocument)
     shown.savePath = pathOf("advanced.vexcards");
     opened->updateChangeCount(0);
     controller.advancedLockDocument(opened);
+    queue.drain();
     EXPECT_TRUE(QFile::exists(pathOf("advanced.vexcards")));
     EXPECT_TRUE(shown.visible);
     shown.visible = false;

@@ -45,8 +45,10 @@ TEST_F(PasswordSheet, GivingUpLeavesEverything)
     };
     insert(u"inserted"_qs);
     document->confirmInsertPasswordSheet({});
+    queue.drain();
     insert(u"half typed"_qs);
     window->endAllSheets();
+    queue.drain();
     EXPECT_EQ(document->plainPassword(), u"inserted") << "as a lock ends it";
 
     document->setPlainPassword(u""_qs);

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "lifecycle/MyDocumentWindow.h"
+#include "platform/Services.h"
 #include "support/ScriptedPopUpMenu.h"
 
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <memory>
+#include <optional>
 
 // A document's window without any pixels: keeps what it is asked, and ends sheets and alerts when the test
 // says.
@@ -15,22 +18,21 @@ public:
     // The alert that waits for its answer; fails the test if there is none.
     Foundation::Alert alert() const
     {
-        if (m_alerts.empty()) {
+        if (!hasAlert()) {
             ADD_FAILURE() << "no alert is shown";
             return {};
         }
-        return m_alerts.front().first;
+        return *m_sheets.front().alert;
     }
-    bool hasAlert() const { return !m_alerts.empty(); }
+    bool hasAlert() const { return !m_sheets.empty() && m_sheets.front().alert; }
+    // As the user does: what that leads to has happened on return.
     void answer(int returnCode)
     {
-        ASSERT_FALSE(m_alerts.empty());
-        const auto answered = std::move(m_alerts.front().second);
-        m_alerts.pop_front();
-        answered(returnCode);
+        ASSERT_TRUE(hasAlert());
+        takeFirst().ended(returnCode);
     }
-    // Null without a sheet.
-    QString sheet() const { return m_sheet; }
+    // The sheet that is shown. Null without one, and under an alert.
+    QString sheet() const { return m_sheets.empty() ? QString() : m_sheets.front().name; }
 
     Foundation::Rect frame() const override { return frameNow; }
     void setFrame(const Foundation::Rect &frame, bool) override { frameNow = frame; }
@@ -40,31 +42,34 @@ public:
     void orderOut() override { visible = false; }
     void center() override {}
     void makeKeyAndOrderFront() override { visible = true; }
-    void close() override { closed = true; }
+    void close() override
+    {
+        closed = true;
+        m_sheets.clear();
+        m_life.reset();
+    }
     void beginSheet(const QString &name, SheetEnd ended) override
     {
-        m_sheet = name;
-        m_sheetEnd = std::move(ended);
+        m_sheets.push_back({name, std::nullopt, std::move(ended)});
     }
     void endSheet(const QString &name, int returnCode) override
     {
-        if (m_sheet != name)
-            return;
-        m_sheet = QString();
-        m_sheetEnd(returnCode);
+        if (sheet() == name)
+            later(takeFirst().ended, returnCode);
     }
     void endAllSheets() override
     {
-        while (hasAlert())
-            answer(0);
-        if (!m_sheet.isNull())
-            endSheet(m_sheet, 0);
+        while (!m_sheets.empty())
+            later(takeFirst().ended, 0);
     }
     void beginAlert(const Foundation::Alert &alert, Foundation::AlertAnswer answered) override
     {
-        m_alerts.emplace_back(alert, std::move(answered));
+        m_sheets.push_back({QString(), alert, std::move(answered)});
     }
-    void beginSavePanel(const QString &, std::function<void(QString)> ended) override { ended(savePath); }
+    void beginSavePanel(const QString &, std::function<void(QString)> ended) override
+    {
+        later(ended, savePath);
+    }
     void setDecryptProgressShown(bool shown) override { progress.append(shown); }
     void clearPasswordToDecryptField() override { passwordFieldCleared = true; }
     void scrollRowToVisible(qsizetype row) override { scrolledTo = row; }
@@ -96,7 +101,30 @@ public:
     VLVSplitViewDelegate splitViewDelegate;
 
 private:
-    QString m_sheet;
-    SheetEnd m_sheetEnd;
-    std::deque<std::pair<Foundation::Alert, Foundation::AlertAnswer>> m_alerts;
+    struct Sheet
+    {
+        QString name;
+        std::optional<Foundation::Alert> alert;
+        SheetEnd ended;
+    };
+
+    Sheet takeFirst()
+    {
+        Sheet first = std::move(m_sheets.front());
+        m_sheets.pop_front();
+        return first;
+    }
+    // On a later turn of the main queue, unless the window has closed or gone by then.
+    template <class Completion, class Result>
+    void later(Completion ended, const Result &result)
+    {
+        Foundation::Services::shared().mainQueue().addOperation(
+            [life = std::weak_ptr(m_life), ended = std::move(ended), result] {
+                if (!life.expired())
+                    ended(result);
+            });
+    }
+
+    std::deque<Sheet> m_sheets; // The first is shown; the others wait.
+    std::shared_ptr<int> m_life = std::make_shared<int>();
 };

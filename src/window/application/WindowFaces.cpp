@@ -24,7 +24,8 @@ WindowFaces::WindowFaces(MyDocument *document, WindowFrame &frame, const Parts &
     connect(document, &VLCryptoDoc::isEncryptedChanged, this, &WindowFaces::releaseFocus);
 }
 
-// The bindings are about to hide the focused widget. Without this, the toolbar would get the focus in between.
+// The bindings are about to hide the focused widget. Without this, the toolbar would get the focus in
+// between.
 void WindowFaces::releaseFocus()
 {
     if (QWidget *focused = m_parts.window->focusWidget())
