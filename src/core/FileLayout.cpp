@@ -26,7 +26,7 @@ std::optional<FileLayout> fileLayoutOfVersion(quint64 appversion)
         return FileLayout::B;
     if (appversion == 30100 || appversion == 30200)
         return FileLayout::C;
-    return FileLayout::D; // Also for numbers that no release wrote.
+    return FileLayout::D; // This includes numbers that no release wrote.
 }
 
 DecryptPath decryptPathOfVersion(quint64 appversion)

@@ -9,7 +9,8 @@ namespace Foundation
 namespace
 {
 
-// The characters of the bytes from 128 on. The last but 15 is the maker's logo, from the private use area.
+// The characters of the bytes from 128 on. The 16th from the end is a logo, in the private use area of
+// Unicode.
 constexpr char16_t upperHalf[128] = {
     0x00C4, 0x00C5, 0x00C7, 0x00C9, 0x00D1, 0x00D6, 0x00DC, 0x00E1, 0x00E0, 0x00E2, 0x00E4, 0x00E3, 0x00E5,
     0x00E7, 0x00E9, 0x00E8, 0x00EA, 0x00EB, 0x00ED, 0x00EC, 0x00EE, 0x00EF, 0x00F1, 0x00F3, 0x00F2, 0x00F4,

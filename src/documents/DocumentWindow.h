@@ -10,19 +10,19 @@
 namespace Foundation
 {
 
-// The window of a document as the logic sees it. Implemented by the window layer and by scripts in tests.
+// The window of a document as the logic sees it. The window layer implements it, and tests have a double.
 //
-// Sheets and alerts belong to the window and block only it; every call returns at once. Sheets are named as
-// in the interface file. What ends a sheet or answers an alert is called on a later turn of the event loop,
-// after the sheet has gone. One sheet or alert stands at a time; another waits until it has gone.
+// Sheets and alerts belong to the window and block only this window; every call returns immediately. The
+// names of sheets are those of the interface files. Completions (`ended`, `answered`) are called on a later
+// turn of the event loop, after the sheet was closed. One sheet or alert is open at a time; others wait.
 //
-// Nothing is called after close(), and a document closes its window before it goes. So what is given to these
-// operations may capture the document as it is. Every other lambda that outlives the call that made it
-// captures a QPointer, or belongs to a member that cancels it.
+// No completion is called after close(), and a document closes its window before it is deleted. So a
+// completion may capture its document directly. Every other lambda that is called later must capture a
+// QPointer, or a member must cancel the call.
 //
-// Over a locked document nothing is shown but alerts that may stand there: any other sheet, alert or panel
-// that is asked for ends at once with no button's return code, and so does what stands or waits when the lock
-// comes.
+// While the document is locked, only alerts with Alert::mayStandOverLock are shown. All other sheets, alerts
+// and panels end with a return code that no button has, and so do those that are open or waiting when the
+// document is locked.
 class DocumentWindow
 {
 public:
@@ -38,19 +38,18 @@ public:
     virtual void orderOut() = 0;
     virtual void center() = 0;
     virtual void makeKeyAndOrderFront() = 0;
-    // Takes the window from the screen for good, with every sheet on it, whose ends are not called any more.
+    // Closes the window and its sheets.
     virtual void close() = 0;
 
     using SheetEnd = std::function<void(int returnCode)>;
     virtual void beginSheet(const QString &name, SheetEnd ended) = 0;
-    // Nothing happens if no such sheet is shown.
+    // Ends an open sheet. Does nothing if that sheet is not open.
     virtual void endSheet(const QString &name, int returnCode = 0) = 0;
-    // Ends the sheet, alert or panel that stands and all that wait, as if the user had gone away: with no
-    // button's return code.
+    // Ends the open sheet, alert or panel and all waiting ones with a return code that no button has.
     virtual void endAllSheets() = 0;
     virtual void beginAlert(const Alert &alert, AlertAnswer answered) = 0;
 
-    // Asks for the place of a document to save, below `suggestedPath`; a null path if the user gives up.
+    // Asks where to save a document, beginning with `suggestedPath`. The path is null if the user cancels.
     virtual void beginSavePanel(const QString &suggestedPath, std::function<void(QString path)> ended) = 0;
 };
 

@@ -12,7 +12,7 @@ namespace Foundation
 namespace
 {
 
-// Both answer in silence in a program that was built without assertions.
+// Both assert. In a build without assertions they return a failure or the last button.
 class NoWorkspace : public Workspace
 {
 public:

@@ -10,12 +10,12 @@
 #include <memory>
 #include <optional>
 
-// A document's window without any pixels: keeps what it is asked, and ends sheets and alerts when the test
-// says.
+// A document window without widgets: records the calls, and ends sheets and alerts when the test says so. It
+// has the same contract as the real window.
 class ScriptedDocumentWindow : public MyDocumentWindow
 {
 public:
-    // The alert that waits for its answer; fails the test if there is none.
+    // The open alert. Without one, the test fails.
     Foundation::Alert alert() const
     {
         if (!hasAlert()) {
@@ -25,13 +25,13 @@ public:
         return *m_sheets.front().alert;
     }
     bool hasAlert() const { return !m_sheets.empty() && m_sheets.front().alert; }
-    // As the user does: what that leads to has happened on return.
+    // Answers the alert. The completion has returned when this returns.
     void answer(int returnCode)
     {
         ASSERT_TRUE(hasAlert());
         takeFirst().ended(returnCode);
     }
-    // The sheet that is shown. Null without one, and under an alert.
+    // The name of the open sheet. Null if there is none, or if an alert is open.
     QString sheet() const { return m_sheets.empty() ? QString() : m_sheets.front().name; }
 
     Foundation::Rect frame() const override { return frameNow; }
@@ -73,7 +73,8 @@ public:
     void setDecryptProgressShown(bool shown) override { progress.append(shown); }
     void clearPasswordToDecryptField() override { passwordFieldCleared = true; }
     void scrollRowToVisible(qsizetype row) override { scrolledTo = row; }
-    // What is redrawn, in the order of the calls: a column's identifier, "categoryViews", "categoryTable".
+    // The redrawn parts in the order of the calls: the identifier of a column, "categoryViews" or
+    // "categoryTable".
     void redrawColumn(const QString &identifier) override { redrawn.append(identifier); }
     void redrawCategoryViews() override { redrawn.append(u"categoryViews"_qs); }
     void redrawCategoryTable() override { redrawn.append(u"categoryTable"_qs); }
@@ -88,7 +89,7 @@ public:
     void runPageLayout() override {}
 
     Foundation::Rect frameNow{100.25, 200.5, 900, 600};
-    QString savePath; // what the user chooses; null: gives up
+    QString savePath; // the path that the user chooses; null to cancel
     bool toolbarVisible = true;
     bool visible = false;
     bool closed = false;
@@ -114,7 +115,8 @@ private:
         m_sheets.pop_front();
         return first;
     }
-    // On a later turn of the main queue, unless the window has closed or gone by then.
+    // Calls a completion on a later turn of the main queue, unless the window was closed or destroyed by
+    // then.
     template <class Completion, class Result>
     void later(Completion ended, const Result &result)
     {

@@ -25,8 +25,8 @@ namespace Ui
 class MyDocument;
 }
 
-// The window of one document, made from the interface file "MyDocument". Its controls follow the document by
-// the bindings of that file; this class does what the document asks of its window.
+// The window of one document, made from the interface file "MyDocument". The bindings of that file connect
+// its controls with the document; this class implements what the document asks of its window.
 //
 // When the document closes its window, the controller deletes itself on a later turn of the event loop.
 class DocumentWindowController : public QObject, public MyDocumentWindow, public MenuItemValidator
@@ -109,5 +109,5 @@ private:
     SheetQueue m_sheets;
     SavePanel m_savePanel;
     std::unique_ptr<CardPrinter> m_cardPrinter;
-    QPointer<CategoryTable> m_categoryTable; // while its sheet stands
+    QPointer<CategoryTable> m_categoryTable; // null while its sheet is not open
 };

@@ -58,18 +58,18 @@ void WindowFaces::change()
     show();
     if (m_document->isEncrypted())
         return;
-    // A file may hold no frame for its window, which then leaves the small size of its locked face by itself.
+    // If the file contains no frame, the window must leave the small size of its locked view by itself.
     if (std::exchange(m_isLockedSinceOpened, false) && !m_document->useMyWinRect()) {
         m_parts.window->resize(m_frame.usualSize());
         m_frame.center();
     }
-    // Later, when the window has the size that it comes back with: otherwise the list would grow with it.
+    // Later, when the window has its restored size. Otherwise the list would grow with the window.
     QMetaObject::invokeMethod(this, &WindowFaces::giveListItsWidth, Qt::QueuedConnection);
 }
 
 bool WindowFaces::isToolbarVisible() const
 {
-    // Not isVisible(): that is false as long as the window is hidden.
+    // Not isVisible(), which is false while the window is hidden.
     return !m_parts.toolbar->isHidden();
 }
 

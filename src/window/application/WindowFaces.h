@@ -8,10 +8,11 @@
 #include <QMainWindow>
 #include <QToolBar>
 
-// The two faces of a document's window: locked, with the field for the password, and open, with the content.
+// The two views of a document window: the locked view with the password field, and the open view with the
+// content.
 //
-// Assistive technology finds what is only hidden. So a locked window does not contain the open face and the
-// toolbar at all: they lie in a widget that is never shown.
+// Assistive technology also finds hidden widgets. So a locked window does not contain the open view and the
+// toolbar at all: they are moved into a widget that is never shown.
 class WindowFaces : public QObject
 {
     Q_OBJECT
@@ -24,15 +25,15 @@ public:
         QBoxLayout *layoutOfOpenFace;
         QToolBar *toolbar;
         RuledSplitView *splitView; // the list beside the detail
-        QWidget *passwordField;    // has the focus first in a locked window
-        QWidget *list;             // has it in an open one
+        QWidget *passwordField;    // gets the focus in a locked window
+        QWidget *list;             // gets the focus in an open window
     };
-    // None is owned; all outlive this. The window gets its first size here.
+    // The arguments are not owned and must outlive this object. Sets the initial size of the window.
     WindowFaces(MyDocument *document, WindowFrame &frame, const Parts &parts);
 
-    // Shows the face that the document has now.
+    // Shows the view for the present state of the document.
     void show();
-    // The document was locked or unlocked: shows its other face, with the sizes that the user gave that one.
+    // Must be called when the document was locked or unlocked. Shows the other view with its former sizes.
     void change();
 
     bool isToolbarVisible() const;

@@ -7,16 +7,16 @@
 #include <QAction>
 #include <QMainWindow>
 
-// The titles of a document's window that follow the document: that of the window, with its lock and its mark
-// of unsaved changes, and those of Undo and Redo, which name what they would undo.
+// Updates the titles that depend on the document: that of the window, with its lock and its mark of unsaved
+// changes, and those of Undo and Redo, which name the command.
 class WindowTitles : public QObject
 {
     Q_OBJECT
 
 public:
-    // None is owned; all outlive this.
+    // The arguments are not owned and must outlive this object.
     WindowTitles(MyDocument *document, QMainWindow *window, const TextCommands *textCommands);
-    // The items get their titles whenever the dispatcher has validated the items of the window.
+    // Updates the titles of the items each time the dispatcher has validated the items of the window.
     void follow(ActionDispatcher *dispatcher, QAction *undoItem, QAction *redoItem);
 
 private:
