@@ -1,25 +1,12 @@
 #include "browse/FieldCommands.h"
 
+#include "core/ContactFields.h"
 #include "core/RecordModel.h"
 #include "helpers/VLUrlResolutor.h"
 #include "values/DisplayText.h"
 
-#include <array>
-
 using Foundation::ActionSender;
 using Foundation::Key;
-
-std::optional<Key> FieldCommands::fieldOfTag(int tag)
-{
-    static const std::array<Key, LastFieldTag> fields = {
-        RecordKey::firstName,     RecordKey::lastName,      RecordKey::company,        RecordKey::phoneWork,
-        RecordKey::faxWork,       RecordKey::pager,         RecordKey::emailWork,      RecordKey::webWork,
-        RecordKey::addressWork,   RecordKey::phonePersonal, RecordKey::faxPersonal,    RecordKey::mobile,
-        RecordKey::emailPersonal, RecordKey::webPersonal,   RecordKey::addressPersonal};
-    if (tag < FirstFieldTag || tag > LastFieldTag)
-        return std::nullopt;
-    return fields[std::size_t(tag - FirstFieldTag)];
-}
 
 QString FieldCommands::textOfSelection(const Key &key) const
 {
@@ -28,8 +15,8 @@ QString FieldCommands::textOfSelection(const Key &key) const
 
 void FieldCommands::openField(const ActionSender &sender)
 {
-    const auto field = fieldOfTag(sender.tag);
-    const QString address = field ? textOfSelection(*field) : QString();
+    const ContactField *field = contactFieldOfTag(sender.tag);
+    const QString address = field ? textOfSelection(field->key) : QString();
     if (!address.isEmpty())
         VLUrlResolutor::sharedUrlResolutor().openUrl(address);
 }

@@ -5,8 +5,6 @@
 
 #include <QObject>
 
-#include <optional>
-
 // Opens the web or mail address in a field of the selected contact. If nothing opens, the user is not told. A
 // responder of the document.
 class FieldCommands : public QObject
@@ -14,19 +12,12 @@ class FieldCommands : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int FirstFieldTag = 1;
-    static constexpr int LastFieldTag = 15;
-
     // `records` is not owned and must outlive this object.
     explicit FieldCommands(FilteringArrayController &records, QObject *parent = nullptr)
         : QObject(parent)
         , m_records(records)
     {
     }
-
-    // The field with that tag. The tag is also the number of the flag ("open01" and so on) that makes the
-    // field a link. Nothing for an unknown tag.
-    static std::optional<Foundation::Key> fieldOfTag(int tag);
 
     // Opens the field with the tag of the sender. An empty field and an unknown tag open nothing.
     Q_INVOKABLE void openField(const Foundation::ActionSender &sender);

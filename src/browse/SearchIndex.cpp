@@ -1,6 +1,6 @@
 #include "browse/SearchIndex.h"
 
-#include "core/RecordModel.h"
+#include "core/ContactFields.h"
 #include "values/DisplayText.h"
 
 #include <algorithm>
@@ -54,12 +54,14 @@ private:
 
 const std::vector<Key> &SearchIndex::searchedKeys()
 {
-    using namespace RecordKey;
-    static const std::vector<Key> keys = {
-        addressPersonal, addressWork,   category,  company,       emailPersonal, emailWork,
-        faxPersonal,     faxWork,       firstName, lastName,      mobile,        note,
-        pager,           phonePersonal, phoneWork, resultingName, webPersonal,   webWork,
-    };
+    static const std::vector<Key> keys = [] {
+        std::vector<Key> searched;
+        for (const ContactField &field : contactFields()) {
+            if (field.isSearched)
+                searched.push_back(field.key);
+        }
+        return searched;
+    }();
     return keys;
 }
 

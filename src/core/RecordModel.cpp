@@ -1,5 +1,7 @@
 #include "core/RecordModel.h"
 
+#include "core/ContactFields.h"
+
 using Foundation::Array;
 using Foundation::Dictionary;
 using Foundation::Key;
@@ -8,67 +10,6 @@ using Foundation::Value;
 
 namespace
 {
-
-constexpr int OpenFlagCount = 15;
-
-struct Caption
-{
-    const char16_t *key;
-    const char16_t *caption;
-};
-
-// The two captions without a colon have always been so.
-constexpr Caption captions[] = {
-    {u"category", u"Category:"},
-    {u"firstName", u"First name:"},
-    {u"lastName", u"Last name:"},
-    {u"company", u"Company:"},
-    {u"phoneWork", u"Phone work:"},
-    {u"faxWork", u"Fax work:"},
-    {u"emailWork", u"Email work:"},
-    {u"addressWork", u"Address work:"},
-    {u"webWork", u"Web work:"},
-    {u"phonePersonal", u"Phone personal:"},
-    {u"faxPersonal", u"Fax personal:"},
-    {u"mobile", u"Mobile personal:"},
-    {u"pager", u"Mobile work"},
-    {u"emailPersonal", u"Email personal:"},
-    {u"webPersonal", u"Web personal:"},
-    {u"addressPersonal", u"Address personal:"},
-    {u"note", u"Note"},
-};
-
-struct FieldTitle
-{
-    const char16_t *title;
-    const char16_t *key;
-};
-
-// The category, whose key differs between export and import, comes before these.
-constexpr FieldTitle fieldTitles[] = {
-    {u"First name", u"firstName"},
-    {u"Last name", u"lastName"},
-    {u"Company", u"company"},
-    {u"Phone work", u"phoneWork"},
-    {u"Fax work", u"faxWork"},
-    {u"Address work", u"addressWork"},
-    {u"Email work", u"emailWork"},
-    {u"Web work", u"webWork"},
-    {u"Phone personal", u"phonePersonal"},
-    {u"Fax personal", u"faxPersonal"},
-    {u"Mobile personal", u"mobile"},
-    {u"Mobile work", u"pager"},
-    {u"Email personal", u"emailPersonal"},
-    {u"Web personal", u"webPersonal"},
-    {u"Address personal", u"addressPersonal"},
-    {u"Note", u"note"},
-};
-
-// The fields that can be opened by a click in a new document: the mail and web addresses.
-bool isOpenByDefault(int flag)
-{
-    return flag == 7 || flag == 8 || flag == 13 || flag == 14;
-}
 
 Ref<Dictionary> newColor(const Value &component)
 {
@@ -91,32 +32,45 @@ Value fieldEntry(QStringView title, QStringView innerKey)
 Ref<Array> newFieldTable(QStringView categoryKey)
 {
     auto table = Array::create();
-    table->values.push_back(fieldEntry(u"Category", categoryKey));
-    for (const FieldTitle &field : fieldTitles)
-        table->values.push_back(fieldEntry(QStringView(field.title), QStringView(field.key)));
+    for (const ContactField *field : contactFieldsBy(&ContactField::exportPlace)) {
+        const QString key = field->key.name();
+        const bool isCategory = field->key == RecordKey::category;
+        table->values.push_back(fieldEntry(field->exportTitle, isCategory ? categoryKey : QStringView(key)));
+    }
     return table;
+}
+
+// The texts that a new record gets, made once for all records.
+std::vector<Dictionary::Entry> newTexts()
+{
+    std::vector<Dictionary::Entry> texts;
+    for (const ContactField &field : contactFields()) {
+        if (field.textInNewRecord)
+            texts.push_back({field.key, Value(QString::fromUtf16(field.textInNewRecord))});
+    }
+    return texts;
 }
 
 } // namespace
 
-const std::array<Key, ContactTextCount> &contactTextKeys()
+const std::vector<Key> &contactTextKeys()
 {
-    using namespace RecordKey;
-    static const std::array<Key, ContactTextCount> keys = {
-        firstName,     lastName,    company, phoneWork, faxWork,       emailWork,   addressWork,     webWork,
-        phonePersonal, faxPersonal, mobile,  pager,     emailPersonal, webPersonal, addressPersonal, note};
+    static const std::vector<Key> keys = [] {
+        std::vector<Key> all;
+        for (const Dictionary::Entry &text : newTexts())
+            all.push_back(text.key);
+        return all;
+    }();
     return keys;
 }
 
 Ref<Dictionary> newContactRecord(const Ref<Dictionary> &category, double secondsSince2001)
 {
-    const Value empty(QStringLiteral(""));
+    static const std::vector<Dictionary::Entry> texts = newTexts();
     auto record = Dictionary::create();
-    record->reserve(ContactTextCount + 4);
-    for (const Key &key : contactTextKeys())
-        record->setValue(key, empty);
-    record->setValue(RecordKey::firstName, QStringLiteral("First Name"));
-    record->setValue(RecordKey::lastName, QStringLiteral("Last Name"));
+    record->reserve(texts.size() + 4);
+    for (const Dictionary::Entry &text : texts)
+        record->setValue(text.key, text.value);
     record->setValue(RecordKey::creationDate, Value::date(secondsSince2001));
     record->setValue(RecordKey::usageCount, Value(qint64(0)));
     record->setValue(RecordKey::categoryPtr, category);
@@ -138,17 +92,19 @@ Ref<Dictionary> newCategoryRecord(const QString &name, qint64 uniqueID)
 Ref<Dictionary> defaultLabelDictionary()
 {
     auto labels = Dictionary::create();
-    for (const Caption &caption : captions)
-        labels->setValue(QStringView(caption.key), QString::fromUtf16(caption.caption));
+    for (const ContactField &field : contactFields()) {
+        if (field.caption)
+            labels->setValue(field.key, QString::fromUtf16(field.caption));
+    }
     resetOpenFlags(*labels);
     return labels;
 }
 
 void resetOpenFlags(Dictionary &labels)
 {
-    for (int flag = 1; flag <= OpenFlagCount; ++flag) {
-        const QString name = QStringLiteral("open%1").arg(flag, 2, 10, QLatin1Char('0'));
-        labels.setValue(name, Value(isOpenByDefault(flag)));
+    for (const ContactField *field : contactFieldsBy(&ContactField::tag)) {
+        const QString name = QStringLiteral("open%1").arg(field->tag, 2, 10, QLatin1Char('0'));
+        labels.setValue(name, Value(field->opensByDefault));
     }
 }
 

@@ -3,11 +3,11 @@
 #include "values/Array.h"
 #include "values/Dictionary.h"
 
-#include <array>
+#include <vector>
 
-// What a document holds: the keys of contact records, category records and captions, and the tables made of
-// them. Records, categories and captions are plain dictionaries, so a new field is a new key; the keys stand
-// in files and never change.
+// What a document holds: the keys of contact records, category records and captions, and new ones of all
+// three. Records, categories and captions are plain dictionaries, so a new field is a new key and a row of
+// ContactFields; the keys stand in files and never change.
 
 namespace RecordKey
 {
@@ -53,8 +53,7 @@ inline const Foundation::Key records{u"records"}; // Always empty, and left out 
 } // namespace CategoryKey
 
 // The sixteen texts of a contact in the order in which a new record gets them.
-constexpr std::size_t ContactTextCount = 16;
-const std::array<Foundation::Key, ContactTextCount> &contactTextKeys();
+const std::vector<Foundation::Key> &contactTextKeys();
 
 // A new record of the nineteen keys that every new record has.
 Foundation::Ref<Foundation::Dictionary>
@@ -63,9 +62,9 @@ newContactRecord(const Foundation::Ref<Foundation::Dictionary> &category, double
 // A new category record of the six keys, in mid grey with white text.
 Foundation::Ref<Foundation::Dictionary> newCategoryRecord(const QString &name, qint64 uniqueID);
 
-// A fresh dictionary of the captions of all fields and of the flags open01 to open15.
+// A fresh dictionary of the captions of all fields and of their open flags, open01 to open15.
 Foundation::Ref<Foundation::Dictionary> defaultLabelDictionary();
-// Sets open01 to open15 to their defaults, as reading a file of 30100 to 30301 demands.
+// Sets the open flags to their defaults, as reading a file of 30100 to 30301 demands.
 void resetOpenFlags(Foundation::Dictionary &labels);
 
 // Seventeen key entries in the fixed order of exports and imports, each of `publicKey`, the title of a field,

@@ -1,6 +1,7 @@
 #include "core/ReleaseMigration.h"
 
 #include "archive/KeyedArchive.h"
+#include "core/ContactFields.h"
 #include "core/DecryptPipeline.h"
 #include "core/ReleaseDate.h"
 #include "helpers/VLColorUtilOSX.h"
@@ -33,20 +34,12 @@ const Color &inventedColor(const Key &key)
     return key == CategoryKey::cat_backColor ? InventedBackColor : InventedTextColor;
 }
 
-// The fields of a record in the order in which they are read, which decides whose failure comes first.
-const Key recordFields[] = {
-    RecordKey::addressPersonal, RecordKey::addressWork,   RecordKey::category,    RecordKey::cat_uniqueID,
-    RecordKey::company,         RecordKey::emailPersonal, RecordKey::emailWork,   RecordKey::faxPersonal,
-    RecordKey::faxWork,         RecordKey::firstName,     RecordKey::isCompany,   RecordKey::lastName,
-    RecordKey::mobile,          RecordKey::note,          RecordKey::pager,       RecordKey::phonePersonal,
-    RecordKey::phoneWork,       RecordKey::resultingName, RecordKey::webPersonal, RecordKey::webWork};
-
-const Key captionFields[] = {RecordKey::category,        RecordKey::firstName,     RecordKey::lastName,
-                             RecordKey::company,         RecordKey::phoneWork,     RecordKey::faxWork,
-                             RecordKey::emailWork,       RecordKey::addressWork,   RecordKey::webWork,
-                             RecordKey::phonePersonal,   RecordKey::faxPersonal,   RecordKey::mobile,
-                             RecordKey::pager,           RecordKey::emailPersonal, RecordKey::webPersonal,
-                             RecordKey::addressPersonal, RecordKey::note};
+// The order decides whose failure comes first, and in which order a migrated record is saved.
+const std::vector<const ContactField *> &recordFields()
+{
+    static const auto fields = contactFieldsBy(&ContactField::oldReleasePlace);
+    return fields;
+}
 
 bool isShared(const Value &value)
 {
@@ -119,11 +112,13 @@ qint32 ReleaseMigration::readLabels()
 {
     if (const Ref<Dictionary> stored = m_state.myEncriptedLabelDictionary) {
         const auto labels = Dictionary::create();
-        for (const Key &key : captionFields) {
+        for (const ContactField &field : contactFields()) {
+            if (!field.caption || field.oldReleasePlace == 0)
+                continue;
             Value caption;
-            if (const qint32 code = readField(*stored, key, TextField, &caption))
+            if (const qint32 code = readField(*stored, field.key, TextField, &caption))
                 return code;
-            labels->setValue(key, caption);
+            labels->setValue(field.key, caption);
         }
         m_state.myLabelDictionary = labels;
     }
@@ -142,7 +137,7 @@ qint32 ReleaseMigration::readRecords(DecryptPath path)
         if (!stored)
             return DecryptUnreadableField;
         const auto record = Dictionary::create();
-        record->reserve(std::size(recordFields) + 1); // and the category it will point at
+        record->reserve(recordFields().size() + 1); // and the category it will point at
         if (const qint32 code = readRecord(*stored, path, *record))
             return code;
         m_records->values.emplace_back(record);
@@ -152,7 +147,8 @@ qint32 ReleaseMigration::readRecords(DecryptPath path)
 
 qint32 ReleaseMigration::readRecord(const Dictionary &stored, DecryptPath path, Dictionary &record)
 {
-    for (const Key &key : recordFields) {
+    for (const ContactField *field : recordFields()) {
+        const Key &key = field->key;
         const bool isNumber = key == RecordKey::cat_uniqueID;
         Value content(qint64(0));
         if (!isNumber || path == DecryptPath::PerField) {
@@ -209,8 +205,8 @@ Ref<Dictionary> ReleaseMigration::takeEntry(const Value &entry)
 {
     using Foundation::ReadBudget;
     // One without content costs some fifty times what it takes in a file.
-    constexpr quint64 Cost = ReadBudget::Container + ReadBudget::DictionaryEntry * std::size(recordFields);
-    if (!m_entryBudget.spend(Cost))
+    static const quint64 cost = ReadBudget::Container + ReadBudget::DictionaryEntry * recordFields().size();
+    if (!m_entryBudget.spend(cost))
         return nullptr;
     if (isShared(entry) && !m_sharedEntries.insert(entry.sharedObject()).second)
         return nullptr;

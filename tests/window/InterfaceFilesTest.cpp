@@ -1,3 +1,4 @@
+#include "core/ContactFields.h"
 #include "window/WindowTest.h"
 #include "window/binding/Binding.h"
 #include "window/controls/InterfaceProperties.h"
@@ -205,12 +206,12 @@ TEST_F(InterfaceFilesTest, TagsAreThoseThatAreAskedFor)
             // A link of the card or a button of the form stands by the field that it opens, and shows by its
             // flag.
             ++openers[tag];
-            const auto field = FieldCommands::fieldOfTag(tag);
+            const ContactField *field = contactFieldOfTag(tag);
             ASSERT_TRUE(field);
             const bool isLink = element.className == u"FieldText";
             const char *const path = isLink ? "bindValue" : "bindEnabled";
             EXPECT_EQ(element.properties.value(QLatin1String(path)),
-                      u"myArrayController.selection."_qs + field->name());
+                      u"myArrayController.selection."_qs + field->key.name());
             const char *const condition = isLink ? "bindLink" : "bindVisible";
             EXPECT_EQ(element.properties.value(QLatin1String(condition)),
                       u"myLabelDictionary.open%1"_qs.arg(tag, 2, 10, QLatin1Char('0')));
@@ -226,8 +227,8 @@ TEST_F(InterfaceFilesTest, TagsAreThoseThatAreAskedFor)
     });
     redrawsName.sort();
     EXPECT_EQ(redrawsName, QStringList({u"company"_qs, u"firstName"_qs, u"lastName"_qs}));
-    for (int tag = FieldCommands::FirstFieldTag; tag <= FieldCommands::LastFieldTag; ++tag)
-        EXPECT_EQ(openers.value(tag), tag <= 3 ? 1 : 2) << "the head of the card has no links: " << tag;
+    for (const ContactField *field : contactFieldsBy(&ContactField::tag))
+        EXPECT_EQ(openers.value(field->tag), field->tag <= 3 ? 1 : 2) << "the head of the card has no links";
 }
 
 TEST_F(InterfaceFilesTest, EveryTextOfAContactIsShownAndCanBeEdited)
