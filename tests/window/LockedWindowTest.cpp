@@ -1,4 +1,5 @@
 #include "window/WindowTest.h"
+#include "window/controls/InterfaceProperties.h"
 #include "window/desktop/DesktopColorPanel.h"
 
 #include <QAccessible>
@@ -28,6 +29,17 @@ protected:
         answer(u"OK"_qs);
         EXPECT_TRUE(eventually([this] { return document()->isEncrypted(); }));
         EXPECT_TRUE(windowIsActive());
+    }
+    QStringList enabledCommands() const
+    {
+        QStringList commands;
+        for (const QAction *item : window()->findChildren<QAction *>()) {
+            const QString command = textProperty(item, InterfaceProperty::Action);
+            if (item->isEnabled() && !command.isEmpty() && !commands.contains(command))
+                commands.append(command);
+        }
+        commands.sort();
+        return commands;
     }
     // All that assistive technology can find out below an object.
     static void collectTexts(QAccessibleInterface *object, QStringList &texts)
@@ -62,6 +74,16 @@ TEST_F(LockedWindowTest, HasNothingOfTheContentAndOpensAsItWas)
     EXPECT_EQ(window()->frameGeometry().y(), open.y()) << "the upper edge stays";
     EXPECT_EQ(QApplication::focusWidget(), control<QLineEdit>("passwordToDecryptField"));
     EXPECT_FALSE(item("myCategorySuperMenuItem")->isEnabled());
+    const QStringList allowed = {u"duplicateRow"_qs, u"newDocument"_qs, u"openDocument"_qs, u"paste"_qs,
+                                 u"performClose"_qs, u"selectAll"_qs,   u"terminate"_qs};
+    EXPECT_TRUE(eventually([&] { return enabledCommands() == allowed; }))
+        << enabledCommands().join(u' ').toStdString();
+    QAction forgotten; // Its responder says that it is enabled, and nothing names it.
+    forgotten.setProperty(InterfaceProperty::Action, u"scrollListViewToBottom"_qs);
+    ActionDispatcher dispatcher(document(), [this](const QString &) { return document()->responders(); });
+    dispatcher.addItem(&forgotten);
+    dispatcher.validate();
+    EXPECT_FALSE(forgotten.isEnabled());
     press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
 
     unlock(password);

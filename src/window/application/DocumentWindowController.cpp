@@ -354,7 +354,7 @@ void DocumentWindowController::find(const ActionSender &)
 bool DocumentWindowController::validateMenuItem(Foundation::MenuItem &item)
 {
     item.isChecked = isToolbarVisible();
-    return m_document->isDecrypted();
+    return true;
 }
 
 void DocumentWindowController::toggleToolbarShown(const ActionSender &)

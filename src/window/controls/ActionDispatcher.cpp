@@ -1,12 +1,13 @@
 #include "window/controls/ActionDispatcher.h"
 
 #include "window/controls/InterfaceProperties.h"
+#include "window/controls/LockedCommands.h"
 #include "window/controls/MenuItemValidator.h"
 
 using Foundation::ActionSender;
 using Foundation::MenuItem;
 
-ActionDispatcher::ActionDispatcher(Foundation::Document *document, Responders responders, QObject *parent)
+ActionDispatcher::ActionDispatcher(VLCryptoDoc *document, Responders responders, QObject *parent)
     : QObject(parent)
     , m_document(document)
     , m_responders(std::move(responders))
@@ -42,7 +43,7 @@ void ActionDispatcher::trigger(const Item &item)
     validate();
 }
 
-bool ActionDispatcher::isEnabled(const Item &item, MenuItem &menuItem) const
+bool ActionDispatcher::isEnabled(MenuItem &item) const
 {
     if (!m_document)
         return false;
@@ -50,9 +51,8 @@ bool ActionDispatcher::isEnabled(const Item &item, MenuItem &menuItem) const
     if (!responder)
         return false;
     auto *validator = dynamic_cast<MenuItemValidator *>(responder);
-    const bool isValid =
-        validator ? validator->validateMenuItem(menuItem) : m_document->validateMenuItem(menuItem);
-    return isValid && (!item.condition || item.condition());
+    const bool isValid = validator ? validator->validateMenuItem(item) : m_document->validateMenuItem(item);
+    return isValid && (m_document->isDecrypted() || mayBeUsedWhileLocked(item.action));
 }
 
 void ActionDispatcher::validate()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "documents/Document.h"
+#include "lifecycle/VLCryptoDoc.h"
 
 #include <QAction>
 #include <QPointer>
@@ -8,7 +8,8 @@
 #include <functional>
 
 // Sends the actions of the controls and items of one window along the responder chain, and updates which
-// items are enabled and checked, as the responders decide.
+// items are enabled and checked, as the responders decide. While the
+// document is locked, only the items that LockedCommands lists are enabled.
 class ActionDispatcher : public QObject
 {
     Q_OBJECT
@@ -18,13 +19,15 @@ public:
     using Responders = std::function<QList<QObject *>(const QString &action)>;
     using Condition = std::function<bool()>;
 
-    ActionDispatcher(Foundation::Document *document, Responders responders, QObject *parent = nullptr);
+    ActionDispatcher(VLCryptoDoc *document, Responders responders, QObject *parent = nullptr);
 
     // Connects an item whose dynamic properties contain its action and tag. If there is a condition, the item
     // is enabled only if the condition holds and the responder enables it.
     void addItem(QAction *item, const Condition &condition = {});
     // Returns false if no responder has the action.
     bool send(const QString &action, const Foundation::ActionSender &sender) const;
+    // Whether document and responder enable the item. Sets its check mark too.
+    bool isEnabled(Foundation::MenuItem &item) const;
     // Update all items, now or once on the next turn of the event loop.
     void validate();
     void validateLater();
@@ -41,9 +44,12 @@ private:
     };
 
     void trigger(const Item &item);
-    bool isEnabled(const Item &item, Foundation::MenuItem &menuItem) const;
+    bool isEnabled(const Item &item, Foundation::MenuItem &menuItem) const
+    {
+        return isEnabled(menuItem) && (!item.condition || item.condition());
+    }
 
-    QPointer<Foundation::Document> m_document;
+    QPointer<VLCryptoDoc> m_document;
     Responders m_responders;
     QList<Item> m_items;
     bool m_isValidationPending = false;

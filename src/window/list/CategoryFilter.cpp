@@ -170,7 +170,7 @@ void CategoryFilter::addItemToMenu(int index)
     MenuItem menuItem{m_popUp->itemData(index).toString(), m_popUp->itemData(index, TitleRole).toString()};
     QAction *item = m_categoryMenu.addAction(titleOfText(shownLine(menuItem.title)));
     item->setCheckable(true);
-    item->setEnabled(m_document.validateMenuItem(menuItem));
+    item->setEnabled(m_dispatcher.isEnabled(menuItem));
     item->setChecked(menuItem.isChecked);
     connect(item, &QAction::triggered, this, [this, index] { sendActionOfItem(index); });
 }

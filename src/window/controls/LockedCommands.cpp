@@ -1,0 +1,31 @@
+#include "window/controls/LockedCommands.h"
+
+#include <algorithm>
+#include <array>
+
+namespace
+{
+
+constexpr std::array allowed = {
+    // Of the application and the window.
+    u"newDocument",
+    u"openDocument",
+    u"performClose",
+    u"terminate",
+    // In the field of the password; the document itself refuses undo and redo.
+    u"undo",
+    u"redo",
+    u"cut",
+    u"copy",
+    u"paste",
+    u"selectAll",
+    // Has always been enabled, and does nothing while the document is locked.
+    u"duplicateRow",
+};
+
+} // namespace
+
+bool mayBeUsedWhileLocked(const QString &action)
+{
+    return std::ranges::any_of(allowed, [&](const char16_t *name) { return action == name; });
+}
