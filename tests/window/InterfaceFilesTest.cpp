@@ -3,6 +3,7 @@
 #include "window/binding/Binding.h"
 #include "window/controls/InterfaceProperties.h"
 #include "window/desktop/SymbolIcon.h"
+#include "window/sheets/SheetKinds.h"
 
 #include <QDir>
 #include <QMenuBar>
@@ -79,12 +80,19 @@ InterfaceFile readInterfaceFile(const QString &path)
     return result;
 }
 
+const QDir resources(QStringLiteral(VEXAREL_SOURCE_DIR "/resources"));
+
+// Of the document's window and of its sheets.
 QList<InterfaceFile> interfaceFiles()
 {
-    QList<InterfaceFile> files;
-    const QDir folder(QStringLiteral(VEXAREL_SOURCE_DIR "/resources"));
-    for (const QString &name : folder.entryList({u"*.ui"_qs}))
-        files.append(readInterfaceFile(folder.filePath(name)));
+    const auto read = [](const QString &name) {
+        return readInterfaceFile(resources.filePath(name + u".ui"_qs));
+    };
+    QList<InterfaceFile> files{read(MyDocument::windowNibName())};
+    for (const SheetKind &kind : sheetKinds()) {
+        files.append(read(QLatin1String(kind.interfaceFile)));
+        EXPECT_EQ(files.last().elements[0].name, kind.name);
+    }
     return files;
 }
 
@@ -99,9 +107,7 @@ class InterfaceFilesTest : public WindowTest
 protected:
     void forEachElement(const std::function<void(const InterfaceFile &, const Element &)> &check) const
     {
-        const auto files = interfaceFiles();
-        EXPECT_GE(files.size(), 2);
-        for (const InterfaceFile &file : files) {
+        for (const InterfaceFile &file : interfaceFiles()) {
             for (const Element &element : file.elements) {
                 SCOPED_TRACE(u"%1: %2"_qs.arg(file.name, element.name).toStdString());
                 check(file, element);
@@ -109,6 +115,12 @@ protected:
         }
     }
 };
+
+TEST_F(InterfaceFilesTest, EachIsOfTheWindowOrOfASheet)
+{
+    EXPECT_EQ(resources.entryList({u"*.ui"_qs}).size(), interfaceFiles().size());
+    EXPECT_DEATH(sheetKindOfName(u"mySheet"_qs), "");
+}
 
 TEST_F(InterfaceFilesTest, KeyPathsLeadSomewhere)
 {

@@ -229,8 +229,8 @@ void DocumentWindowController::beginSheet(const QString &name, SheetEnd ended)
 {
     m_sheets.begin(
         name,
-        [this, name](QWidget *parent) {
-            SheetDialog *sheet = newSheet(name, m_document, m_binder, parent);
+        [this, &kind = sheetKindOfName(name)](QWidget *parent) {
+            SheetDialog *sheet = newSheet(kind, m_document, m_binder, parent);
             m_categoryTable = sheet->findChild<CategoryTable *>();
             return sheet;
         },

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "window/binding/Binder.h"
+#include "window/sheets/SheetKinds.h"
 
 #include <QDialog>
-
-class MyDocument;
 
 // A sheet that is made from an interface file. Escape and closing the sheet press the button with tag 1001,
 // or the button with tag 1000 if there is no other.
@@ -24,5 +23,5 @@ private:
     QPushButton *buttonOfTag(int tag) const;
 };
 
-// Makes the sheet with that name from its interface file and binds it to the document.
-SheetDialog *newSheet(const QString &name, MyDocument *document, Binder &binder, QWidget *parent);
+// Makes a sheet of that kind from its interface file and binds it to the document.
+SheetDialog *newSheet(const SheetKind &kind, MyDocument *document, Binder &binder, QWidget *parent);
