@@ -9,6 +9,7 @@
 #include <numeric>
 
 using Foundation::Alert;
+using Foundation::AlertButton;
 using Foundation::Dictionary;
 using Foundation::Services;
 using Foundation::Value;
@@ -224,7 +225,8 @@ void FilteringArrayController::removeObject(const Object &record)
 
 void FilteringArrayController::remove(const ActionSender &sender)
 {
-    const Alert question{tr("Delete selected contact?"), QString(), {tr("Delete"), tr("Cancel")}};
+    const Alert question{
+        tr("Delete selected contact?"), QString(), {{tr("Delete")}, {tr("Cancel"), AlertButton::Cancel}}};
     if (BrowseWindow *window = m_host.browseWindow())
         window->beginAlert(question,
                            [this, sender](int returnCode) { didEndDeleteRecord(returnCode, sender); });

@@ -9,6 +9,7 @@
 
 using Foundation::ActionSender;
 using Foundation::Alert;
+using Foundation::AlertButton;
 
 RecordCommands::RecordCommands(BrowseHost &host, FilteringArrayController &records,
                                VLColoredCategoryArrayController &categories, QObject *parent)
@@ -44,7 +45,7 @@ void RecordCommands::deleteRow(const ActionSender &)
 {
     const Alert question{tr("Delete Selected Row?"),
                          tr("The selected row will be removed from the document"),
-                         {tr("Delete"), tr("Cancel")}};
+                         {{tr("Delete")}, {tr("Cancel"), AlertButton::Cancel}}};
     beginAlert(question, [this](int returnCode) {
         if (returnCode == Alert::FirstButtonReturn && m_records.canRemove())
             deleteTheRecord(m_records.selectedObjects().back());
@@ -57,7 +58,7 @@ void RecordCommands::deleteRows(const ActionSender &)
         return;
     const Alert question{tr("Delete the selected contact"),
                          tr("Are you sure to delete the selected contact?"),
-                         {tr("Cancel"), tr("Delete Contact")}};
+                         {{tr("Cancel"), AlertButton::Cancel}, {tr("Delete Contact")}}};
     beginAlert(question, [this](int returnCode) {
         if (returnCode == Alert::SecondButtonReturn && m_records.canRemove())
             deleteTheRecord(m_records.selectedObjects().front());
@@ -74,7 +75,7 @@ void RecordCommands::askToInsertPasswordBeforeAddingData(const ActionSender &)
     const Alert question{tr("A password must be defined before adding data"),
                          tr("After defining a password used to protect this document, it will be possible "
                             "to add data."),
-                         {tr("Define Password"), tr("Cancel")},
+                         {{tr("Define Password")}, {tr("Cancel"), AlertButton::Cancel}},
                          Alert::Style::Informational};
     beginAlert(question, [this](int returnCode) {
         if (returnCode != Alert::FirstButtonReturn)

@@ -38,7 +38,7 @@ void Autosaver::autosave(Document *document)
         document->window()->beginAlert(
             {tr("The document “%1” could not be saved automatically.").arg(document->displayName()),
              reason + u'\n' + tr("Your changes are kept here, and saving is tried again after the next one."),
-             {tr("OK")}},
+             {{tr("OK")}}},
             [](int) {});
     state.hasToldFailure = !succeeded && (state.hasToldFailure || !reason.isNull());
 }

@@ -244,7 +244,7 @@ void Document::revertDocumentToSaved(const ActionSender &)
     const Alert alert{
         tr("Do you want to revert to the last saved version of the document “%1”?").arg(displayName()),
         tr("Your current changes will be lost."),
-        {tr("Revert"), tr("Cancel")}};
+        {{tr("Revert")}, {tr("Cancel"), AlertButton::Cancel}}};
     ask(alert, [this](int returnCode) {
         if (returnCode == Alert::FirstButtonReturn)
             revert();
@@ -263,7 +263,7 @@ void Document::revert()
     // Nothing was taken from a file that cannot be read.
     if (!reason.isNull() && m_window)
         m_window->beginAlert(
-            {tr("The document “%1” could not be reverted.").arg(displayName()), reason, {tr("OK")}},
+            {tr("The document “%1” could not be reverted.").arg(displayName()), reason, {{tr("OK")}}},
             [](int) {});
 }
 
@@ -342,7 +342,7 @@ void Document::sayNotSaved(const QString &reason, const Completion &completion)
     }
     const Alert alert{tr("The document “%1” could not be saved.").arg(displayName()),
                       reason,
-                      {tr("OK")},
+                      {{tr("OK")}},
                       Alert::Style::Warning,
                       true};
     m_window->beginAlert(alert, [completion](int) { completion(false); });
@@ -361,7 +361,7 @@ void Document::confirmOverwriting(const std::optional<FileIdentity> &present,
                 : tr("The file of the document “%1” is no longer there.").arg(displayName()),
         present ? tr("If you save, what the other program wrote is lost.")
                 : tr("It may have been moved or deleted. If you save, it is made again in its old place."),
-        {tr("Save Anyway"), tr("Cancel")}};
+        {{tr("Save Anyway")}, {tr("Cancel"), AlertButton::Cancel}}};
     ask(alert, [answered = std::move(answered)](int returnCode) {
         answered(returnCode == Alert::FirstButtonReturn);
     });
@@ -373,9 +373,10 @@ void Document::canCloseDocument(Completion shouldClose)
         shouldClose(true);
         return;
     }
-    const Alert alert{tr("Do you want to save the changes to the document “%1”?").arg(displayName()),
-                      tr("Your changes will be lost if you don’t save them."),
-                      {tr("Save"), tr("Cancel"), tr("Discard")}};
+    const Alert alert{
+        tr("Do you want to save the changes to the document “%1”?").arg(displayName()),
+        tr("Your changes will be lost if you don’t save them."),
+        {{tr("Save")}, {tr("Cancel"), AlertButton::Cancel}, {tr("Discard"), AlertButton::Discard}}};
     m_window->makeKeyAndOrderFront();
     if (m_isAsking) {
         shouldClose(false); // The question that stands decides.

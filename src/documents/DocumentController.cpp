@@ -43,7 +43,7 @@ Document *DocumentController::openDocument(const QString &path)
             Services::shared().modalAlerts().runModal(
                 {tr("The document “%1” could not be opened.").arg(QFileInfo(path).fileName()),
                  reason,
-                 {tr("OK")}});
+                 {{tr("OK")}}});
         return nullptr;
     }
     Document *added = document.get();
@@ -63,7 +63,7 @@ int DocumentController::recoverDocuments()
                 Services::shared().modalAlerts().runModal(
                     {tr("Changes that were kept for you could not be opened."),
                      reason + u'\n' + path,
-                     {tr("OK")}});
+                     {{tr("OK")}}});
             continue;
         }
         document->setUntitledNumber(++m_lastUntitledNumber);

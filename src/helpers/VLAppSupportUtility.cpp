@@ -41,7 +41,8 @@ bool offerLastVersion(const QString &message, const QString &informativeText)
     const Alert alert{
         .message = message,
         .informativeText = informativeText,
-        .buttons = {QStringLiteral("Go to Download Last Version"), QStringLiteral("Cancel")},
+        .buttons = {{QStringLiteral("Go to Download Last Version")},
+                    {QStringLiteral("Cancel"), Foundation::AlertButton::Cancel}},
         .style = Alert::Style::Warning,
     };
     const bool accepted = Services::shared().modalAlerts().runModal(alert) == Alert::FirstButtonReturn;

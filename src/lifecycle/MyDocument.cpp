@@ -16,6 +16,7 @@
 
 using Foundation::ActionSender;
 using Foundation::Alert;
+using Foundation::AlertButton;
 using Foundation::Array;
 using Foundation::ArrayController;
 using Foundation::ColorPanel;
@@ -214,7 +215,9 @@ void MyDocument::lockDocument(const ActionSender &)
     const QString informativeText =
         isDocumentEdited() ? tr("Before locking the document you need to save it on disk.\n%1").arg(reinsert)
                            : reinsert;
-    showAlert({tr("Lock Document back to the crypted state?"), informativeText, {tr("OK"), tr("Cancel")}},
+    showAlert({tr("Lock Document back to the crypted state?"),
+               informativeText,
+               {{tr("OK")}, {tr("Cancel"), AlertButton::Cancel}}},
               [this](int returnCode) {
                   if (returnCode != Alert::FirstButtonReturn)
                       return;
@@ -260,7 +263,7 @@ void MyDocument::doLockDocument()
     if (const QString reason = reasonNotReadable(); !reason.isNull()) {
         // Behind the lock would be nothing that opens.
         m_isLockedByHand = false;
-        showAlert({tr("The document “%1” could not be locked.").arg(displayName()), reason, {tr("OK")}},
+        showAlert({tr("The document “%1” could not be locked.").arg(displayName()), reason, {{tr("OK")}}},
                   [](int) {});
         return;
     }

@@ -7,6 +7,7 @@
 
 using Foundation::ActionSender;
 using Foundation::Alert;
+using Foundation::AlertButton;
 using Foundation::DocumentWindow;
 using Foundation::Services;
 
@@ -106,7 +107,7 @@ void VLCryptoDoc::decryptRejected()
         showAlert({tr("This document cannot be opened on this computer"),
                    tr("It is of an old release, whose cipher is no longer installed with every system.\n"
                       "Install the “legacy” provider of OpenSSL, and start this application again."),
-                   {tr("OK")},
+                   {{tr("OK")}},
                    Alert::Style::Warning,
                    true});
         return;
@@ -115,7 +116,7 @@ void VLCryptoDoc::decryptRejected()
         {tr("Wrong Password"),
          tr("You inserted a wrong password.\nTo access this document you must insert exactly the password "
             "used to protect it"),
-         {tr("OK")},
+         {{tr("OK")}},
          Alert::Style::Warning,
          true});
 }
@@ -172,7 +173,7 @@ void VLCryptoDoc::mandatoryPasswordMustBe6CharLong()
 void VLCryptoDoc::mandatoryPasswordRefused(const QString &message, const QString &informativeText)
 {
     // The sheet comes back as the user left it, and only a good password or its cancel button ends the round.
-    showAlert({message, informativeText, {tr("Retry")}}, [this](int) {
+    showAlert({message, informativeText, {{tr("Retry")}}}, [this](int) {
         Services::shared().mainQueue().addOperation([document = QPointer(this)] {
             if (document)
                 document->askMandatoryPasswordToProtectDocument();
@@ -188,7 +189,7 @@ void VLCryptoDoc::sayAccepted(const QString &maker)
                   "will be required.\nStore your password in a safe place.\nThere is no way, even for %1, to "
                   "open the document and decrypt the data without the right password.")
                    .arg(maker),
-               {tr("OK")}});
+               {{tr("OK")}}});
 }
 
 void VLCryptoDoc::acceptInsertedPassword()
@@ -252,7 +253,7 @@ void VLCryptoDoc::confirmChangePasswordSheet(const ActionSender &)
             "using a secure algorithm.\n\nNext time, to open this document, this new password will be "
             "required.\nStore your new password in a safe place.\nThere is no way, even for the Brightmoor "
             "Labs, to open the document and decrypt the data without the right password."),
-         {tr("OK")}});
+         {{tr("OK")}}});
     updateChangeCount(ChangeDone);
 }
 
@@ -324,7 +325,7 @@ void VLCryptoDoc::passwordRefused(DocumentWindow *window, const QString &message
 {
     if (!window)
         return;
-    window->beginAlert({message, informativeText, {tr("Retry"), tr("Cancel")}},
+    window->beginAlert({message, informativeText, {{tr("Retry")}, {tr("Cancel"), AlertButton::Cancel}}},
                        [this, window](int returnCode) {
                            if (returnCode != Alert::FirstButtonReturn)
                                return;

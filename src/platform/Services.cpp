@@ -33,7 +33,7 @@ public:
     int runModal(const Alert &alert) override
     {
         Q_ASSERT_X(false, "Services", qPrintable(alert.message));
-        return Alert::FirstButtonReturn + int(std::max<qsizetype>(alert.buttons.size(), 1)) - 1;
+        return alert.closingReturn();
     }
 };
 

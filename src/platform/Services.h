@@ -34,8 +34,8 @@ class ModalAlertPresenter
 {
 public:
     virtual ~ModalAlertPresenter() = default;
-    // Blocks until the user answers, and returns the code of the button. Escape and closing the alert count
-    // as its Cancel button, or as its last button if it has no Cancel.
+    // Blocks until the user answers, and returns the code of the button. Escape and closing the alert give
+    // `alert.closingReturn()`.
     virtual int runModal(const Alert &alert) = 0;
 };
 

@@ -13,6 +13,8 @@ using Record = RecordCommands::Record;
 namespace
 {
 
+const AlertButton cancel{u"Cancel"_qs, AlertButton::Cancel};
+
 class RecordCommandsTest : public testing::Test
 {
 protected:
@@ -61,11 +63,11 @@ TEST_F(RecordCommandsTest, ThreeDeletionsAskInTheirOwnWordsAndTakeTheirOwnRecord
 {
     const Alert lastRow{u"Delete Selected Row?"_qs,
                         u"The selected row will be removed from the document"_qs,
-                        {u"Delete"_qs, u"Cancel"_qs}};
+                        {{u"Delete"_qs}, cancel}};
     const Alert firstContact{u"Delete the selected contact"_qs,
                              u"Are you sure to delete the selected contact?"_qs,
-                             {u"Cancel"_qs, u"Delete Contact"_qs}};
-    const Alert all{u"Delete selected contact?"_qs, QString(), {u"Delete"_qs, u"Cancel"_qs}};
+                             {cancel, {u"Delete Contact"_qs}}};
+    const Alert all{u"Delete selected contact?"_qs, QString(), {{u"Delete"_qs}, cancel}};
     const struct
     {
         std::function<void()> action;
@@ -106,7 +108,7 @@ TEST_F(RecordCommandsTest, APasswordIsAskedForBehindItsOwnQuestionAndNamesAreRed
     ManualQueue queue;
     commands.askToInsertPasswordBeforeAddingData({});
     EXPECT_EQ(host.window.alert().message, u"A password must be defined before adding data");
-    EXPECT_EQ(host.window.alert().buttons, (QStringList{u"Define Password"_qs, u"Cancel"_qs}));
+    EXPECT_EQ(host.window.alert().buttons, (QList<Foundation::AlertButton>{{u"Define Password"_qs}, cancel}));
     host.window.answer(1000);
     EXPECT_EQ(host.passwordsAsked, 0);
     queue.drain();

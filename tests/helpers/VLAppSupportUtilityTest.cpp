@@ -68,7 +68,9 @@ TEST(NewerDataAlerts, OfferTheLastVersion)
 
         const Alert &alert = alerts.shown.first();
         EXPECT_TRUE(alert.message.startsWith(c.beginning)) << qPrintable(alert.message);
-        EXPECT_EQ(alert.buttons, QStringList({u"Go to Download Last Version"_qs, u"Cancel"_qs}));
+        EXPECT_EQ(alert.buttons,
+                  (QList<Foundation::AlertButton>{{u"Go to Download Last Version"_qs},
+                                                  {u"Cancel"_qs, Foundation::AlertButton::Cancel}}));
         EXPECT_EQ(alert.style, Alert::Style::Warning);
     }
 }

@@ -21,7 +21,7 @@ int ScriptedModalAlerts::runModal(const Foundation::Alert &alert)
     shown.append(alert);
     if (nextAnswers.empty()) {
         ADD_FAILURE() << "an alert without an answer: " << qPrintable(alert.message);
-        return Foundation::Alert::FirstButtonReturn + int(alert.buttons.size()) - 1;
+        return alert.closingReturn();
     }
     const int answer = nextAnswers.front();
     nextAnswers.pop_front();

@@ -14,6 +14,7 @@
 #include <QTimer>
 
 using Foundation::Alert;
+using Foundation::AlertButton;
 
 namespace
 {
@@ -27,38 +28,36 @@ QPushButton *buttonNamed(const QWidget &dialog, const QString &title)
     return nullptr;
 }
 
-Alert alertWith(const QStringList &buttons)
-{
-    return {u"message"_qs, u"text"_qs, buttons};
-}
-
 } // namespace
 
 TEST(AlertDialog, AnswersWithThePlaceOfTheButton)
 {
-    const QStringList save = {u"Save"_qs, u"Cancel"_qs, u"Discard"_qs};
-    const QStringList remove = {u"Cancel"_qs, u"Delete Contact"_qs};
+    using Buttons = QList<AlertButton>;
+    // Titles in another language: none of them says what its button does.
+    const Buttons save = {
+        {u"Sichern"_qs}, {u"Abbrechen"_qs, AlertButton::Cancel}, {u"Verwerfen"_qs, AlertButton::Discard}};
+    const Buttons remove = {{u"Abbrechen"_qs, AlertButton::Cancel}, {u"Kontakt entfernen"_qs}};
     const struct
     {
         const char *rule;
-        QStringList buttons;
+        Buttons buttons;
         QString pressed; // null for the Escape key, empty for the Return key
         int code;
     } cases[] = {
-        {"first", save, u"Save"_qs, 1000},
-        {"second", save, u"Cancel"_qs, 1001},
-        {"third", save, u"Discard"_qs, 1002},
+        {"first", save, u"Sichern"_qs, 1000},
+        {"second", save, u"Abbrechen"_qs, 1001},
+        {"third", save, u"Verwerfen"_qs, 1002},
         {"Return is the first", save, u""_qs, 1000},
-        {"Escape is the one named so", save, QString(), 1001},
+        {"Escape is the one of that role", save, QString(), 1001},
         {"Return is the first even if that is Cancel", remove, u""_qs, 1000},
         {"Escape too", remove, QString(), 1000},
-        {"the confirming one may be second", remove, u"Delete Contact"_qs, 1001},
-        {"Escape is the only one", {u"OK"_qs}, QString(), 1000},
-        {"Escape without a Cancel is the last", {u"A"_qs, u"B"_qs}, QString(), 1001},
+        {"the confirming one may be second", remove, u"Kontakt entfernen"_qs, 1001},
+        {"Escape is the only one", {{u"OK"_qs}}, QString(), 1000},
+        {"Escape without a Cancel is the last", {{u"Cancel"_qs}, {u"B"_qs}}, QString(), 1001},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.rule);
-        AlertDialog dialog(alertWith(c.buttons));
+        AlertDialog dialog({u"message"_qs, u"text"_qs, c.buttons});
         dialog.open();
         if (c.pressed.isEmpty())
             QTest::keyClick(&dialog, c.pressed.isNull() ? Qt::Key_Escape : Qt::Key_Return);
@@ -71,7 +70,7 @@ TEST(AlertDialog, AnswersWithThePlaceOfTheButton)
 
 TEST(AlertDialog, ShowsNamesOfFilesAsTheyAre)
 {
-    const Alert alert{u"<h1>“R&D”</h1>"_qs, u"<img src=x>"_qs, {u"R&D"_qs}};
+    const Alert alert{u"<h1>“R&D”</h1>"_qs, u"<img src=x>"_qs, {{u"R&D"_qs}}};
     const AlertDialog dialog(alert);
     QStringList texts;
     for (const QLabel *label : dialog.findChildren<QLabel *>()) {
@@ -137,7 +136,7 @@ TEST_F(SheetQueueTest, AnAlertOutlivesTheSheetBelow)
                 alert->done(1000);
         });
     });
-    EXPECT_EQ(ModalAlerts().runModal(alertWith({u"OK"_qs})), 1000);
+    EXPECT_EQ(ModalAlerts().runModal({u"message"_qs, u"text"_qs, {{u"OK"_qs}}}), 1000);
     EXPECT_FALSE(queue.hasSheet());
 }
 

@@ -119,7 +119,7 @@ bool Application::mayEndSession(const std::function<bool()> &mayAsk)
     const int answer = Services::shared().modalAlerts().runModal(
         {tr("The document “%1” has changes that are not saved.").arg((*unsaved)->displayName()),
          tr("If the session ends now, they are offered again at the next start."),
-         {tr("End Session"), tr("Cancel")}});
+         {{tr("End Session")}, {tr("Cancel"), Foundation::AlertButton::Cancel}}});
     m_isSessionEnding = answer == Foundation::Alert::FirstButtonReturn;
     return m_isSessionEnding;
 }

@@ -131,6 +131,6 @@ void CardPrinter::print()
     if (reason.isNull())
         return;
     const Foundation::Alert alert{
-        QPrintDialog::tr("The contact could not be printed"), reason, {QPrintDialog::tr("OK")}};
+        QPrintDialog::tr("The contact could not be printed"), reason, {{QPrintDialog::tr("OK")}}};
     m_sheets.begin(QString(), [alert](QWidget *parent) { return new AlertDialog(alert, parent); }, {});
 }

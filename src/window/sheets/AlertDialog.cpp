@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 using Foundation::Alert;
+using Foundation::AlertButton;
 
 namespace
 {
@@ -30,18 +31,24 @@ QLabel *newTextLabel(const QString &text)
     return label;
 }
 
-QDialogButtonBox::ButtonRole roleOfTitle(const QString &title)
+QDialogButtonBox::ButtonRole boxRole(AlertButton::Role role)
 {
-    if (title == AlertDialog::tr("Cancel"))
+    switch (role) {
+    case AlertButton::Cancel:
         return QDialogButtonBox::RejectRole;
-    return title == AlertDialog::tr("Discard") ? QDialogButtonBox::DestructiveRole
-                                               : QDialogButtonBox::AcceptRole;
+    case AlertButton::Discard:
+        return QDialogButtonBox::DestructiveRole;
+    case AlertButton::Confirm:
+        break;
+    }
+    return QDialogButtonBox::AcceptRole;
 }
 
 } // namespace
 
 AlertDialog::AlertDialog(const Alert &alert, QWidget *parent)
     : QDialog(parent)
+    , m_escapeCode(alert.closingReturn())
 {
     setWindowTitle(QApplication::applicationDisplayName());
     const auto pixmap = alert.style == Alert::Style::Warning ? QStyle::SP_MessageBoxWarning
@@ -86,19 +93,16 @@ QWidget *AlertDialog::newTexts(const Alert &alert)
     return texts;
 }
 
-QWidget *AlertDialog::newButtons(const QStringList &titles)
+QWidget *AlertDialog::newButtons(const QList<AlertButton> &buttons)
 {
     auto *box = new QDialogButtonBox;
-    for (qsizetype i = 0; i < titles.size(); ++i) {
+    for (qsizetype i = 0; i < buttons.size(); ++i) {
         const int code = Alert::FirstButtonReturn + int(i);
-        QPushButton *button = box->addButton(titleOfText(titles[i]), roleOfTitle(titles[i]));
+        QPushButton *button = box->addButton(titleOfText(buttons[i].title), boxRole(buttons[i].role));
         connect(button, &QPushButton::clicked, this, [this, code] { done(code); });
         if (i == 0)
             m_defaultButton = button;
     }
-    const qsizetype cancel = titles.indexOf(tr("Cancel"));
-    m_escapeCode =
-        Alert::FirstButtonReturn + int(cancel >= 0 ? cancel : std::max<qsizetype>(titles.size() - 1, 0));
     return box;
 }
 

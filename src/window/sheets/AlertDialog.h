@@ -7,8 +7,8 @@
 class QPushButton;
 
 // A dialog that shows an alert. Its result is the code of the pressed button. Return presses the first
-// button. Escape and closing the dialog press the button Cancel, or the last button if there is no Cancel.
-// The desktop determines the order of the buttons. Texts are shown as plain text.
+// button. Escape and closing the dialog give `Alert::closingReturn()`. The desktop determines the order of
+// the buttons by their roles. Texts are shown as plain text.
 class AlertDialog : public QDialog
 {
     Q_OBJECT
@@ -20,10 +20,10 @@ public:
 
 private:
     QWidget *newTexts(const Foundation::Alert &alert);
-    QWidget *newButtons(const QStringList &titles);
+    QWidget *newButtons(const QList<Foundation::AlertButton> &buttons);
 
     QPushButton *m_defaultButton = nullptr;
-    int m_escapeCode = 0;
+    int m_escapeCode;
 };
 
 // Shows alerts that belong to no document window.

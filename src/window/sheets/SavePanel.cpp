@@ -50,7 +50,7 @@ void SavePanel::askToReplace(const QString &path, const PathChosen &ended)
     const Alert alert{
         QObject::tr("“%1” already exists. Do you want to replace it?").arg(QFileInfo(path).fileName()),
         QObject::tr("Replacing it overwrites what it holds now."),
-        {QObject::tr("Replace"), QObject::tr("Cancel")}};
+        {{QObject::tr("Replace")}, {QObject::tr("Cancel"), Foundation::AlertButton::Cancel}}};
     m_sheets.begin(
         QString(), [alert](QWidget *parent) { return new AlertDialog(alert, parent); },
         [this, path, ended](int returnCode) {
