@@ -51,8 +51,8 @@ public:
     // Builds the search index, so that the first search is as fast as the following ones.
     void prepareSearch() { m_index.prepare(contentObjects()); }
 
-    // A new record with nineteen keys in the category of catToAssignToNewObject(), whose count of uses is
-    // increased. Null if there is no category.
+    // A new record in the category of catToAssignToNewObject(), whose count of uses is increased. Null if
+    // there is no category.
     Object newObject() override;
     // The category of the last selected record. Without a selection, or if that record has none, the last
     // category of the list. Null if there are no categories.

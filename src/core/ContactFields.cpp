@@ -9,8 +9,7 @@ const std::vector<ContactField> &contactFields()
     using namespace RecordKey;
     constexpr bool Opens = true;
     constexpr bool Searched = true;
-    // The two captions without a colon have always been so. The places of old releases are alphabetical and
-    // complete: a new field has none.
+    // Required: two captions have no colon. The positions of old releases are complete: a new field has 0.
     // clang-format off
     static const std::vector<ContactField> fields = {
         // key            in a new record  caption               export title        export  tag  open     searched   old

@@ -4,27 +4,29 @@
 
 #include <vector>
 
-// Everything that the program knows about one field of a contact. A new field is a new row of the table in
-// ContactFields.cpp; the places where it is shown stand in the interface files.
+// All properties of one field of a contact. For a new field, add a row to the table in ContactFields.cpp, and
+// the controls to the interface files; see CONTRIBUTING.md.
 struct ContactField
 {
     Foundation::Key key;
-    const char16_t *textInNewRecord; // null: absent from a new record
-    const char16_t *caption;         // as a new document names the field; null: no caption
-    const char16_t *exportTitle;     // null: neither exported nor imported
-    int exportPlace;                 // in the order of exports and imports, from 1; 0: none
-    // Of the field's controls, and the number of its open flag among the captions, from 1; 0: it opens
-    // nothing.
+    const char16_t *textInNewRecord; // null if a new record does not have the field
+    const char16_t *caption;         // the default caption; null if there is none
+    const char16_t *exportTitle;     // null if the field is not exported or imported
+    int exportPlace;                 // position in exports and imports, from 1; 0 for none
+    // The tag of the controls of the field, and the number of its flag ("open01" and so on), from 1; 0 if the
+    // field cannot be a link.
     int tag;
-    bool opensByDefault; // whether a new document has the open flag set
+    bool opensByDefault; // whether the flag is set in a new document
     bool isSearched;
-    // In the order in which the fields of an old release are read, from 1; 0: no old release has the field.
+    // The position in the order in which the fields of old releases are read, from 1; 0 if no old release has
+    // the field.
     int oldReleasePlace;
 };
 
 // All fields, in the order of the captions and of the texts in a new record.
 const std::vector<ContactField> &contactFields();
-// Those that have a place, in the order of their places; `place` is one of the three numbers of a field.
+// The fields for which `place` is not 0, sorted by `place`, which must be a pointer to one of the three
+// numbers of a field.
 std::vector<const ContactField *> contactFieldsBy(int ContactField::*place);
-// Null for a tag that no field has.
+// The field with that tag, or null.
 const ContactField *contactFieldOfTag(int tag);

@@ -16,7 +16,7 @@ Ref<Dictionary> newColor(const Value &component)
     auto color = Dictionary::create();
     for (const char16_t *name : {u"r", u"g", u"b"})
         color->setValue(QStringView(name), component);
-    // Opaque is the whole number in every file, whatever kind the other components have.
+    // Required: full opacity is an integer in every file, whatever type the other components have.
     color->setValue(QStringView(u"a"), Value(qint32(1)));
     return color;
 }
@@ -40,7 +40,7 @@ Ref<Array> newFieldTable(QStringView categoryKey)
     return table;
 }
 
-// The texts that a new record gets, made once for all records.
+// The texts of a new record, made once for all records.
 std::vector<Dictionary::Entry> newTexts()
 {
     std::vector<Dictionary::Entry> texts;

@@ -5,9 +5,9 @@
 
 #include <vector>
 
-// What a document holds: the keys of contact records, category records and captions, and new ones of all
-// three. Records, categories and captions are plain dictionaries, so a new field is a new key and a row of
-// ContactFields; the keys stand in files and never change.
+// The keys of contact records, categories and captions, and functions that make new ones. All three are
+// dictionaries. The keys are stored in files and never change. A new field needs a key here and a row in
+// ContactFields.cpp.
 
 namespace RecordKey
 {
@@ -22,23 +22,23 @@ inline const Foundation::Key webWork{u"webWork"};
 inline const Foundation::Key phonePersonal{u"phonePersonal"};
 inline const Foundation::Key faxPersonal{u"faxPersonal"};
 inline const Foundation::Key mobile{u"mobile"};
-inline const Foundation::Key pager{u"pager"}; // Shown as the work mobile; the name is in every file.
+inline const Foundation::Key pager{u"pager"}; // Shown as the work mobile. The name is stored in every file.
 inline const Foundation::Key emailPersonal{u"emailPersonal"};
 inline const Foundation::Key webPersonal{u"webPersonal"};
 inline const Foundation::Key addressPersonal{u"addressPersonal"};
 inline const Foundation::Key note{u"note"};
 inline const Foundation::Key creationDate{u"creationDate"};
-// Only ever written: 0 in a new record, absent in a duplicate.
+// Never read: 0 in a new record, absent in a duplicate.
 inline const Foundation::Key usageCount{u"usageCount"};
-// Reference to an entry of the document's category array; never in a file.
+// Reference to an entry of the document's category array. Never written to a file.
 inline const Foundation::Key categoryPtr{u"categoryPtr"};
-// Stands in files in place of categoryPtr, and stays in the live record as it was read.
+// Written to files in place of categoryPtr. The record in memory keeps the value that was read.
 inline const Foundation::Key cat_uniqueID{u"cat_uniqueID"};
 inline const Foundation::Key isCompany{u"isCompany"};
-// Only in records of old releases: carried along and searched.
+// Only in records from old releases. They are kept and searched.
 inline const Foundation::Key category{u"category"};
 inline const Foundation::Key resultingName{u"resultingName"};
-// Lives in a record only while a text import is under way.
+// Reserved for records during a text import. Prescribed; no caller yet.
 inline const Foundation::Key categoryNAME{u"categoryNAME"};
 } // namespace RecordKey
 
@@ -49,25 +49,25 @@ inline const Foundation::Key cat_backColor{u"cat_backColor"};
 inline const Foundation::Key cat_textColor{u"cat_textColor"};
 inline const Foundation::Key cat_howManyUsingThis{u"cat_howManyUsingThis"};
 inline const Foundation::Key cat_uniqueID{u"cat_uniqueID"};
-inline const Foundation::Key records{u"records"}; // Always empty, and left out of files.
+inline const Foundation::Key records{u"records"}; // Always empty, and never written to a file.
 } // namespace CategoryKey
 
-// The sixteen texts of a contact in the order in which a new record gets them.
+// The keys of the texts of a new record, in their order.
 const std::vector<Foundation::Key> &contactTextKeys();
 
-// A new record of the nineteen keys that every new record has.
+// A new record: the texts, a creation date, a use count of 0 and the category.
 Foundation::Ref<Foundation::Dictionary>
 newContactRecord(const Foundation::Ref<Foundation::Dictionary> &category, double secondsSince2001);
 
-// A new category record of the six keys, in mid grey with white text.
+// A new category with six keys, grey with white text.
 Foundation::Ref<Foundation::Dictionary> newCategoryRecord(const QString &name, qint64 uniqueID);
 
-// A fresh dictionary of the captions of all fields and of their open flags, open01 to open15.
+// A new dictionary with the default captions of all fields and the default flags ("open01" and so on).
 Foundation::Ref<Foundation::Dictionary> defaultLabelDictionary();
-// Sets the open flags to their defaults, as reading a file of 30100 to 30301 demands.
+// Sets the flags to their defaults, as required when a file of format 30100 to 30301 is read.
 void resetOpenFlags(Foundation::Dictionary &labels);
 
-// Seventeen key entries in the fixed order of exports and imports, each of `publicKey`, the title of a field,
-// and `innerKey`, the key path into a record. The caller may change the arrays.
+// New arrays with a dictionary for each field in the order of exports and imports: `publicKey` is the title
+// of the field and `innerKey` the key path in a record. The caller may change them.
 Foundation::Ref<Foundation::Array> newArrayForExport();
 Foundation::Ref<Foundation::Array> newArrayForImport();

@@ -11,11 +11,11 @@ namespace Foundation
 
 struct AlertButton
 {
-    // Titles are translated, so that only the role says what a button does.
+    // What the button does. Code must use the role and never the title, because titles are translated.
     enum Role {
         Confirm,
         Cancel,  // the action does not take place
-        Discard, // the action takes place and changes are lost, which the desktop may set apart
+        Discard, // the action takes place and changes are lost; the desktop may separate this button
     };
 
     QString title;
@@ -24,8 +24,8 @@ struct AlertButton
     bool operator==(const AlertButton &) const = default;
 };
 
-// A question or message to the user: what it says, never how it looks. The buttons stand in the order given,
-// and the answer is the code of the button's place. The first one answers the Return key.
+// A question or message to the user, without its appearance. The answer is the code of the position of the
+// pressed button. Return presses the first button.
 struct Alert
 {
     enum class Style { Warning = 0, Informational = 1 };
@@ -43,8 +43,8 @@ struct Alert
     // has.
     bool mayStandOverLock = false;
 
-    // The code of the button that answers the Escape key and the closing of the alert: the first of role
-    // Cancel, without one the last button.
+    // The answer when the user presses Escape or closes the alert: the code of the first button with the role
+    // Cancel, or of the last button if there is none.
     int closingReturn() const
     {
         const auto cancel = std::ranges::find(buttons, AlertButton::Cancel, &AlertButton::role);

@@ -8,8 +8,8 @@
 #include <functional>
 
 // Sends the actions of the controls and items of one window along the responder chain, and updates which
-// items are enabled and checked, as the responders decide. While the
-// document is locked, only the items that LockedCommands lists are enabled.
+// items are enabled and checked, as the responders decide. While the document is locked, only the actions in
+// LockedCommands.cpp can be enabled.
 class ActionDispatcher : public QObject
 {
     Q_OBJECT

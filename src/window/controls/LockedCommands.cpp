@@ -7,19 +7,19 @@ namespace
 {
 
 constexpr std::array allowed = {
-    // Of the application and the window.
+    // Commands of the application and the window.
     u"newDocument",
     u"openDocument",
     u"performClose",
     u"terminate",
-    // In the field of the password; the document itself refuses undo and redo.
+    // Commands on text, for the password field. The document refuses undo and redo.
     u"undo",
     u"redo",
     u"cut",
     u"copy",
     u"paste",
     u"selectAll",
-    // Has always been enabled, and does nothing while the document is locked.
+    // Required: enabled, although it does nothing while the document is locked.
     u"duplicateRow",
 };
 

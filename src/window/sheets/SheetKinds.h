@@ -7,16 +7,16 @@
 class MyDocument;
 class SheetDialog;
 
-// What the window knows about one sheet of a document. A new sheet is a new row of the table in
-// SheetKinds.cpp.
+// The properties of one sheet. For a new sheet, add a row to the table in SheetKinds.cpp.
 struct SheetKind
 {
-    QString name; // by which the logic begins and ends it, and of the dialog in the interface file
+    // The name for beginSheet() and endSheet(), which is also that of the dialog in the interface file.
+    QString name;
     const char *interfaceFile;                               // in resources/, without its suffix
     void (*setUp)(SheetDialog *sheet, MyDocument *document); // fills the empty sheet
 };
 
 const std::vector<SheetKind> &sheetKinds();
-// Ends the program if there is no such sheet: names come from the code alone, so that this is our own
-// mistake.
+// Ends the program if there is no such sheet. Names come only from our own code, so this is a programming
+// error.
 const SheetKind &sheetKindOfName(const QString &name);
