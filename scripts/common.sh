@@ -68,3 +68,16 @@ fuzz_target() {
     timeout --kill-after=10 $(($2 + 300)) "$root/build/fuzz/bin/$1-fuzz" -max_total_time="$2" -timeout=25 \
         -print_final_stats=1 -artifact_prefix="$findings/$1-" "${options[@]}" "$grown" "$kept"
 }
+
+# base_commit: the state that the work in this checkout began from: where it left the default branch of origin, or
+# else of this repository (main). On that branch itself, the newest tag; without a tag, the commit before the last.
+# Fails without a git history, or if that is cut off.
+base_commit() {
+    local branch base
+    for branch in origin/HEAD main; do
+        base=$(git -C "$root" merge-base HEAD "$branch" 2>/dev/null) || continue
+        [[ $base == "$(git -C "$root" rev-parse HEAD)" ]] || { say "$base"; return; }
+    done
+    base=$(git -C "$root" describe --tags --abbrev=0 HEAD^ 2>/dev/null) || base=HEAD^
+    git -C "$root" rev-parse -q --verify "$base^{commit}" 2>/dev/null
+}

@@ -72,6 +72,15 @@ class Layers(unittest.TestCase):
         text = '#pragma once\n\n#include <QString>\n  #  include <QColor>\n'
         self.assertEqual([line for line, _ in check_layers.complaints("src/core/A.h", text, self.qt)], [4])
 
+    def test_a_library_names_every_file_of_its_folder(self):
+        folder = self.qt / "list"
+        folder.joinpath("table").mkdir(parents=True)
+        for file in ("A.h", "A.cpp", "table/B.h", "table/A.h"):
+            folder.joinpath(file).touch()
+        folder.joinpath("CMakeLists.txt").write_text("f(HEADERS A.h\n  table/B.h\nSOURCES\n  A.cxx)\n", encoding="utf-8")
+        found = check_layers.unlisted(folder)
+        self.assertEqual([file.relative_to(folder).as_posix() for file in found], ["A.cpp", "table/A.h"])
+
     def check(self, cases):
         for path, include, allowed in cases:
             with self.subTest(path=path, include=include):
