@@ -28,14 +28,6 @@ protected:
     QString searched() const { return control<SearchField>("searchField")->text(); }
     QString told() const { return control<QLabel>("usedFilter")->text().simplified(); }
     bool isStripShown() const { return control<StatusStrip>("grayStatusView")->isVisible(); }
-    QToolButton *toolButton(const QString &title) const
-    {
-        for (QToolButton *button : control<QToolBar>("modernToolbar")->findChildren<QToolButton *>()) {
-            if (button->text() == title)
-                return button;
-        }
-        return nullptr;
-    }
 };
 
 const QString zoe = u"Zoë Åström"_qs;
@@ -123,24 +115,6 @@ TEST_F(BrowsingTest, TheMenuOfManyCategoriesLeadsToThePopUp)
     EXPECT_TRUE(eventually([&] { return popUp->view()->isVisible(); })) << "the pop-up opens";
     popUp->hidePopup();
     EXPECT_TRUE(popUp->hasFocus());
-}
-
-TEST_F(BrowsingTest, ACopyComesByButtonAndKeyAndGoesByUndo)
-{
-    makeTwoContacts();
-    press(Qt::Key_Home);
-    ASSERT_TRUE(toolButton(u"Duplicate"_qs));
-    QTest::mouseClick(toolButton(u"Duplicate"_qs), Qt::LeftButton);
-    EXPECT_EQ(names(), (QStringList{zoe, zoe, boris}));
-    EXPECT_EQ(document()->selectedView(), MyDocument::ViewMode);
-    press(Qt::Key_End);
-    press(Qt::Key_D, Qt::ControlModifier);
-    EXPECT_EQ(names(), (QStringList{zoe, zoe, boris, boris}));
-    press(Qt::Key_Z, Qt::ControlModifier);
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(names(), (QStringList{zoe, boris}));
-    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(names().size(), 3);
 }
 
 TEST_F(BrowsingTest, TheSmallestWindowHasRoomForAllOfTheToolbar)

@@ -112,19 +112,6 @@ TEST_F(DocumentWindowTest, UndoBelongsToTheFieldFirstAndThenToTheDocument)
     EXPECT_EQ(names().value(0), u"Ada Last Name"_qs);
 }
 
-TEST_F(DocumentWindowTest, DeletingAsksAndCanBeUndone)
-{
-    makeSavedDocument({u"A"_qs, u"B"_qs});
-    control<QWidget>("myTableView")->setFocus();
-    press(Qt::Key_Delete);
-    EXPECT_EQ(nextAlert().value(0), u"Delete the selected contact");
-    dismiss(u"Delete Contact"_qs);
-    EXPECT_EQ(names(), QStringList(u"A X"_qs));
-    EXPECT_TRUE(window()->isWindowModified());
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(names().size(), 2);
-}
-
 TEST_F(DocumentWindowTest, ClosingAnEditedDocumentAsks)
 {
     makeSavedDocument({u"A"_qs});

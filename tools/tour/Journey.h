@@ -39,8 +39,6 @@ private:
     void enterPasswords(const QString &first, const QString &second);
     void addContact(const QStringList &fields);
     void makeCategory(const QString &name, const QString &color);
-    QStringList namesInList() const;
-    void selectRow(int row);
 
     Stage &m_stage;
     QString m_file;
