@@ -1,10 +1,6 @@
 #include "window/binding/KeyPath.h"
 
-#include "browse/FilteringArrayController.h"
-#include "core/RecordModel.h"
-
 using Foundation::ArrayController;
-using Foundation::Dictionary;
 using Foundation::Key;
 using Foundation::Value;
 
@@ -13,44 +9,6 @@ namespace
 
 constexpr QLatin1String Selection("selection");
 constexpr QLatin1String ArrangedObjects("arrangedObjects");
-
-bool isListWord(const QString &part)
-{
-    return part == Selection || part == ArrangedObjects;
-}
-
-bool hasKey(const Foundation::Ref<Dictionary> &sample, const QString &keyPath)
-{
-    return sample->contains(Key(keyPath));
-}
-
-bool isCategoryKey(const QString &keyPath)
-{
-    return hasKey(newCategoryRecord(QStringLiteral(""), 1), keyPath);
-}
-
-bool isRecordKey(const QString &keyPath)
-{
-    static const QString categoryPrefix = RecordKey::categoryPtr.name() + u'.';
-    if (keyPath.startsWith(categoryPrefix))
-        return isCategoryKey(keyPath.mid(categoryPrefix.size()));
-    for (const Key &key : {RecordKey::isCompany, RecordKey::category, RecordKey::resultingName}) {
-        if (keyPath == key.name())
-            return true;
-    }
-    return hasKey(newContactRecord(Dictionary::create(), 0), keyPath);
-}
-
-bool isKeyOfController(const QMetaObject &controller, const QString &keyPath)
-{
-    return controller.inherits(&FilteringArrayController::staticMetaObject) ? isRecordKey(keyPath)
-                                                                            : isCategoryKey(keyPath);
-}
-
-bool isDictionary(const QMetaProperty &property)
-{
-    return property.metaType() == QMetaType::fromType<Value>();
-}
 
 } // namespace
 
@@ -61,7 +19,7 @@ KeyPath::KeyPath(QObject *root, const QString &path)
     for (qsizetype i = 0; i < parts.size() && object; ++i) {
         const QString rest = QStringList(parts.mid(i + 1)).join(u'.');
         auto *controller = qobject_cast<ArrayController *>(object);
-        if (controller && isListWord(parts[i])) {
+        if (controller && (parts[i] == Selection || parts[i] == ArrangedObjects)) {
             m_controller = controller;
             m_isOfSelection = parts[i] == Selection;
             m_keyPath = rest;
@@ -149,26 +107,6 @@ void KeyPath::observe(QObject *receiver, const QMetaMethod &changed,
                                                           : &ArrayController::arrangedObjectsChanged),
                   changed);
     connectSignal(QMetaMethod::fromSignal(&ArrayController::objectsChanged), changedOneOfMany);
-}
-
-bool KeyPath::resolves(const QMetaObject &root, const QString &path)
-{
-    const QMetaObject *meta = &root;
-    const QStringList parts = path.split(u'.');
-    for (qsizetype i = 0; i < parts.size() && meta; ++i) {
-        const QString rest = QStringList(parts.mid(i + 1)).join(u'.');
-        if (meta->inherits(&ArrayController::staticMetaObject) && isListWord(parts[i]))
-            return isKeyOfController(*meta, rest);
-        const QMetaProperty property = meta->property(meta->indexOfProperty(parts[i].toLatin1().constData()));
-        if (!property.isValid())
-            return false;
-        if (isDictionary(property))
-            return hasKey(defaultLabelDictionary(), rest);
-        if (!(property.metaType().flags() & QMetaType::PointerToQObject))
-            return rest.isEmpty();
-        meta = property.metaType().metaObject();
-    }
-    return false; // The path ends at an object, which is no value.
 }
 
 Value valueOfVariant(const QVariant &variant)

@@ -56,10 +56,6 @@ public:
     // times in a row with `changedOneOfMany`. Both must be methods of the receiver without arguments.
     void observe(QObject *receiver, const QMetaMethod &changed, const QMetaMethod &changedOneOfMany) const;
 
-    // Whether the path can be resolved from an object of that class. A key of a record, category or caption
-    // must be a known key.
-    static bool resolves(const QMetaObject &root, const QString &path);
-
 private:
     struct Step
     {
