@@ -85,11 +85,7 @@ TEST_F(HostileArchive, ThatContainsItselfIsRefused)
             return a.place(a.instance({{field, itself}}, described));
         };
     };
-    const struct
-    {
-        const char *rule;
-        std::function<Uid(Builder &)> build;
-    } cases[] = {
+    const std::tuple<const char *, std::function<Uid(Builder &)>> cases[] = {
         {"array in itself", [](Builder &a) { return a.array({a.nextUid()}); }},
         {"two arrays in each other", [](Builder &a) { return a.array({a.array({a.nextUid() + 1})}); }},
         {"dictionary as its own value",
@@ -109,9 +105,9 @@ TEST_F(HostileArchive, ThatContainsItselfIsRefused)
              return a.place(shared);
          }},
     };
-    for (const auto &c : cases) {
+    for (const auto &[rule, build] : cases) {
         KeyedArchiveBuilder archive;
-        EXPECT_FALSE(isRead(archive.bytes(c.build(archive)))) << c.rule;
+        EXPECT_FALSE(isRead(archive.bytes(build(archive)))) << rule;
     }
     PropertyListBuilder list;
     EXPECT_FALSE(isReadAsList(list.bytes(list.array({list.next()}))));
@@ -198,11 +194,7 @@ PropertyListBuilder::Numbers twins(PropertyListBuilder &list, PropertyListBuilde
 TEST_F(HostileArchive, AskingForTheSameBytesWithoutEndIsRefused)
 {
     const QByteArray megabyte(1 << 20, 'x');
-    const struct
-    {
-        const char *rule;
-        std::function<Uid(KeyedArchiveBuilder &)> build;
-    } cases[] = {
+    const std::tuple<const char *, std::function<Uid(KeyedArchiveBuilder &)>> cases[] = {
         {"many dictionaries of one long list",
          [](auto &a) {
              const Uid key = a.text("k");
@@ -235,9 +227,9 @@ TEST_F(HostileArchive, AskingForTheSameBytesWithoutEndIsRefused)
              return a.array(placedOften(a, a.list.dictionary(names, contents)));
          }},
     };
-    for (const auto &c : cases) {
+    for (const auto &[rule, build] : cases) {
         KeyedArchiveBuilder archive;
-        EXPECT_FALSE(isRead(archive.bytes(c.build(archive)))) << c.rule;
+        EXPECT_FALSE(isRead(archive.bytes(build(archive)))) << rule;
     }
     PropertyListBuilder list;
     list.referenceSize = 4;
@@ -272,12 +264,7 @@ TEST_F(HostileArchive, IsToldByItsEnds)
     const QByteArray archive = archivedData(Value(QByteArray(2 << 20, 'x')));
     const QByteArray middle = archive.sliced(6, archive.size() - 38);
     const QByteArray trailer = archive.last(32);
-    const struct
-    {
-        const char *rule;
-        QByteArray bytes;
-        bool mayBeOne;
-    } cases[] = {
+    const std::tuple<const char *, QByteArray, bool> cases[] = {
         {"an archive", archive, true},
         {"without its trailer", "bplist" + middle + QByteArray(32, '\0'), false},
         {"that is too short for its trailer", "bplist" + middle.first(1 << 20) + trailer, false},
@@ -286,8 +273,8 @@ TEST_F(HostileArchive, IsToldByItsEnds)
         {"XML in wide characters", QByteArray("\xFF\xFE<\0", 4) + middle, true},
         {"nothing", QByteArray(2 << 20, '\0'), false},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(mayBeArchive(c.bytes.first(64), c.bytes.last(64), c.bytes.size()), c.mayBeOne) << c.rule;
+    for (const auto &[rule, bytes, mayBeOne] : cases)
+        EXPECT_EQ(mayBeArchive(bytes.first(64), bytes.last(64), bytes.size()), mayBeOne) << rule;
 }
 
 } // namespace

@@ -57,12 +57,7 @@ TEST(KeyedArchive, ReadsEachClassInEachForm)
         };
     };
     const auto bare = [](auto content) { return [=](Builder &a) { return a.place(content(a.list)); }; };
-    const struct
-    {
-        const char *rule;
-        std::function<Uid(Builder &)> build;
-        const char *description;
-    } cases[] = {
+    const std::tuple<const char *, std::function<Uid(Builder &)>, const char *> cases[] = {
         {"the null object at the root is nothing", [](Builder &) { return 0; }, "null"},
         {"in a list it is the archived null", [](Builder &a) { return a.array({0}); }, "[nil]"},
         {"its name elsewhere is a text",
@@ -108,23 +103,18 @@ TEST(KeyedArchive, ReadsEachClassInEachForm)
         {"a dictionary without class", bare([](auto &list) { return list.dictionary({}, {}); }), "refused"},
         {"a bare array", bare([](auto &list) { return list.array({}); }), "refused"},
         {"a UID that is not there", [](Builder &a) { return a.nextUid(); }, "refused"},
-        {"dictionary",
-         [](Builder &a) {
-             return a.dictionary({a.text("k"), a.text("")}, {0, a.text("v")});
-         },
+        {"dictionary", [](Builder &a) { return a.dictionary({a.text("k"), a.text("")}, {0, a.text("v")}); },
          "{k=nil =\"v\"}"},
         {"the last of equal keys counts",
-         [](Builder &a) {
-             return a.dictionary({a.text("k"), a.text("k")}, {a.text("v"), a.text("w")});
-         },
+         [](Builder &a) { return a.dictionary({a.text("k"), a.text("k")}, {a.text("v"), a.text("w")}); },
          "{k=\"w\"}"},
         {"fewer values than keys", [](Builder &a) { return a.dictionary({a.text("k")}, {}); }, "refused"},
         {"fewer keys than values", [](Builder &a) { return a.dictionary({}, {0}); }, "refused"},
         {"a key that is no text",
          [](Builder &a) { return a.dictionary({a.place(a.list.integer(1, 1))}, {0}); }, "refused"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(unarchived(c.build), c.description) << c.rule;
+    for (const auto &[rule, build, description] : cases)
+        EXPECT_EQ(unarchived(build), description) << rule;
 }
 
 TEST(KeyedArchive, NeedsTheFrameOfAnArchive)
@@ -132,12 +122,7 @@ TEST(KeyedArchive, NeedsTheFrameOfAnArchive)
     const QByteArray objects = "<key>$objects</key><array><string>$null</string><string>a</string></array>";
     const QByteArray root = "<key>root</key><dict><key>CF$UID</key><integer>1</integer></dict>";
     const QByteArray top = "<key>$top</key><dict>" + root + "</dict>";
-    const struct
-    {
-        const char *rule;
-        QByteArray content;
-        const char *description;
-    } cases[] = {
+    const std::tuple<const char *, QByteArray, const char *> cases[] = {
         {"as it should be", top + objects, "\"a\""},
         {"no objects", top, "refused"},
         {"objects that are no list", top + "<key>$objects</key>" + "<string>a</string>", "refused"},
@@ -146,9 +131,9 @@ TEST(KeyedArchive, NeedsTheFrameOfAnArchive)
         {"a root that is no reference",
          objects + "<key>$top</key><dict><key>root</key><integer>1</integer></dict>", "refused"},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        EXPECT_EQ(describe(unarchivedRoot("<plist><dict>" + c.content + "</dict></plist>")), c.description);
+    for (const auto &[rule, content, description] : cases) {
+        SCOPED_TRACE(rule);
+        EXPECT_EQ(describe(unarchivedRoot("<plist><dict>" + content + "</dict></plist>")), description);
     }
     for (const char *bytes : {"", "bplist00", "no archive", "<plist><array/></plist>"})
         EXPECT_EQ(describe(unarchivedRoot(bytes)), "refused") << bytes;
@@ -162,8 +147,12 @@ TEST(KeyedArchive, GivesBackWhatWasArchived)
     inner->setValue(u"", texts({}));
     inner->setValue(u"a longer key \u00e9", Value(Dictionary::create()));
     const auto list = [](std::vector<Value> values) { return Value(Array::create(std::move(values))); };
+    std::vector<Value> numbers; // beyond 255 they take two bytes, as the references to so many objects do
+    for (qint64 number = -1; number < 300; ++number)
+        numbers.insert(numbers.end(), 2, Value(number));
     const Value cases[] = {
         {},
+        list(numbers),
         list({Value(1.5F), Value(0.1), Value(-0.0), Value(-0.0F), Value(5e-324), Value(std::nan(""))}),
         list({Value::date(-0.5), Value::date(0), Value::date(1e12 + 0.125), Value::date(Infinity)}),
         texts({u"a\r\nb\r", u"\ufeffx", u"e\u0301", u"\xD800", u"\xDC00\xD800", {u"\u00e9\0 long text", 12}}),

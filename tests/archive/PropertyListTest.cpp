@@ -127,22 +127,18 @@ TEST(BinaryPropertyList, RefusesATrailerThatLies)
     const QByteArray good = list.bytes(list.array({text}));
     ASSERT_EQ(describe(readPropertyList(good)), "[\"text\"]");
     const auto objectsEnd = quint64(good.size() - 32 - 8);
-    const struct
-    {
-        int fromEnd, size;
-        std::vector<quint64> values;
-    } lies[] = {
+    const std::tuple<int, int, std::vector<quint64>> lies[] = {
         {26, 1, {0, 9, 255}},
         {25, 1, {0, 4, 9}},
         {24, 8, {0, 1, 3, 1ULL << 60, 1ULL << 62, ~0ULL}},
         {16, 8, {2, ~0ULL}},
         {8, 8, {0, 7, objectsEnd + 1, ~0ULL, quint64(good.size())}},
     };
-    for (const auto &lie : lies) {
-        for (const quint64 value : lie.values) {
+    for (const auto &[fromEnd, size, values] : lies) {
+        for (const quint64 value : values) {
             QByteArray bytes = good;
-            bytes.replace(bytes.size() - lie.fromEnd, lie.size, list.bigEndian(value, lie.size));
-            EXPECT_EQ(describe(readPropertyList(bytes)), "refused") << lie.fromEnd << ' ' << value;
+            bytes.replace(bytes.size() - fromEnd, size, list.bigEndian(value, size));
+            EXPECT_EQ(describe(readPropertyList(bytes)), "refused") << fromEnd << ' ' << value;
         }
     }
     for (const quint64 offset : {0ULL, 7ULL, (unsigned long long)objectsEnd, 0xFFFFFFFFULL}) {
@@ -201,10 +197,7 @@ TEST(XmlPropertyList, ReadsEachElementInAnyZone)
     const QByteArray zone = qgetenv("TZ");
     qputenv("TZ", "XYZ-9");
     tzset();
-    const struct
-    {
-        const char *content, *description;
-    } cases[] = {
+    const std::tuple<const char *, const char *> cases[] = {
         {"<string/>", "\"\""},
         {"<string> a &lt;&amp;&#65;\r\n</string>", "\" a <&A\\u000a\""},
         {"<string>\xF0\x9F\x98\x80</string>", "\"\\ud83d\\ude00\""},
@@ -227,8 +220,8 @@ TEST(XmlPropertyList, ReadsEachElementInAnyZone)
         {"<dict><key>a</key><true/><key>a</key><false/></dict>", "{a=false}"},
         {"<dict><key>CF$UID</key><integer>3</integer></dict>", "{CF$UID=i64:3}"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(describe(readPropertyList(xml(c.content))), c.description) << c.content;
+    for (const auto &[content, description] : cases)
+        EXPECT_EQ(describe(readPropertyList(xml(content))), description) << content;
     zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
     tzset();
     const char *const refused[] = {"<integer>18446744073709551616</integer>",
@@ -274,10 +267,7 @@ TEST(XmlPropertyList, FollowsTheEncoding)
     const QByteArray wide(reinterpret_cast<const char *>(text.utf16()), 2 * text.size());
     EXPECT_EQ(describe(readPropertyList(wide)), expected);
     EXPECT_EQ(describe(readPropertyList(wide.sliced(2))), expected) << "without a mark";
-    const struct
-    {
-        const char *bytes, *description;
-    } cases[] = {
+    const std::tuple<const char *, const char *> cases[] = {
         {"\xEF\xBB\xBF<plist><string>\xC3\xBC</string></plist>", "\"\\u00fc\""},
         {"<plist><string>\xFC</string></plist>", "refused"},
         {"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?><plist><string>\xFC</string></plist>",
@@ -285,8 +275,8 @@ TEST(XmlPropertyList, FollowsTheEncoding)
         {"<?xml version=\"1.0\" encoding=\"UTF-16\"?><plist><string>a</string></plist>", "refused"},
         {"<?xml version=\"1.0\" encoding=\"EBCDIC-US\"?><plist><string>a</string></plist>", "refused"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(describe(readPropertyList(c.bytes)), c.description) << c.bytes;
+    for (const auto &[bytes, description] : cases)
+        EXPECT_EQ(describe(readPropertyList(bytes)), description) << bytes;
 }
 
 // Nothing but the public document type is needed, and a few attributes at most.

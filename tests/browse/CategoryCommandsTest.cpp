@@ -57,12 +57,7 @@ TEST_F(CategoryCommandsTest, TheListIsNarrowedByTheWholeNameOfACategoryAndByATex
     const Record colleague = add(2, u"Work and tea"_qs);
     const Record guest = add(3, u"coffee"_qs);
     const Objects teas = {friendly, colleague};
-    const struct
-    {
-        const char *rule;
-        QString category, text, display;
-        Objects shown;
-    } cases[] = {
+    const std::tuple<const char *, QString, QString, QString, Objects> cases[] = {
         {"no filter", QString(), QString(), u""_qs, {friendly, colleague, guest}},
         {"empty is none", u""_qs, u""_qs, u""_qs, {friendly, colleague, guest}},
         {"case does not count, parts do not do", u"WORK"_qs, u""_qs, u"category \"WORK\""_qs, {colleague}},
@@ -75,16 +70,16 @@ TEST_F(CategoryCommandsTest, TheListIsNarrowedByTheWholeNameOfACategoryAndByATex
          u"category \"Friends\" and search string \"t\""_qs,
          {friendly}},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
+    for (const auto &[rule, category, text, display, shown] : cases) {
+        SCOPED_TRACE(rule);
         host.searchInfo.clear();
-        records.setCategoryString(c.category);
-        search(c.text);
-        EXPECT_EQ(records.arrangedObjects(), c.shown);
-        EXPECT_EQ(records.selectionIndex(), c.shown.empty() ? -1 : 0); // The first one found, always.
-        EXPECT_EQ(records.usedFilterDisplay(), c.display);
-        EXPECT_EQ(records.filterInAction(), !c.display.isEmpty());
-        EXPECT_EQ(host.searchInfo, (QList<bool>{!c.display.isEmpty(), !c.display.isEmpty()}));
+        records.setCategoryString(category);
+        search(text);
+        EXPECT_EQ(records.arrangedObjects(), shown);
+        EXPECT_EQ(records.selectionIndex(), shown.empty() ? -1 : 0); // The first one found, always.
+        EXPECT_EQ(records.usedFilterDisplay(), display);
+        EXPECT_EQ(records.filterInAction(), !display.isEmpty());
+        EXPECT_EQ(host.searchInfo, (QList<bool>{!display.isEmpty(), !display.isEmpty()}));
     }
 }
 
@@ -145,7 +140,11 @@ TEST_F(CategoryCommandsTest, ThePopUpKeepsItsFirstTwoItemsAndDoesNotChooseTwice)
 TEST_F(CategoryCommandsTest, WhatIsRedrawnAndWhatMarksTheDocument)
 {
     const auto redrawn = [this] { return std::exchange(host.window.redrawn, {}).join(u' '); };
-    const auto marks = [this] { return std::exchange(host.changes, {}).size(); };
+    const auto marks = [this] {
+        const QList<int> changes = std::exchange(host.changes, {});
+        EXPECT_EQ(changes, QList<int>(changes.size(), 0)) << "each is a change done";
+        return changes.size();
+    };
     VLCategoryEditFieldDelegate(host, commands).controlTextDidChange();
     EXPECT_EQ(redrawn(), u"categoryTable category categoryTable");
     commands.colorChanged({});

@@ -51,6 +51,15 @@ TEST(CategoryController, ANameIsTheFirstFreeOneWhateverTheirOrder)
     rows.setContent(content);
     EXPECT_EQ(nameOf(rows.newObject()), u"Untitled 2");
     EXPECT_EQ(rows.unusedCategoryNameWithPostfix(u"untitled"_qs), u"untitled");
+    for (int number = 2; number <= 31'999; ++number) {
+        content->values.push_back(Foundation::Dictionary::create());
+        content->values.back().dictionary()->setValue(CategoryKey::cat_category,
+                                                      u"Untitled %1"_qs.arg(number));
+        if (number < 31'998)
+            continue;
+        rows.rearrangeObjects();
+        EXPECT_EQ(nameOf(rows.newObject()), u"Untitled 31999") << "the last number tried, free or not";
+    }
 }
 
 TEST(CategoryController, CountsMoveOnlyForCategoriesOfTheList)

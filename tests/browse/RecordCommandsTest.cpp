@@ -100,6 +100,9 @@ TEST_F(RecordCommandsTest, ThreeDeletionsAskInTheirOwnWordsAndTakeTheirOwnRecord
             EXPECT_EQ(records.arrangedIndexOf(added[i]) < 0, c.deleted.contains(i)) << i;
         EXPECT_EQ(host.changes, QList<int>{0});
         EXPECT_EQ(host.undo.canUndo(), c.canBeUndone);
+        host.undo.undo();
+        EXPECT_EQ(records.content()->count(), c.canBeUndone ? 3 : 0);
+        EXPECT_EQ(host.changes, QList<int>(c.canBeUndone ? 2 : 1, 0)) << "undoing is a change done, too";
     }
 }
 

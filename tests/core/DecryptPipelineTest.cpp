@@ -134,12 +134,7 @@ TEST(DecryptPipeline, AnAbsentOrBrokenCheckPairNeverMatches)
     const QByteArray file = TestDocument::filled().save();
     const QByteArray digestOfNothing = QByteArray::fromHex("da39a3ee5e6b4b0d3255bfef95601890afd80709");
     const QByteArray withoutValue = withKey(file, FileKey::rc, Value());
-    const struct
-    {
-        const char *rule;
-        QByteArray file;
-        bool opens;
-    } cases[] = {
+    const std::tuple<const char *, QByteArray, bool> cases[] = {
         {"whole", file, true},
         {"no digest", withKey(file, FileKey::sha1_rc, Value()), false},
         {"no value, digest of nothing", withKey(withoutValue, FileKey::sha1_rc, digestOfNothing), false},
@@ -152,8 +147,8 @@ TEST(DecryptPipeline, AnAbsentOrBrokenCheckPairNeverMatches)
         {"no vector", withKey(file, FileKey::IV, Value()), false},
         {"a version without engine", withKey(file, FileKey::appversion, Value(20303)), false},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(TestDocument::fromFile(c.file).openWith(Password) == 0, c.opens) << c.rule;
+    for (const auto &[rule, tried, opens] : cases)
+        EXPECT_EQ(TestDocument::fromFile(tried).openWith(Password) == 0, opens) << rule;
 }
 
 TEST(DecryptPipeline, ResetsTheFlagsOfTheReleasesThatLeftThemOut)
@@ -163,19 +158,15 @@ TEST(DecryptPipeline, ResetsTheFlagsOfTheReleasesThatLeftThemOut)
     saved.state.myLabelDictionary->setValue(u"open01", Value(true));
     saved.state.myLabelDictionary->setValue(u"open14", Value());
     const QByteArray file = saved.save();
-    const struct
-    {
-        qint32 version;
-        bool resets;
-    } cases[] = {{30100, true}, {30101, false}, {30200, true}, {30300, true},
-                 {30301, true}, {30302, false}, {30600, false}};
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.version);
-        TestDocument document = TestDocument::fromFile(withKey(file, FileKey::appversion, Value(c.version)));
+    const std::tuple<qint32, bool> cases[] = {{30100, true}, {30101, false}, {30200, true}, {30300, true},
+                                              {30301, true}, {30302, false}, {30600, false}};
+    for (const auto &[version, resets] : cases) {
+        SCOPED_TRACE(version);
+        TestDocument document = TestDocument::fromFile(withKey(file, FileKey::appversion, Value(version)));
         ASSERT_EQ(document.openWith(Password), 0);
         const auto &labels = document.state.myLabelDictionary;
-        EXPECT_EQ(labels->value(u"open01"), Value(!c.resets));
-        EXPECT_EQ(labels->contains(Key(u"open14")), c.resets);
+        EXPECT_EQ(labels->value(u"open01"), Value(!resets));
+        EXPECT_EQ(labels->contains(Key(u"open14")), resets);
         EXPECT_TRUE(hasOwnLabel(document)) << "captions are left alone";
 
         // A lock makes current buffers, whatever the file was.

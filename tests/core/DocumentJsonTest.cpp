@@ -14,11 +14,7 @@ constexpr double Infinite = std::numeric_limits<double>::infinity();
 // The numbers as Python 3.11 prints them.
 TEST(DocumentJson, TellsTheKindsOfValuesApart)
 {
-    const struct
-    {
-        Value value;
-        const char *json;
-    } cases[] = {
+    const std::tuple<Value, const char *> cases[] = {
         {Value(std::numeric_limits<qint64>::min()), R"({"$int":"-9223372036854775808"})"},
         {Value(0.0001), R"({"$real":0.0001})"},
         {Value(0.00001), R"({"$real":1e-05})"},
@@ -30,8 +26,8 @@ TEST(DocumentJson, TellsTheKindsOfValuesApart)
         {Value(0.1F), R"({"$real32":0.10000000149011612})"},
         {u"a\"\\/\n\u0001\u007f"_qs, R"("a\"\\/\n\u0001\u007f")"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(jsonOfValue(c.value).toStdString(), c.json);
+    for (const auto &[value, json] : cases)
+        EXPECT_EQ(jsonOfValue(value).toStdString(), json);
 }
 
 } // namespace

@@ -66,16 +66,13 @@ TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipheredFields)
 
 TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipherArchives)
 {
-    const struct
-    {
-        qint64 version;
-        bool readsWindow;
-    } cases[] = {{30100, false}, {30200, false}, {30300, true}, {30302, true}, {20303, true}};
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.version);
-        const TestDocument document = TestDocument::fromFile(fileOfAllKeys(Value(c.version)));
+    const std::tuple<qint64, bool> cases[] = {
+        {30100, false}, {30200, false}, {30300, true}, {30302, true}, {20303, true}};
+    for (const auto &[version, readsWindow] : cases) {
+        SCOPED_TRACE(version);
+        const TestDocument document = TestDocument::fromFile(fileOfAllKeys(Value(version)));
         const DocumentState &state = document.state;
-        expectLockedFace(state, c.version);
+        expectLockedFace(state, version);
         EXPECT_TRUE(state.YouCanSave);
         EXPECT_EQ(state.myEncryptedArrayData, "dataArrayData");
         EXPECT_EQ(state.myEncryptedCategoryArrayData, "catArrayData");
@@ -85,9 +82,9 @@ TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipherArchives)
         EXPECT_EQ(state.myIV, "IV");
         EXPECT_EQ(state.myRCDataEncrypted, "rc");
         EXPECT_EQ(state.mySha1_RcData, "sha1-rc");
-        EXPECT_EQ(state.useMyWinRect, c.readsWindow);
-        EXPECT_EQ(state.makeToolbarVisibleAtDecrypt, !c.readsWindow);
-        const Foundation::Rect frame = c.readsWindow ? Foundation::Rect{1, 2, 3, 4} : Foundation::Rect{};
+        EXPECT_EQ(state.useMyWinRect, readsWindow);
+        EXPECT_EQ(state.makeToolbarVisibleAtDecrypt, !readsWindow);
+        const Foundation::Rect frame = readsWindow ? Foundation::Rect{1, 2, 3, 4} : Foundation::Rect{};
         EXPECT_EQ(state.myWinRectToUse, frame);
         EXPECT_EQ(state.OSXPlatformDictionary, nullptr) << "what the next save writes is not what was read";
     }
@@ -95,13 +92,7 @@ TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipherArchives)
 
 TEST(DocumentReader, ReadsTheVersionAsAnUnsignedNumber)
 {
-    const struct
-    {
-        const char *rule;
-        Value appversion;
-        ReadOutcome outcome;
-        const char *release;
-    } cases[] = {
+    const std::tuple<const char *, Value, ReadOutcome, const char *> cases[] = {
         {"none is 0", Value(), ReadOutcome::Loaded, "0"},
         {"a real is cut", Value(30600.9), ReadOutcome::Loaded, "30600"},
         {"a text is a number", u"30600"_qs, ReadOutcome::Loaded, "30600"},
@@ -112,14 +103,14 @@ TEST(DocumentReader, ReadsTheVersionAsAnUnsignedNumber)
         {"which reads with a sign", Value(std::numeric_limits<quint64>::max() - 4), ReadOutcome::NewerFormat,
          "-5"},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
+    for (const auto &[rule, appversion, outcome, release] : cases) {
+        SCOPED_TRACE(rule);
         DocumentState state;
-        EXPECT_EQ(readDocument(fileOfAllKeys(c.appversion), state, Foundation::Services::shared().clock()),
-                  c.outcome);
-        EXPECT_EQ(state.fileDocRelease, QLatin1String(c.release));
-        EXPECT_EQ(state.YouCanSave, c.outcome == ReadOutcome::Loaded);
-        EXPECT_EQ(state.mySalt.isNull(), c.outcome == ReadOutcome::NewerFormat);
+        EXPECT_EQ(readDocument(fileOfAllKeys(appversion), state, Foundation::Services::shared().clock()),
+                  outcome);
+        EXPECT_EQ(state.fileDocRelease, QLatin1String(release));
+        EXPECT_EQ(state.YouCanSave, outcome == ReadOutcome::Loaded);
+        EXPECT_EQ(state.mySalt.isNull(), outcome == ReadOutcome::NewerFormat);
     }
 }
 

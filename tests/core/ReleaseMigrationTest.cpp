@@ -77,12 +77,7 @@ TEST(ReleaseMigration, ReadsCreationDatesByThePatternOfTheRelease)
     constexpr double H = 3600;
     constexpr auto Twelve = HourPattern::Twelve;
     constexpr auto All = HourPattern::TwentyFour;
-    const struct
-    {
-        const char *text;
-        HourPattern hours;
-        std::optional<double> seconds;
-    } cases[] = {
+    const std::tuple<const char *, HourPattern, std::optional<double>> cases[] = {
         {"2008-07-14 12:00:00 UTC", All, Noon2008},
         {"2008-07-14 12:00:00 UTC", Twelve, Noon2008 - 12 * H},
         {"2008-07-14 00:30:00 GMT", Twelve, Noon2008 - 11.5 * H},
@@ -99,8 +94,8 @@ TEST(ReleaseMigration, ReadsCreationDatesByThePatternOfTheRelease)
         {"2008-07-14 12:00:00 GMT+99", All, std::nullopt},
         {"2008-07-14 12:00:00 UTC\n", All, std::nullopt},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(secondsOfReleaseDate(QString::fromUtf8(c.text), c.hours), c.seconds) << c.text;
+    for (const auto &[text, hours, seconds] : cases)
+        EXPECT_EQ(secondsOfReleaseDate(QString::fromUtf8(text), hours), seconds) << text;
 }
 
 TEST(ReleaseMigration, TheFirstReleasesHadNoIdsAndCountedTo24)
@@ -158,7 +153,9 @@ TEST(ReleaseMigration, DamageAndWrongPasswordsNeverOpen)
     const auto status = [](const OldDocument &old, const QString &password = Password) {
         return old.opened().openWith(password);
     };
-    EXPECT_EQ(status(filledDocument(30000), u"wrong"_qs), 2);
+    TestDocument locked = filledDocument(30000).opened();
+    EXPECT_EQ(locked.openWith(u"wrong"_qs), 2);
+    EXPECT_FALSE(locked.hasReplacedLabels);
     OldDocument empty(30000);
     empty.root->setValue(FileKey::crtnDt, Value());
     EXPECT_EQ(status(empty, u"anything"_qs), 0) << "no field tells";

@@ -113,22 +113,17 @@ TEST(VLCommonCrypto, GivesTheBytesOfOtherPrograms)
 // What the known answers leave open.
 TEST(VLCommonCrypto, CutsTheSecretToTheUnitsOfThePassword)
 {
-    const struct
-    {
-        const char *rule;
-        QString one, other;
-        bool sameKey;
-    } cases[] = {
+    const std::tuple<const char *, QString, QString, bool> cases[] = {
         {"a letter may be cut within", u"aé"_qs, u"aê"_qs, true},
         {"a NUL doesn't end it", QString(QLatin1String("a\0b", 3)), QString(QLatin1String("a\0c", 3)), false},
         {"half a pair alone is a question mark", QString(QChar(0xD83D)), u"?"_qs, true},
         {"none is the same as empty", QString(), u""_qs, true},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(VLCommonCrypto::AESKeyForPassword(c.one, Salt) ==
-                      VLCommonCrypto::AESKeyForPassword(c.other, Salt),
-                  c.sameKey)
-            << c.rule;
+    for (const auto &[rule, one, other, sameKey] : cases)
+        EXPECT_EQ(VLCommonCrypto::AESKeyForPassword(one, Salt) ==
+                      VLCommonCrypto::AESKeyForPassword(other, Salt),
+                  sameKey)
+            << rule;
 }
 
 TEST(VLCommonCrypto, DerivesTheKeyAnewInEveryCall)

@@ -163,11 +163,7 @@ TEST(Transformers, StyledTextsGiveTheirCharacters)
 {
     const VLUnarchivieFromDataToText transformer;
     const QByteArray longText(300, 'l');
-    const struct
-    {
-        const char *what;
-        Value data, result;
-    } cases[] = {
+    const std::tuple<const char *, Value, Value> cases[] = {
         {"short",
          styledTextStream("\x06"
                           "Caf\xC3\xA9!"),
@@ -180,8 +176,8 @@ TEST(Transformers, StyledTextsGiveTheirCharacters)
         {"keyed", archivedData(text(u"keyed"_qs)), text(u"keyed"_qs)},
         {"something else", archivedData(i(3)), {}},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(transformer.transformedValue(c.data), c.result) << c.what;
+    for (const auto &[what, data, result] : cases)
+        EXPECT_EQ(transformer.transformedValue(data), result) << what;
 }
 
 } // namespace

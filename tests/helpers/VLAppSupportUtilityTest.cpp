@@ -11,12 +11,7 @@ using Foundation::Alert;
 
 TEST(ReleaseString, ReadsTheDigitsInGroups)
 {
-    const struct
-    {
-        const char *rule;
-        qint64 release;
-        QString text;
-    } cases[] = {
+    const std::tuple<const char *, qint64, QString> cases[] = {
         {"a patch of 0 is cut", 30600, u"3.6"_qs},
         {"but not a minor of 0 behind it", 100000, u"10.0"_qs},
         {"two digits each", 31210, u"3.12.10"_qs},
@@ -24,8 +19,8 @@ TEST(ReleaseString, ReadsTheDigitsInGroups)
         {"three digits are none", 999, u""_qs},
         {"a sign counts as a character", -10203, u"-1.2.3"_qs},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(VLAppSupportUtility::calcReleaseString(c.release), c.text) << c.rule;
+    for (const auto &[rule, release, text] : cases)
+        EXPECT_EQ(VLAppSupportUtility::calcReleaseString(release), text) << rule;
 }
 
 TEST(SupportActions, OpenTheMakersPagesAndBeginAMailWithReleaseAndSystem)

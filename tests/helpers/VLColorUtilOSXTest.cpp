@@ -21,12 +21,7 @@ Ref<Dictionary> dictionaryOf(const Value &r, const Value &g, const Value &b, con
 
 TEST(ColourDictionary, IsReadInSinglePrecision)
 {
-    const struct
-    {
-        const char *rule;
-        Ref<Dictionary> dict;
-        Color color;
-    } cases[] = {
+    const std::tuple<const char *, Ref<Dictionary>, Color> cases[] = {
         {"doubles narrow",
          dictionaryOf(0.1, 0.75, 1.0 / 3.0, 1.0),
          {double(0.1F), 0.75, double(1.0F / 3.0F), 1.0}},
@@ -34,8 +29,8 @@ TEST(ColourDictionary, IsReadInSinglePrecision)
         {"no dictionary", nullptr, {0, 0, 0, 0}},
         {"numbers outside", dictionaryOf(-3.0, 1e308, 1.5, std::nan("")), {0, 1, 1, 0}},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(VLColorUtilOSX::NSColorFromDict(c.dict), c.color) << c.rule;
+    for (const auto &[rule, dict, color] : cases)
+        EXPECT_EQ(VLColorUtilOSX::NSColorFromDict(dict), color) << rule;
 }
 
 TEST(ColourDictionary, IsWrittenInDoublePrecision)

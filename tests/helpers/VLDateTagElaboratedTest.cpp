@@ -8,18 +8,14 @@
 TEST(DateTags, AreReplacedByThePresentMoment)
 {
     const ManualClock clock(QDateTime(QDate(2123, 2, 9), QTime(15, 4, 6)));
-    const struct
-    {
-        const char *rule;
-        QString text, replaced;
-    } cases[] = {
+    const std::tuple<const char *, QString, QString> cases[] = {
         {"each tag", u"<yy>|<YY>|<mm>|<dd>|<hh>|<ii>|<ss>"_qs, u"23|2123|02|09|15|04|06"_qs},
         {"everywhere", u"<dd><dd> <dd>"_qs, u"0909 09"_qs},
         {"letter case counts", u"<Yy><MM><DD><hH><II>"_qs, u"<Yy><MM><DD><hH><II>"_qs},
         {"brackets around a tag", u"<<yy>>"_qs, u"<23>"_qs},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(VLDateTagElaborated().transformedValue(c.text).stringValue(), c.replaced) << c.rule;
+    for (const auto &[rule, text, replaced] : cases)
+        EXPECT_EQ(VLDateTagElaborated().transformedValue(text).stringValue(), replaced) << rule;
 }
 
 TEST(DateTags, MakeAnEmptyTextOfNothing)

@@ -22,13 +22,7 @@ constexpr Validator Numeric = VLNetValidator::isNumericDomain;
 // What the patterns do not say; the texts themselves are compared with them below.
 TEST(NetValidator, TrimsBlanksAndTakesSeveralAddresses)
 {
-    const struct
-    {
-        const char *rule;
-        Validator isValid;
-        QString text;
-        bool valid;
-    } cases[] = {
+    const std::tuple<const char *, Validator, QString, bool> cases[] = {
         {"blanks around it", Email, u"  a@b.co "_qs, true},
         {"null", Email, QString(), false},
         {"several", Emails, u"a@b.co, c@d.org "_qs, true},
@@ -38,8 +32,8 @@ TEST(NetValidator, TrimsBlanksAndTakesSeveralAddresses)
         {"four numbers", Numeric, u" 127.10.00.999 "_qs, true},
         {"a digit of another script", Numeric, u"12.12.12.1\u0661"_qs, false},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(c.isValid(c.text), c.valid) << c.rule;
+    for (const auto &[rule, isValid, text, valid] : cases)
+        EXPECT_EQ(isValid(text), valid) << rule;
 }
 
 TEST(NetValidator, EqualsThePublishedPatterns)
@@ -75,19 +69,14 @@ TEST(NetValidator, EqualsThePublishedPatterns)
 TEST(NetValidator, JudgesHostileLengths)
 {
     constexpr qsizetype Length = 100000;
-    const struct
-    {
-        const char *rule;
-        Validator isValid;
-        QString body, validEnd, invalidEnd;
-    } cases[] = {
+    const std::tuple<const char *, Validator, QString, QString, QString> cases[] = {
         {"tops in a row", Email, u"a@"_qs + u"b.cccccc"_qs.repeated(Length), u".co"_qs, u"!"_qs},
         {"hyphens in a row", Domain, u"a"_qs + QString(Length, u'-'), u"a.org"_qs, u".org"_qs},
         {"one number", Numeric, QString(Length, u'2'), u".10.10.10"_qs, u".10.10"_qs},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        EXPECT_TRUE(c.isValid(c.body + c.validEnd));
-        EXPECT_FALSE(c.isValid(c.body + c.invalidEnd));
+    for (const auto &[rule, isValid, body, validEnd, invalidEnd] : cases) {
+        SCOPED_TRACE(rule);
+        EXPECT_TRUE(isValid(body + validEnd));
+        EXPECT_FALSE(isValid(body + invalidEnd));
     }
 }

@@ -1,8 +1,6 @@
 #include "platform/ColorPanel.h"
 #include "support/DocumentFixture.h"
 
-#include <QMetaProperty>
-
 using Foundation::ActionSender;
 using Foundation::ColorPanel;
 
@@ -19,50 +17,6 @@ protected:
             << action;
     }
 };
-
-// Interface files name them, and old ones may name those that nothing here calls.
-TEST_F(BrowsingSurfaceTest, EveryNameIsThere)
-{
-    newProtectedDocument();
-    for (const char *action :
-         {// records
-          "addRow", "duplicateRow", "deleteRow", "deleteRows", "remove", "search", "doSearch",
-          "askToInsertPasswordBeforeAddingData", "isACompanySwitched", "deleteContact", "recordEdited",
-          "sortByCategory", "sortByName", "scrollListViewToBottom",
-          // categories
-          "editCategoriesSheet", "closeCategoriesSheet", "scrollCategoryViewToBottom", "addNewCategory",
-          "removeCategory", "categoryWasSet", "doSelectCatMenu", "showAllCategory",
-          "showOnlySpecificCategory", "showAllAndResetFilter", "colorChanged", "synkCategorySubMenu",
-          "setUpCategorySubMenu",
-          // captions
-          "editLabelSheet", "closeLabelSheet", "setDefaultDictionaryLabel",
-          // window
-          "openField", "openUrlWebWork", "openUrlWebPersonal", "printDocument", "runPageLayout",
-          "switchViewEditMode", "makeNameFieldFirstResponder", "debug1"})
-        EXPECT_TRUE(Foundation::responderForAction(document->responders(), QString::fromLatin1(action)))
-            << action;
-
-    const struct
-    {
-        const QObject *object;
-        std::vector<const char *> properties;
-    } observables[] = {
-        {document.get(),
-         {"myArrayController", "myCategoryArrayController", "categoryArrayControllerForMenu",
-          "myLabelDictionary", "searchText", "searchCategory", "searchPredicate", "categoryString",
-          "selectedView", "properTextColor", "falseValue", "yesVal"}},
-        {document->myArrayController(),
-         {"categoryString", "searchString", "usedFilterDisplay", "filterInAction", "canRemove"}},
-    };
-    for (const auto &[object, properties] : observables) {
-        for (const char *name : properties) {
-            const QMetaObject &meta = *object->metaObject();
-            const QMetaProperty property = meta.property(meta.indexOfProperty(name));
-            EXPECT_TRUE(property.isReadable()) << name;
-            EXPECT_TRUE(property.hasNotifySignal() || property.isConstant()) << name;
-        }
-    }
-}
 
 TEST_F(BrowsingSurfaceTest, TheSecondFormOfTheSearchIsAConditionToBindTo)
 {
@@ -98,18 +52,6 @@ TEST_F(BrowsingSurfaceTest, AColourChosenAnywhereMarksEveryDocument)
     EXPECT_TRUE(first->isDocumentEdited());
     EXPECT_TRUE(document->isDocumentEdited());
     EXPECT_EQ(window->redrawn, (QStringList{u"category"_qs, u"categoryTable"_qs}));
-}
-
-TEST_F(BrowsingSurfaceTest, TheWindowIsSetUpWhenItsInterfaceIsLoaded)
-{
-    newProtectedDocument();
-    EXPECT_EQ(document->properTextColor(), window->controlTextColor());
-    const VLVSplitViewDelegate &rule = window->splitViewDelegate;
-    EXPECT_EQ(rule.minHSizeLeft(), 210);
-    EXPECT_EQ(rule.maxHSizeLeft(), 660);
-    EXPECT_EQ(rule.minHSizeRight(), 450);
-    EXPECT_EQ(rule.maxHSizeRight(), 9999);
-    EXPECT_FALSE(rule.canCollapseLeft() || rule.canCollapseRight());
 }
 
 // Which tag is which field is told by the interface files.

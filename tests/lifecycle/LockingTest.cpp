@@ -47,6 +47,7 @@ TEST_F(Locking, AsksAndLocksAtOnceWithoutTouchingTheFile)
     EXPECT_EQ(note(), u"changed");
     EXPECT_TRUE(document->isDocumentEdited()) << "the file lacks the change";
     document->doLockDocument();
+    EXPECT_TRUE(document->keepsRecoveryFile()) << "this time it was not locked by hand";
     submit(u"wrong horse"_qs);
     EXPECT_FALSE(document->isDocumentEdited()) << "an attempt counts as clean";
     window->answer(1000);
@@ -62,13 +63,13 @@ TEST_F(Locking, AsksAndLocksAtOnceWithoutTouchingTheFile)
 TEST_F(Locking, ShrinksTheWindowBelowItsUpperEdgeAndKeepsTheFrameForTheFile)
 {
     savedDocument();
-    window->frameNow = {100.25, 200.5, 900, 600.75};
+    window->frameNow = {100.25, 200.5, 910, 600.75};
     window->toolbarVisible = true;
     document->doLockDocument();
     EXPECT_EQ(window->frameNow, (Rect{100.25, 460.5, 560, 340})) << "the difference is cut to a whole number";
     EXPECT_FALSE(window->toolbarVisible);
     const auto &platform = *document->OSXPlatformDictionary();
-    EXPECT_EQ(platform.value(u"windowRecWidth").doubleValue(), 900);
+    EXPECT_EQ(platform.value(u"windowRecWidth").doubleValue(), 910);
     EXPECT_TRUE(platform.value(u"makeToolbarVisibleAtDecrypt").boolValue());
     submit(password);
     EXPECT_TRUE(window->toolbarVisible);
@@ -178,47 +179,6 @@ TEST_F(Locking, TheHandAndTheClockInOneTurnLockOnce)
     queue.drain();
     submit(password);
     EXPECT_TRUE(window->toolbarVisible);
-}
-
-// Deciphering makes new objects of all records, which the entries of the stack must mean from then on.
-TEST_F(Locking, WhatIsUndoneAfterLocksStandsOnceAndInACategoryOfTheList)
-{
-    const struct
-    {
-        const char *command;
-        std::function<void()> run;
-        int recordsAfterUndo;
-    } cases[] = {
-        {"add", [this] { document->recordCommands().addRow({}); }, 1},
-        {"duplicate", [this] { document->recordCommands().duplicateRow({}); }, 1},
-        {"delete",
-         [this] {
-             document->recordCommands().deleteTheRecord(
-                 document->myArrayController()->selectedObjects().front());
-         },
-         1},
-    };
-    for (const auto &c : cases) {
-        savedDocument();
-        SCOPED_TRACE(c.command);
-        c.run();
-        const qsizetype after = document->myArray()->count();
-        for (int round = 0; round < 3; ++round) {
-            for (const bool isUndo : {true, false}) {
-                document->doLockDocument();
-                submit(password);
-                if (isUndo)
-                    document->undo({});
-                else
-                    document->redo({});
-                ASSERT_EQ(document->myArray()->count(), isUndo ? c.recordsAfterUndo : after);
-                for (const auto &entry : document->myArray()->values) {
-                    const auto category = entry.dictionary()->value(RecordKey::categoryPtr);
-                    EXPECT_EQ(category.dictionary(), document->myCategoryArray()->at(0).dictionary());
-                }
-            }
-        }
-    }
 }
 
 TEST_F(Locking, TheSelectionStaysAtItsContacts)

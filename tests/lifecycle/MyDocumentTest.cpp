@@ -41,6 +41,7 @@ TEST_F(MyDocumentTest, UnlockingShowsItsProgressAndAnAttemptIsNotRolledBack)
     EXPECT_EQ(document->selectedView(), MyDocument::EditMode);
     saveTo(pathOf("a.vexcards"));
     ASSERT_TRUE(open(pathOf("a.vexcards")));
+    EXPECT_FALSE(window->toolbarVisible);
     document->windowDidBecomeKey();
     EXPECT_EQ(queue.waiting(), 0U) << "a file has its password already";
     submit(QString());

@@ -69,19 +69,15 @@ TEST(Dictionary, FollowsDottedPaths)
     root->setValue(u"category", Value(category));
     root->setValue(u"text", Value(u"x"_qs));
     root->setValue(u"", Value(category));
-    const struct
-    {
-        QString path;
-        Value value;
-    } cases[] = {
+    const std::tuple<QString, Value> cases[] = {
         {u"text"_qs, Value(u"x"_qs)},        {u"category"_qs, Value(category)},
         {u"category.key0"_qs, Value(0)},     {u"category.absent"_qs, Value()},
         {u"absent.key0"_qs, Value()},        {u"text.key0"_qs, Value()},
         {u"category.key0.more"_qs, Value()}, {u".key0"_qs, Value(0)},
         {u"category."_qs, Value()},          {u""_qs, Value(category)},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(root->valueForKeyPath(c.path), c.value) << qPrintable(c.path);
+    for (const auto &[path, value] : cases)
+        EXPECT_EQ(root->valueForKeyPath(path), value) << qPrintable(path);
 }
 
 TEST(Dictionary, TakesTheNullNameForTheEmptyOne)

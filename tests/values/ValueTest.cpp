@@ -74,11 +74,7 @@ TEST(Value, ReadsAsTheNumberAskedFor)
 
 TEST(Value, KeepsTheKindThatItWasMadeWith)
 {
-    const struct
-    {
-        Value value;
-        const char *description;
-    } cases[] = {
+    const std::tuple<Value, const char *> cases[] = {
         {Value(qint32(-7)), "i32:-7"},
         {Value(quint64(LongMax)), "i64:9223372036854775807"},
         {Value(quint64(LongMax) + 1), "u64:9223372036854775808"},
@@ -91,8 +87,8 @@ TEST(Value, KeepsTheKindThatItWasMadeWith)
         {Value(QByteArray("")), "<>"},
         {Value(Ref<Array>()), "null"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(describe(c.value), c.description);
+    for (const auto &[value, description] : cases)
+        EXPECT_EQ(describe(value), description);
 }
 
 // Texts lie in the value or in a box, as ASCII or as units: at every length around the changes.

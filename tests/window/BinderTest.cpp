@@ -1,6 +1,7 @@
 #include "window/binding/Binder.h"
 
 #include "core/RecordModel.h"
+#include "helpers/transformers/HelperTransformers.h"
 #include "lifecycle/MyDocument.h"
 #include "window/binding/InterfaceTransformers.h"
 
@@ -88,12 +89,7 @@ TEST_F(BinderTest, FieldsFollowTheSelectionAndWriteBack)
 
 TEST_F(BinderTest, LookingAtAValueLeavesItAsItIs)
 {
-    const struct
-    {
-        const char *what;
-        Value value;
-        QString shown;
-    } cases[] = {
+    const std::tuple<const char *, Value, QString> cases[] = {
         {"an absent one", {}, QString()},
         {"line breaks of other systems", u"a\r\nb\rc"_qs, u"a\nb\nc"_qs},
         {"a no-break space", u"a\u00a0b"_qs, u"a\u00a0b"_qs},
@@ -102,15 +98,15 @@ TEST_F(BinderTest, LookingAtAValueLeavesItAsItIs)
     auto *note = add<QPlainTextEdit>({{"bindValue", Note}});
     auto *line = add<QLineEdit>({{"bindValue", Note}});
     bind();
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.what);
-        record(1)->setValue(RecordKey::note, c.value);
+    for (const auto &[what, value, shown] : cases) {
+        SCOPED_TRACE(what);
+        record(1)->setValue(RecordKey::note, value);
         select({1});
         EXPECT_EQ(note->document()->toRawText().replace(QChar::ParagraphSeparator, u'\n'),
-                  c.shown.isNull() ? u""_qs : c.shown);
-        EXPECT_EQ(line->text(), c.value.stringValue());
+                  shown.isNull() ? u""_qs : shown);
+        EXPECT_EQ(line->text(), value.stringValue());
         select({0});
-        EXPECT_EQ(record(1)->value(RecordKey::note), c.value);
+        EXPECT_EQ(record(1)->value(RecordKey::note), value);
     }
     EXPECT_TRUE(changedTags.isEmpty());
     EXPECT_FALSE(document.isDocumentEdited());
@@ -247,7 +243,8 @@ TEST_F(BinderTest, WithoutASelectionNothingCanBeTyped)
 
 TEST_F(BinderTest, ConditionsAreNegatedJoinedAndTransformed)
 {
-    ValueTransformerRegistry::shared().valueTransformerForName(u"withoutTrailingColon"_qs);
+    registerHelperTransformers();
+    auto *blank = add<QLabel>({{"bindVisible", Note}, {"visibleTransformer", u"VLEmptyTrimmedString"_qs}});
     auto *any = add<QLabel>({{"bindVisible", FirstName + u" | "_qs + Note}});
     auto *none = add<QLabel>({{"bindVisible", u'!' + FirstName + u"|"_qs + Note}});
     bind();
@@ -269,6 +266,7 @@ TEST_F(BinderTest, ConditionsAreNegatedJoinedAndTransformed)
         runEvents();
         EXPECT_EQ(!any->isHidden(), c.isAny) << c.firstName.toStdString();
         EXPECT_EQ(!none->isHidden(), !c.isAny) << c.firstName.toStdString();
+        EXPECT_EQ(!blank->isHidden(), c.note != Value(u"0"_qs));
     }
 }
 

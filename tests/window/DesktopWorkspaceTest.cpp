@@ -30,12 +30,7 @@ public:
 
 TEST(DesktopWorkspace, ShowsProgramsInTheirFolderAndOpensTheRest)
 {
-    const struct
-    {
-        const char *name;
-        QByteArray content;
-        bool isExecutable, isProgram;
-    } cases[] = {
+    const std::tuple<const char *, QByteArray, bool, bool> cases[] = {
         {"letter.txt", "Dear Ada", false, false},
         {"card.pdf", "%PDF-1.4", false, false},
         {"run.txt", "Dear Ada", true, true},
@@ -49,14 +44,14 @@ TEST(DesktopWorkspace, ShowsProgramsInTheirFolderAndOpensTheRest)
     const QTemporaryDir folder;
     UrlCatcher desktop;
     DesktopWorkspace workspace;
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name);
-        const QString path = folder.filePath(QString::fromLatin1(c.name));
-        putFile(path, c.content);
-        if (c.isExecutable)
+    for (const auto &[name, content, isExecutable, isProgram] : cases) {
+        SCOPED_TRACE(name);
+        const QString path = folder.filePath(QString::fromLatin1(name));
+        putFile(path, content);
+        if (isExecutable)
             QFile::setPermissions(path, QFile::permissions(path) | QFile::ExeOwner | QFile::ExeUser);
         EXPECT_TRUE(workspace.openUrl(QUrl::fromLocalFile(path)));
-        EXPECT_EQ(desktop.urls.last(), QUrl::fromLocalFile(c.isProgram ? folder.path() : path));
+        EXPECT_EQ(desktop.urls.last(), QUrl::fromLocalFile(isProgram ? folder.path() : path));
     }
 }
 

@@ -255,14 +255,6 @@ TEST_F(DocumentWindowTest, ReplacingAFileIsAskedAboutByItsWholeName)
     EXPECT_EQ(window()->windowTitle(), u"<b>[*]"_qs);
 }
 
-TEST_F(DocumentWindowTest, QuitGoesThroughAllDocuments)
-{
-    makeSavedDocument({u"A"_qs});
-    openDocument(sample + u"version-30600.vexcards"_qs);
-    press(Qt::Key_Q, Qt::ControlModifier);
-    EXPECT_TRUE(isClosed());
-}
-
 TEST_F(DocumentWindowTest, WindowsDoNotHideOneAnother)
 {
     openDocument(sample + u"version-30600.vexcards"_qs);

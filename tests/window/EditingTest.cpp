@@ -130,48 +130,6 @@ TEST_F(EditingTest, ARepeatedKeyIsKnownByItsTimeWhereTheToolkitDoesNotSeeIt)
     EXPECT_FALSE(send(QEvent::ShortcutOverride, 53, 7000)) << "another key";
 }
 
-TEST_F(EditingTest, TypingOverSeveralContactsIsUndoneAsAWhole)
-{
-    press(Qt::Key_A, Qt::ControlModifier);
-    press(Qt::Key_F2);
-    EXPECT_FALSE(control<QComboBox>("category")->isEnabled()) << "its command is for one contact";
-    EXPECT_EQ(QApplication::focusWidget(), firstName());
-    type(u"K"_qs);
-    type(u"im"_qs);
-    EXPECT_EQ(names(), (QStringList{u"Kim Åström"_qs, u"Kim Кант"_qs}));
-    undo();
-    EXPECT_EQ(names(), (QStringList{zoe, boris}));
-    undo();
-    EXPECT_EQ(names(), (QStringList{zoe, boris}));
-    EXPECT_EQ(QApplication::focusWidget(), firstName()) << "the same contacts are selected";
-    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(names(), (QStringList{u"Kim Åström"_qs, u"Kim Кант"_qs}));
-    document()->doLockDocument();
-    unlock(password);
-    undo();
-    EXPECT_EQ(names(), (QStringList{zoe, boris}));
-}
-
-TEST_F(EditingTest, AFieldLosesTheFocusWithItsContact)
-{
-    press(Qt::Key_Return);
-    const struct
-    {
-        const char *what;
-        std::function<void()> step;
-    } cases[] = {{"a filter comes", [this] { control<QLineEdit>("searchField")->setText(u"Кант"_qs); }},
-                 {"the contact is deleted", [this] {
-                      document()->recordCommands().deleteRows({});
-                      nextAlert();
-                      dismiss(u"Delete Contact"_qs);
-                  }}};
-    for (const auto &c : cases) {
-        firstName()->setFocus();
-        c.step();
-        EXPECT_EQ(QApplication::focusWidget(), list()) << c.what;
-    }
-}
-
 TEST_F(EditingTest, EditingBeginsInTheFirstName)
 {
     const auto doubleClick = [this] {

@@ -14,16 +14,13 @@
 
 TEST(FilePanels, SuffixIsAddedOnce)
 {
-    const struct
-    {
-        const char *chosen, *path;
-    } cases[] = {
+    const std::tuple<const char *, const char *> cases[] = {
         {"/a/Friends", "/a/Friends.vexcards"},          {"/a/Friends.vexcards", "/a/Friends.vexcards"},
         {"/a/Friends.VEXCARDS", "/a/Friends.VEXCARDS"}, {"/a/Friends.v2", "/a/Friends.v2.vexcards"},
         {"/a/vexcards", "/a/vexcards.vexcards"},        {"/a.vexcards/b", "/a.vexcards/b.vexcards"},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(withDocumentSuffix(QString::fromLatin1(c.chosen)).toStdString(), c.path);
+    for (const auto &[chosen, path] : cases)
+        EXPECT_EQ(withDocumentSuffix(QString::fromLatin1(chosen)).toStdString(), path);
 }
 
 TEST(FilePanels, ReadNothingOfTheFilesThatTheyList)

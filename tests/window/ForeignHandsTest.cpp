@@ -101,24 +101,6 @@ TEST_F(ForeignHandsTest, AFileRemovedUnderALockIsMadeAgainOnlyWhenWanted)
     EXPECT_NE(contentOf(path), "made meanwhile");
 }
 
-TEST_F(ForeignHandsTest, TwoProcessesOnOneFileHearOfEachOther)
-{
-    putFile(pathOf(u"password"_qs), password.toUtf8());
-    QProcess second;
-    second.start(QStringLiteral(VEXAREL_PROBE), {u"save"_qs, path, pathOf(u"password"_qs)});
-    ASSERT_TRUE(second.waitForFinished(-1) && second.exitCode() == 0);
-    const QByteArray theirs = contentOf(path);
-    typeNote(u"mine"_qs);
-    save();
-    EXPECT_TRUE(nextAlert().value(0).endsWith(u"has been changed by another program."));
-    dismiss(u"Cancel"_qs);
-    EXPECT_EQ(contentOf(path), theirs);
-    const QString elsewhere = pathOf(u"Mine.vexcards"_qs);
-    saveAs(elsewhere);
-    EXPECT_FALSE(window()->isWindowModified()) << "both versions are there";
-    EXPECT_EQ(contentOf(path), theirs);
-}
-
 TEST_F(ForeignHandsTest, SavingOverAnotherOpenDocumentMakesThatOneAsk)
 {
     const QString second = pathOf(u"Second.vexcards"_qs);
@@ -153,15 +135,6 @@ TEST_F(ForeignHandsTest, WhatMustNotBeWrittenSaysSo)
     save();
     EXPECT_FALSE(window()->isWindowModified()) << "changed rights are no changed content";
     EXPECT_EQ(QFile::permissions(path) & QFile::ReadGroup, QFile::ReadGroup);
-
-    const QString missing = pathOf(u"none/Document.vexcards"_qs);
-    typeNote(u"nowhere"_qs);
-    chooseNextPath(missing);
-    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(nextAlert().value(1), u"The folder does not exist.");
-    dismiss(Qt::Key_Return);
-    EXPECT_EQ(document()->fileURL(), path) << "it keeps its file";
-    EXPECT_TRUE(window()->isWindowModified());
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "window/list/RecordTable.h"
 
-#include "browse/RecordName.h"
 #include "core/RecordModel.h"
 #include "window/accessibility/AccessibleFactory.h"
 #include "window/list/MyTableDelegate.h"
@@ -18,46 +17,15 @@ using namespace Foundation;
 namespace
 {
 
-Ref<Dictionary> newPerson(const Value &firstName, const Value &lastName, const Value &company = {},
-                          bool isCompany = false)
+Ref<Dictionary> newPerson(const QString &firstName, const Value &lastName = {})
 {
     const auto record = Dictionary::create();
     record->setValue(RecordKey::firstName, firstName);
     record->setValue(RecordKey::lastName, lastName);
-    record->setValue(RecordKey::company, company);
-    record->setValue(RecordKey::isCompany, Value(isCompany));
     return record;
 }
 
-const Value none;
-const Value blank = u""_qs;
-const Value ada = u"Ada"_qs;
-const Value byron = u"Byron"_qs;
-const Value acme = u"<i>Acme</i>"_qs;
-
 } // namespace
-
-TEST(RecordName, FollowsTheSwitchAndLeavesNoLooseBlank)
-{
-    const struct
-    {
-        const char *rule;
-        Ref<Dictionary> record;
-        QString name;
-    } cases[] = {
-        {"both names", newPerson(ada, byron, acme), u"Ada Byron"_qs},
-        {"no first name, no leading blank", newPerson(none, byron), u"Byron"_qs},
-        {"an empty first name as well", newPerson(blank, byron), u"Byron"_qs},
-        {"no last name", newPerson(ada, none), u"Ada"_qs},
-        {"an empty last name is appended all the same", newPerson(ada, blank), u"Ada "_qs},
-        {"no name at all", newPerson(none, none), QString()},
-        {"a company", newPerson(ada, byron, acme, true), u"<i>Acme</i>"_qs},
-        {"a company with an empty name shows that", newPerson(ada, byron, blank, true), u""_qs},
-        {"a company without the key falls back", newPerson(ada, byron, none, true), u"Ada Byron"_qs},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(displayedNameOfRecord(*c.record), c.name.isNull() ? u""_qs : c.name) << c.rule;
-}
 
 class RecordTableTest : public testing::Test
 {
@@ -66,7 +34,7 @@ protected:
     {
         const auto content = Array::create();
         for (int i = 0; i < 5; ++i)
-            content->values.push_back(newPerson(QString::number(i), acme));
+            content->values.push_back(newPerson(QString::number(i), u"<i>Acme</i>"_qs));
         records.setContent(content);
         table.setRecords(&records);
         table.setItemDelegateForColumn(RecordTableModel::CategoryColumn, &delegate);
@@ -161,7 +129,7 @@ TEST_F(RecordTableTest, AHeadPutsTheListInItsOrderAndTurnsItRound)
     const auto family = newCategoryRecord(u"Family"_qs, 2);
     const auto content = Array::create();
     for (const QString &name : {u"c"_qs, u"A"_qs, u"b"_qs}) {
-        const auto person = newPerson(name, none);
+        const auto person = newPerson(name);
         person->setValue(RecordKey::categoryPtr, name == u"A" ? family : work);
         content->values.push_back(person);
     }
@@ -184,7 +152,7 @@ TEST_F(RecordTableTest, LettersGoToTheNextNameAndReturnEdits)
 {
     const auto content = Array::create();
     for (const QString &name : {u"Ada"_qs, u"Zoë"_qs, u"Zita"_qs})
-        content->values.push_back(newPerson(name, none));
+        content->values.push_back(newPerson(name));
     records.setContent(content);
     table.selectionModel()->setCurrentIndex(table.model()->index(0, RecordTableModel::CategoryColumn),
                                             QItemSelectionModel::NoUpdate);

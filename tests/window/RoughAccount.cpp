@@ -90,16 +90,12 @@ QStringList RoughAccount::differencesAfterReading(MyDocument &document)
 QStringList RoughAccount::differences(MyDocument &document, const Leave &leave)
 {
     const State now = observe(document);
-    QStringList found = differencesInList(m_state.contacts, now.contacts, leave.contactsMore, leave) +
-                        differencesInList(m_state.categories, now.categories, leave.categoriesMore, leave) +
-                        differencesInTexts(now, leave);
-    for (const int id : now.contacts) {
-        if (!m_state.contacts.contains(id))
-            found += differencesOfNewContact(id, now, leave);
-    }
+    const QStringList found =
+        differencesInList(m_state.contacts, now.contacts, leave.contactsMore, leave) +
+        differencesInList(m_state.categories, now.categories, leave.categoriesMore, leave) +
+        differencesInTexts(now, leave);
     m_state = now;
     for (const auto &[id, texts] : now.texts.asKeyValueRange()) {
-        m_last[id] = texts;
         for (const auto &[key, text] : texts.asKeyValueRange())
             m_history[{id, key}].insert(text);
     }
@@ -123,25 +119,6 @@ QStringList RoughAccount::differencesInList(const QList<int> &before, const QLis
     if (!std::ranges::equal(stay, stayed))
         found.append(QStringLiteral("one is there twice or changed places"));
     return found;
-}
-
-QStringList RoughAccount::differencesOfNewContact(int id, const State &now, const Leave &leave) const
-{
-    const Texts texts = now.texts[id];
-    const auto isCopy = [&](int model) {
-        Texts original = m_state.texts[model];
-        original[RecordKey::creationDate.name()] = texts[RecordKey::creationDate.name()];
-        return texts == original;
-    };
-    Texts last = m_last.value(id, texts);
-    // Its category may have been removed, and the content read, since the contact went.
-    if (!m_state.categories.contains(last.value(categoryKey).toInt()))
-        last[categoryKey] = texts.value(categoryKey);
-    if (last != texts)
-        return {QStringLiteral("%1 came back as another one").arg(id)};
-    if (!leave.copied.isEmpty() && std::none_of(leave.copied.begin(), leave.copied.end(), isCopy))
-        return {QStringLiteral("%1 is the copy of none that was selected").arg(id)};
-    return {};
 }
 
 QStringList RoughAccount::differencesInTexts(const State &now, const Leave &leave) const

@@ -21,14 +21,13 @@ public:
     // What an act may change; by default nothing.
     struct Leave
     {
-        QSet<int> ids; // have `text` under `key` afterwards; any text, if it is null
-        QString key;
-        QString text;
+        QSet<int> ids{}; // have `text` under `key` afterwards; any text, if it is null
+        QString key{};
+        QString text{};
         int contactsMore = 0; // so many at most
         int categoriesMore = 0;
-        QSet<int> vanishing; // one of these contacts and categories may go
-        QSet<int> copied;    // a new contact equals one of these; empty for any
-        bool isUndo = false; // texts under one key may go back to what the same contact once had there
+        QSet<int> vanishing{}; // one of these contacts and categories may go
+        bool isUndo = false;   // texts under one key may go back to what the same contact once had there
     };
 
     // What differs from what the last call found, other than by leave.
@@ -54,13 +53,11 @@ private:
     int numberOf(const Object &object);
     QStringList differencesInList(const QList<int> &before, const QList<int> &after, int more,
                                   const Leave &leave) const;
-    QStringList differencesOfNewContact(int id, const State &now, const Leave &leave) const;
     QStringList differencesInTexts(const State &now, const Leave &leave) const;
 
     State m_state;
     std::map<const Foundation::Dictionary *, int> m_ids;
     std::vector<Object> m_kept; // so that no address is used twice
     int m_lastId = Captions;
-    QMap<int, Texts> m_last; // also of those that are gone
     QMap<std::pair<int, QString>, QSet<QString>> m_history;
 };

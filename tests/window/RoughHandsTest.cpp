@@ -210,10 +210,8 @@ protected:
     void undoOrRedo() { undo(random(3) ? Ctrl : CtrlShift); }
     void undo(Qt::KeyboardModifiers modifiers)
     {
-        Leave leave;
-        leave.isUndo = true;
-        leave.contactsMore = 1;
-        leave.vanishing = {account().contacts().begin(), account().contacts().end()};
+        const QSet<int> any{account().contacts().begin(), account().contacts().end()};
+        const Leave leave{.contactsMore = 1, .vanishing = any, .isUndo = true};
         strike({Qt::Key_Z, modifiers});
         check(leave);
     }
@@ -260,31 +258,18 @@ protected:
         const qsizetype before = account().contacts().size();
         if (before >= MostContacts)
             return deleteOne();
-        Leave leave;
-        leave.contactsMore = 1;
         strike({Qt::Key_N, CtrlShift});
         fieldBefore = nullptr; // The same field may go on with the new contact.
-        check(leave);
+        check({.contactsMore = 1});
         if (account().contacts().size() > before && selected() != QSet<int>{account().contacts().last()} &&
             isFieldOfForm(nameOfFocus()))
             wrong(u"the focus is in a field that does not show the new contact"_qs);
     }
-    void searchAndAdd()
-    {
-        static constexpr Qt::Key notInNewContacts[] = {Qt::Key_B, Qt::Key_Z, Qt::Key_7};
-        goToAndStrike(u"myTableView"_qs, {Qt::Key_F2, {}});
-        strikeIntoFocus({Qt::Key_F, Ctrl});
-        strikeIntoFocus({oneOf(notInNewContacts), {}});
-        child(u"lastName"_qs)->setFocus();
-        addOne();
-    }
     void duplicateOne()
     {
-        Leave leave;
-        leave.copied = selected();
-        leave.contactsMore = leave.copied.isEmpty() ? 0 : 1;
         if (account().contacts().size() >= MostContacts)
             return deleteOne();
+        const Leave leave{.contactsMore = selected().isEmpty() ? 0 : 1};
         strike({Qt::Key_D, Ctrl});
         check(leave);
     }
@@ -387,24 +372,19 @@ protected:
     // Chooses what to do next by what stands in front.
     void step()
     {
-        static constexpr Act actsInSheet[] = {
-            {2, &RoughHandsTest::strikeSomeKey}, {2, &RoughHandsTest::typeSomething},
-            {1, &RoughHandsTest::turnWheel},     {4, &RoughHandsTest::clickControl},
-            {1, &RoughHandsTest::lockByItself},  {1, &RoughHandsTest::goToOther}};
-        static constexpr Act actsInLockedWindow[] = {{1, &RoughHandsTest::goToOther},
-                                                     {1, &RoughHandsTest::strikeSomeKey},
-                                                     {1, &RoughHandsTest::undoOrRedo},
-                                                     {3, &RoughHandsTest::unlockIt}};
+        using Self = RoughHandsTest;
+        static constexpr Act actsInSheet[] = {{2, &Self::strikeSomeKey}, {2, &Self::typeSomething},
+                                              {1, &Self::turnWheel},     {4, &Self::clickControl},
+                                              {1, &Self::lockByItself},  {1, &Self::goToOther}};
+        static constexpr Act actsInLockedWindow[] = {
+            {1, &Self::goToOther}, {1, &Self::strikeSomeKey}, {1, &Self::undoOrRedo}, {3, &Self::unlockIt}};
         static constexpr Act acts[] = {
-            {14, &RoughHandsTest::typeSomething}, {16, &RoughHandsTest::strikeSomeKey},
-            {4, &RoughHandsTest::typeAndUndo},    {8, &RoughHandsTest::undoOrRedo},
-            {12, &RoughHandsTest::clickRow},      {12, &RoughHandsTest::clickField},
-            {1, &RoughHandsTest::clickHead},      {4, &RoughHandsTest::addOne},
-            {2, &RoughHandsTest::duplicateOne},   {4, &RoughHandsTest::deleteOne},
-            {3, &RoughHandsTest::chooseFilter},   {3, &RoughHandsTest::chooseCategory},
-            {1, &RoughHandsTest::callCaptions},   {6, &RoughHandsTest::turnWheel},
-            {1, &RoughHandsTest::lockByItself},   {1, &RoughHandsTest::openAgain},
-            {3, &RoughHandsTest::goToOther}};
+            {14, &Self::typeSomething}, {16, &Self::strikeSomeKey}, {4, &Self::typeAndUndo},
+            {8, &Self::undoOrRedo},     {12, &Self::clickRow},      {12, &Self::clickField},
+            {1, &Self::clickHead},      {4, &Self::addOne},         {2, &Self::duplicateOne},
+            {4, &Self::deleteOne},      {3, &Self::chooseFilter},   {3, &Self::chooseCategory},
+            {1, &Self::callCaptions},   {6, &Self::turnWheel},      {1, &Self::lockByItself},
+            {1, &Self::openAgain},      {3, &Self::goToOther}};
         steps.append(u"%1 in %2:"_qs.arg(steps.size()).arg(here));
         while (QWidget *popUp = QApplication::activePopupWidget())
             popUp->close();

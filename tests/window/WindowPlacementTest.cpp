@@ -26,11 +26,7 @@ TEST(WindowPlacement, WindowsStayInReach)
     const QSize minimum(560, 340);
     const QSize usual(980, 640);
     constexpr int TitleBar = 28;
-    const struct
-    {
-        const char *rule;
-        QRect wanted, shown;
-    } cases[] = {
+    const std::tuple<const char *, QRect, QRect> cases[] = {
         {"a good one is left alone", {100, 50, 900, 600}, {100, 50, 900, 600}},
         {"also on another screen", {1700, 10, 900, 600}, {1700, 10, 900, 600}},
         {"partly off, but the title bar can be reached", {1400, 700, 900, 600}, {1400, 700, 900, 600}},
@@ -42,8 +38,8 @@ TEST(WindowPlacement, WindowsStayInReach)
         {"above: the title bar under the panel", {100, 10, 900, 600}, {100, 30, 900, 600}},
         {"below", {100, 990, 900, 600}, {100, 372, 900, 600}},
     };
-    for (const auto &c : cases)
-        EXPECT_EQ(reachableRect(c.wanted, minimum, usual, TitleBar, {left, right}), c.shown) << c.rule;
+    for (const auto &[rule, wanted, shown] : cases)
+        EXPECT_EQ(reachableRect(wanted, minimum, usual, TitleBar, {left, right}), shown) << rule;
     EXPECT_EQ(reachableRect({100, 50, 1500, 900}, minimum, usual, TitleBar, {right}).size(), QSize(1280, 900))
         << "the one screen that the window can be on";
 }
