@@ -2,7 +2,7 @@
 
 #include "window/application/Application.h"
 
-// What nearly everyone who uses the windows looks at.
+// Headers that nearly all users of this class need.
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -15,77 +15,76 @@
 #include <QToolBar>
 #include <QToolButton>
 
-// Uses a running application as a person would: by keys and buttons, looking at what the windows show. These
-// verbs are shared by the tour and the tests of windows; each of them says in its own way what is not as it
-// should be.
+// Uses a running application like a person: by keys and buttons, and by the texts that the windows show. The
+// tour and the window tests share these functions; each reports failures in its own way.
 class WindowUser
 {
 public:
-    static constexpr int Patience = 60000; // in milliseconds; for a slow machine with a lot else to do
+    static constexpr int Patience = 60000; // in milliseconds, enough for a slow and busy machine
 
     virtual ~WindowUser() = default;
 
-    // Reports `what` unless it holds. Returns `holds`.
+    // Reports the failure `what` if `holds` is false. Returns `holds`.
     virtual bool expect(bool holds, const QString &what) const = 0;
-    // Lets events run until the condition holds; false if it does not within Patience.
+    // Processes events until the condition holds. Returns false if it does not hold within Patience.
     static bool eventually(const std::function<bool()> &condition);
     static void runEvents();
 
-    // The newest one, and its window; null without one.
+    // The newest document and its window; null if there is none.
     MyDocument *document() const;
     DocumentWindowController *controller() const { return m_application->windowOf(document()); }
     DocumentMainWindow *window() const { return controller() ? controller()->mainWindow() : nullptr; }
-    // The sheet, alert or panel that stands on the window; null without one.
+    // The open sheet, alert or panel of the window; null without one.
     QDialog *sheet() const { return qobject_cast<QDialog *>(QApplication::activeModalWidget()); }
-    // The sheet, or the window without one.
+    // The sheet, or the window if there is none.
     QWidget *front() const { return sheet() ? static_cast<QWidget *>(sheet()) : window(); }
-    // Of the sheet, and without one of the window.
+    // A control of the sheet, or of the window if there is no sheet.
     template <class Control>
     Control *control(const char *name) const
     {
         return front()->findChild<Control *>(QString::fromLatin1(name));
     }
-    // Of a menu of the window.
+    // An item in a menu of the window.
     QAction *item(const char *name) const { return window()->findChild<QAction *>(QLatin1String(name)); }
-    // Null without a button of that title.
+    // The button with that title, or null.
     QToolButton *toolButton(const QString &title) const;
     // The text of a field.
     QString field(const char *name) const { return control<QLineEdit>(name)->text(); }
-    // Of the list, from top to bottom.
+    // The names in the list, from top to bottom.
     QStringList names() const;
-    // The texts of the alert that comes next, message first. Empty if none comes.
+    // Waits for an alert and returns its texts, the message first. Empty if none opens.
     QStringList nextAlert() const;
     bool sheetComes(const QString &name) const;
-    // Waits for the window to be without a sheet and active.
+    // Waits until the window has no sheet and is active.
     bool windowIsActive() const;
 
     void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const;
-    // Into what has the focus.
+    // Types into the focused widget.
     void type(const QString &text) const;
     void click(QWidget *control) const;
-    // Presses the button of the sheet and lets it go.
+    // Clicks a button of the sheet.
     void answer(const QString &button) const;
-    // The same, and waits for the window to be without a sheet.
+    // The same, and waits until the window has no sheet.
     void dismiss(int key) const;
     void dismiss(const QString &button) const;
-    // Types each text over what stands in a field, from the field with the focus on. A null text leaves its
-    // field.
+    // Types each text into a field in place of its content, beginning with the focused field. A null text
+    // skips its field.
     void fillIn(const QStringList &texts) const;
     void enterField(const char *name, const QString &text) const;
     void selectRow(int row) const;
 
-    // A new document whose password sheet has come.
+    // Makes a new document and waits for its password sheet.
     void makeNewDocument() const;
     void enterFirstPasswords(const QString &first, const QString &second) const;
-    // A new document that has taken its password.
+    // Makes a new document with its password.
     void makeProtectedDocument(const QString &password) const;
     void unlock(const QString &text) const;
-    // With the keys alone.
+    // Uses only the keyboard.
     void addContact(const QString &firstName, const QString &lastName) const;
 
 protected:
     void setApplication(Application *application) { m_application = application; }
-    // Where a window manager decides which window gets the keys, waits for the one in front to get them.
+    // With a window manager, waits until the window is active.
     virtual void awaitActiveWindow() const {}
 
 private:
