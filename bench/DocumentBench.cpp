@@ -126,10 +126,10 @@ void measureOpening(benchmark::State &state, const QByteArray &file, const QStri
 {
     measure(state, file, [&] {
         auto document = std::make_unique<DocumentState>();
-        readDocument(file, *document, Foundation::Services::shared().clock());
+        const bool isRead = readDocument(file, *document, Foundation::Services::shared().clock()).succeeded();
         document->plainPassword = password;
-        if (DecryptPipeline(*document, Foundation::Services::shared().clock(), &defaultCategory).decript() !=
-            DecryptSuccess)
+        if (!isRead ||
+            !DecryptPipeline(*document, Foundation::Services::shared().clock(), &defaultCategory).decript())
             state.SkipWithError("the document does not open");
         return document;
     });
@@ -156,7 +156,7 @@ void lockDocument(benchmark::State &state)
     const QByteArray archive = archiveOf(document);
     measure(state, archive, [&] {
         SavePipeline(document).encryptData();
-        return SavePipeline::canBeRead(document);
+        return SavePipeline::canBeRead(document).succeeded();
     });
 }
 

@@ -33,12 +33,12 @@ namespace
 
 bool open(const QByteArray &file, DocumentState &state)
 {
-    if (readDocument(file, state, Foundation::Services::shared().clock()) != ReadOutcome::Loaded)
+    if (!readDocument(file, state, Foundation::Services::shared().clock()))
         return false;
     state.plainPassword = FuzzedPassword;
     DecryptPipeline pipeline(state, Foundation::Services::shared().clock(),
                              [] { return newCategoryRecord(QStringLiteral("Generic"), 1); });
-    if (pipeline.decript() != DecryptSuccess)
+    if (!pipeline.decript())
         return false;
     state.isEncrypted = false;
     state.YouCanSave = true;

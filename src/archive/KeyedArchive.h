@@ -27,10 +27,10 @@ namespace Foundation
 // archive or are damaged or cut off, or if they contain an object of another class, an object that contains
 // itself, nesting deeper than 512, or shared containers that expand too much (see ObjectMemo). Time and
 // memory are bounded by the size of `bytes` (see ReadBudget).
-std::optional<Value> unarchivedRoot(const QByteArray &bytes);
+[[nodiscard]] std::optional<Value> unarchivedRoot(const QByteArray &bytes);
 // Charges a given budget. For many small archives of one file, since a budget of its own would allow each of
 // them much more than its size. Returns nothing also when the budget is spent.
-std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget);
+[[nodiscard]] std::optional<Value> unarchivedRoot(const QByteArray &bytes, ReadBudget &budget);
 
 // Whether a file of that size can be an archive, judged by its first and last bytes, so that the rest of a
 // file that is none need not be read. `tail` must have at least 32 bytes.

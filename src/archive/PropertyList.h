@@ -18,11 +18,11 @@ namespace Foundation
 // bounded by the size of `bytes` (see ReadBudget).
 
 // Reads a binary ("bplist00") or XML property list; the first bytes decide which.
-std::optional<Value> readPropertyList(const QByteArray &bytes);
+[[nodiscard]] std::optional<Value> readPropertyList(const QByteArray &bytes);
 
 // Reads XML 1.0 with the public property list DTD, in UTF-8, UTF-16, UTF-32 or Latin-1. Refuses declarations
 // in the document type and tags of more than 1024 bytes, and never expands entities.
-std::optional<Value> readXmlPropertyList(const QByteArray &bytes);
+[[nodiscard]] std::optional<Value> readXmlPropertyList(const QByteArray &bytes);
 
 // An archived null, and Null inside an array, become the text "$null", because the format has no such value.
 QByteArray writeBinaryPropertyList(const Value &root);

@@ -9,6 +9,7 @@
 
 using Foundation::Array;
 using Foundation::Dictionary;
+using Foundation::Failure;
 using Foundation::Ref;
 using Foundation::Value;
 
@@ -25,7 +26,7 @@ Ref<Array> dictionariesIn(const Value &value)
 
 } // namespace
 
-qint32 DecryptPipeline::decript()
+DecryptResult<> DecryptPipeline::decript()
 {
     m_hasReplacedLabels = false;
     m_state.myCryptoEngine.setPassword(m_state.plainPassword);
@@ -46,104 +47,100 @@ qint32 DecryptPipeline::decript()
     case DecryptPath::NoEngine:
         break;
     }
-    return DecryptWrongPassword;
+    return Failure{DecryptWrongPassword};
 }
 
-qint32 DecryptPipeline::provePassword()
+DecryptResult<> DecryptPipeline::provePassword() const
 {
     qint32 status = 0;
     auto check = m_state.myCommonCrypto->decrypt(m_state.myRCDataEncrypted, &status);
     if (!check)
-        return status;
+        return decryptFailure(status);
     const SecretBytes plain(std::move(*check));
-    return VLCommonCrypto::dataSHA1(plain.bytes()) == m_state.mySha1_RcData ? DecryptSuccess
-                                                                            : DecryptWrongPassword;
+    if (VLCommonCrypto::dataSHA1(plain.bytes()) != m_state.mySha1_RcData)
+        return Failure{DecryptWrongPassword};
+    return {};
 }
 
-qint32 DecryptPipeline::openBuffer(const QByteArray &buffer, Value *root)
+DecryptResult<Value> DecryptPipeline::openBuffer(const QByteArray &buffer) const
 {
     qint32 status = 0;
     auto plain = m_state.myCommonCrypto->decrypt(buffer, &status);
     if (!plain)
-        return status;
+        return decryptFailure(status);
     const SecretBytes archive(std::move(*plain));
     const auto content = Foundation::unarchivedRoot(archive.bytes());
     if (!content)
-        return DecryptDamagedContent;
-    *root = *content;
-    return DecryptSuccess;
+        return Failure{DecryptDamagedContent};
+    return *content;
 }
 
-qint32 DecryptPipeline::takeDictionaries(QByteArray &buffer, Ref<Array> *dictionaries)
+DecryptResult<Ref<Array>> DecryptPipeline::takeDictionaries(QByteArray &buffer)
 {
-    Value root;
-    if (const qint32 status = openBuffer(buffer, &root); status != DecryptSuccess)
-        return status;
-    *dictionaries = dictionariesIn(root);
-    if (!*dictionaries)
-        return DecryptDamagedContent;
+    const auto root = openBuffer(buffer);
+    if (!root)
+        return root.failure();
+    const Ref<Array> dictionaries = dictionariesIn(*root);
+    if (!dictionaries)
+        return Failure{DecryptDamagedContent};
     buffer = QByteArray();
-    return DecryptSuccess;
+    return dictionaries;
 }
 
-qint32 DecryptPipeline::readLabels(bool resetsFlags)
+DecryptResult<> DecryptPipeline::readLabels(bool resetsFlags)
 {
-    Value root;
-    if (const qint32 status = openBuffer(m_state.myEncriptedLabelDictionaryData, &root);
-        status != DecryptSuccess)
-        return status;
+    const auto root = openBuffer(m_state.myEncriptedLabelDictionaryData);
+    if (!root)
+        return root.failure();
     // Null stands for no captions at all, which has no flags to reset either.
-    const Ref<Dictionary> labels = root.isNull() ? Dictionary::create() : root.dictionary();
+    const Ref<Dictionary> labels = root->isNull() ? Dictionary::create() : root->dictionary();
     if (!labels)
-        return DecryptDamagedContent;
-    if (resetsFlags && !root.isNull())
+        return Failure{DecryptDamagedContent};
+    if (resetsFlags && !root->isNull())
         resetOpenFlags(*labels);
     m_state.myLabelDictionary = labels; // Its buffer stays, unlike the others.
     m_hasReplacedLabels = true;
-    return DecryptSuccess;
+    return {};
 }
 
-qint32 DecryptPipeline::takeCreationDate()
+DecryptResult<> DecryptPipeline::takeCreationDate()
 {
-    Value root;
-    if (const qint32 status = openBuffer(m_state.myEncryptedDocumentCreationDateData, &root);
-        status != DecryptSuccess)
-        return status;
-    if (!root.isDate() && !root.isNull())
-        return DecryptDamagedContent;
-    m_state.documentCreationDate = root;
+    const auto root = openBuffer(m_state.myEncryptedDocumentCreationDateData);
+    if (!root)
+        return root.failure();
+    if (!root->isDate() && !root->isNull())
+        return Failure{DecryptDamagedContent};
+    m_state.documentCreationDate = *root;
     m_state.myEncryptedDocumentCreationDateData = QByteArray();
-    return DecryptSuccess;
+    return {};
 }
 
-qint32 DecryptPipeline::readWithEngine(bool resetsOpenFlags)
+DecryptResult<> DecryptPipeline::readWithEngine(bool resetsOpenFlags)
 {
-    if (const qint32 status = provePassword(); status != DecryptSuccess)
-        return status;
-    Ref<Array> records;
-    if (const qint32 status = takeDictionaries(m_state.myEncryptedArrayData, &records);
-        status != DecryptSuccess)
-        return status;
-    Ref<Array> categories;
-    if (const qint32 status = takeDictionaries(m_state.myEncryptedCategoryArrayData, &categories);
-        status != DecryptSuccess)
-        return status;
-    if (const qint32 status = readLabels(resetsOpenFlags); status != DecryptSuccess)
-        return status;
-    if (const qint32 status = takeCreationDate(); status != DecryptSuccess)
-        return status;
-    finish(records, categories);
-    return DecryptSuccess;
+    if (auto proved = provePassword(); !proved)
+        return proved;
+    const auto records = takeDictionaries(m_state.myEncryptedArrayData);
+    if (!records)
+        return records.failure();
+    const auto categories = takeDictionaries(m_state.myEncryptedCategoryArrayData);
+    if (!categories)
+        return categories.failure();
+    if (auto labels = readLabels(resetsOpenFlags); !labels)
+        return labels;
+    if (auto date = takeCreationDate(); !date)
+        return date;
+    finish(*records, *categories);
+    return {};
 }
 
-qint32 DecryptPipeline::readOldRelease(DecryptPath path)
+DecryptResult<> DecryptPipeline::readOldRelease(DecryptPath path)
 {
     ReleaseMigration migration(m_state, m_clock);
-    const qint32 status = migration.read(path);
+    auto read = migration.read(path);
     m_hasReplacedLabels = migration.hasReplacedLabels();
-    if (status == DecryptSuccess)
+    if (read)
         finish(migration.records(), migration.categories());
-    return status;
+    return read;
 }
 
 void DecryptPipeline::finish(const Ref<Array> &records, const Ref<Array> &categories)

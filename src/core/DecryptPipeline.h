@@ -1,19 +1,11 @@
 #pragma once
 
+#include "core/DecryptStatus.h"
 #include "core/DocumentState.h"
 #include "core/FileLayout.h"
 #include "platform/Services.h"
 
 #include <functional>
-#include <optional>
-
-// What a decryption reports beside the ciphers' own negative statuses. Callers only tell zero from the rest.
-enum DecryptStatus : qint32 {
-    DecryptSuccess = 0,
-    DecryptWrongPassword = 1,   // the digest of the check value differs, or nothing can decipher such a file
-    DecryptUnreadableField = 2, // of a file whose fields are enciphered one by one
-    DecryptDamagedContent = 3,  // behind a right password
-};
 
 // Opens the buffers of a document with its password: proves the password by the check pair, deciphers
 // records, categories, captions and creation date, and links every record to its category.
@@ -41,8 +33,9 @@ public:
     {
     }
 
-    // A DecryptStatus or a VLCipherStatus; 0 is success.
-    qint32 decript();
+    // The code of a failure is of one of three families: VLCipherStatus, VLLegacyCode or the pipeline's own;
+    // see DecryptStatus.
+    DecryptResult<> decript();
     // Whether the last decript() replaced the captions, which may happen before it failed.
     bool hasReplacedLabels() const { return m_hasReplacedLabels; }
 
@@ -53,18 +46,18 @@ public:
     void restoreFromSaveOperationContent(const Array &records, Array &categoryArray);
 
 private:
-    qint32 readWithEngine(bool resetsOpenFlags);
-    qint32 readOldRelease(DecryptPath path);
+    DecryptResult<> readWithEngine(bool resetsOpenFlags);
+    DecryptResult<> readOldRelease(DecryptPath path);
     // Puts both in place, linked to each other.
     void finish(const Foundation::Ref<Array> &records, const Foundation::Ref<Array> &categories);
-    qint32 provePassword();
+    DecryptResult<> provePassword() const;
     // Deciphers a buffer and reads the archive in it.
-    qint32 openBuffer(const QByteArray &buffer, Foundation::Value *root);
+    DecryptResult<Foundation::Value> openBuffer(const QByteArray &buffer) const;
     // The steps behind a right password. A step that succeeds consumes its buffer, except that of the
     // captions.
-    qint32 takeDictionaries(QByteArray &buffer, Foundation::Ref<Array> *dictionaries);
-    qint32 readLabels(bool resetsFlags);
-    qint32 takeCreationDate();
+    DecryptResult<Foundation::Ref<Array>> takeDictionaries(QByteArray &buffer);
+    DecryptResult<> readLabels(bool resetsFlags);
+    DecryptResult<> takeCreationDate();
 
     DocumentState &m_state;
     const Foundation::Clock &m_clock; // for documents that have no creation date

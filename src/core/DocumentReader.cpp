@@ -64,12 +64,13 @@ void loadLayoutD(const Dictionary &root, DocumentState &state)
 
 } // namespace
 
-ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state, const Foundation::Clock &clock)
+Foundation::Result<void, ReadError> readDocument(const QByteArray &bytes, DocumentState &state,
+                                                 const Foundation::Clock &clock)
 {
     const auto archive = Foundation::unarchivedRoot(bytes);
     const Ref<Dictionary> root = archive ? archive->dictionary() : nullptr;
     if (!root)
-        return ReadOutcome::NotADocument;
+        return Foundation::Failure{ReadError::NotADocument};
     state.YouCanSave = false;
     state.requiresMandatoryPassword = false; // A file has its password already.
     state.myOpeningDocumentVersion = root->value(FileKey::appversion).unsignedLongValue();
@@ -80,7 +81,7 @@ ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state, const Fo
 
     const auto layout = fileLayoutOfVersion(state.myOpeningDocumentVersion);
     if (!layout)
-        return ReadOutcome::NewerFormat;
+        return Foundation::Failure{ReadError::NewerFormat};
     switch (*layout) {
     case FileLayout::A:
         loadLayoutA(*root, state, clock);
@@ -95,5 +96,5 @@ ReadOutcome readDocument(const QByteArray &bytes, DocumentState &state, const Fo
         loadLayoutD(*root, state);
         break;
     }
-    return ReadOutcome::Loaded;
+    return {};
 }

@@ -12,7 +12,7 @@ namespace Foundation
 // 128. Passwords and texts of documents up to release 30000 stand in it.
 
 // Nothing if a character has no byte; an empty array for an empty or null text.
-std::optional<QByteArray> macRomanBytes(const QString &text);
+[[nodiscard]] std::optional<QByteArray> macRomanBytes(const QString &text);
 
 // Every byte is a character.
 QString textFromMacRoman(const QByteArray &bytes);

@@ -2,7 +2,6 @@
 
 #include "archive/KeyedArchive.h"
 #include "core/ContactFields.h"
-#include "core/DecryptPipeline.h"
 #include "core/ReleaseDate.h"
 #include "helpers/VLColorUtilOSX.h"
 #include "values/OpaqueObject.h"
@@ -11,6 +10,7 @@ using Foundation::Array;
 using Foundation::Color;
 using Foundation::ColorObject;
 using Foundation::Dictionary;
+using Foundation::Failure;
 using Foundation::Key;
 using Foundation::Ref;
 using Foundation::Value;
@@ -71,134 +71,135 @@ ReleaseMigration::ReleaseMigration(DocumentState &state, const Foundation::Clock
 {
 }
 
-qint32 ReleaseMigration::read(DecryptPath path)
+DecryptResult<> ReleaseMigration::read(DecryptPath path)
 {
-    if (!m_state.myCryptoEngine.hasKey() || !m_state.myEncryptedArray || !m_state.myEncryptedCategoryArray)
-        return DecryptUnreadableField;
-    if (const qint32 code = readCreationDate(path))
-        return code;
+    if (!m_state.myCryptoEngine.hasKey())
+        return decryptFailure(LegacyFinalFailed);
+    if (!m_state.myEncryptedArray || !m_state.myEncryptedCategoryArray)
+        return Failure{DecryptUnreadableField};
+    if (auto date = readCreationDate(path); !date)
+        return date;
     if (path != DecryptPath::Release1000) {
-        if (const qint32 code = readLabels())
-            return code;
+        if (auto labels = readLabels(); !labels)
+            return labels;
     }
-    if (const qint32 code = readRecords(path))
-        return code;
-    if (const qint32 code = readCategories(path))
-        return code;
+    if (auto records = readRecords(path); !records)
+        return records;
+    if (auto categories = readCategories(path); !categories)
+        return categories;
     adjustCategoriesFromOldRelease(*m_categories);
     adjustRecordsFromOldRelease(*m_records);
-    return DecryptSuccess;
+    return {};
 }
 
-qint32 ReleaseMigration::readCreationDate(DecryptPath path)
+DecryptResult<> ReleaseMigration::readCreationDate(DecryptPath path)
 {
     if (path == DecryptPath::Release1000) {
         m_state.documentCreationDate = Value::date(m_clock.secondsSince2001());
-        return DecryptSuccess;
+        return {};
     }
     quint32 code = 0;
     const auto text =
         m_state.myCryptoEngine.decryptToString(m_state.myEncryptedDocumentCreationDateData, &code);
     if (!text)
-        return qint32(code);
+        return decryptFailure(qint32(code));
     const HourPattern hours =
         path == DecryptPath::Release1100 ? HourPattern::TwentyFour : HourPattern::Twelve;
     const auto seconds = secondsOfReleaseDate(*text, hours);
     m_state.documentCreationDate = seconds ? Value::date(*seconds) : Value();
-    return DecryptSuccess;
+    return {};
 }
 
-qint32 ReleaseMigration::readLabels()
+DecryptResult<> ReleaseMigration::readLabels()
 {
     if (const Ref<Dictionary> stored = m_state.myEncriptedLabelDictionary) {
         const auto labels = Dictionary::create();
         for (const ContactField &field : contactFields()) {
             if (!field.caption || field.oldReleasePlace == 0)
                 continue;
-            Value caption;
-            if (const qint32 code = readField(*stored, field.key, TextField, &caption))
-                return code;
-            labels->setValue(field.key, caption);
+            const auto caption = readField(*stored, field.key, TextField);
+            if (!caption)
+                return caption.failure();
+            labels->setValue(field.key, *caption);
         }
         m_state.myLabelDictionary = labels;
     }
     // These releases had no flags.
     resetOpenFlags(*m_state.myLabelDictionary);
     m_hasReplacedLabels = true;
-    return DecryptSuccess;
+    return {};
 }
 
-qint32 ReleaseMigration::readRecords(DecryptPath path)
+DecryptResult<> ReleaseMigration::readRecords(DecryptPath path)
 {
     m_records = Array::create();
     m_records->values.reserve(m_state.myEncryptedArray->values.size());
     for (const Value &entry : m_state.myEncryptedArray->values) {
         const Ref<Dictionary> stored = takeEntry(entry);
         if (!stored)
-            return DecryptUnreadableField;
+            return Failure{DecryptUnreadableField};
         const auto record = Dictionary::create();
         record->reserve(recordFields().size() + 1); // and the category it will point at
-        if (const qint32 code = readRecord(*stored, path, *record))
-            return code;
+        if (auto read = readRecord(*stored, path, *record); !read)
+            return read;
         m_records->values.emplace_back(record);
     }
-    return DecryptSuccess;
+    return {};
 }
 
-qint32 ReleaseMigration::readRecord(const Dictionary &stored, DecryptPath path, Dictionary &record)
+DecryptResult<> ReleaseMigration::readRecord(const Dictionary &stored, DecryptPath path, Dictionary &record)
 {
     for (const ContactField *field : recordFields()) {
         const Key &key = field->key;
         const bool isNumber = key == RecordKey::cat_uniqueID;
-        Value content(qint64(0));
-        if (!isNumber || path == DecryptPath::PerField) {
-            const FieldKind kind = isNumber ? NumberField : TextField;
-            if (const qint32 code = readField(stored, key, kind, &content))
-                return code;
-        }
-        record.setValue(key, key == RecordKey::isCompany ? Value(content.intValue()) : content);
+        const bool isInFile = !isNumber || path == DecryptPath::PerField;
+        const FieldKind kind = isNumber ? NumberField : TextField;
+        const auto content = isInFile ? readField(stored, key, kind) : Value(qint64(0));
+        if (!content)
+            return content.failure();
+        record.setValue(key, key == RecordKey::isCompany ? Value(content->intValue()) : *content);
     }
-    return DecryptSuccess;
+    return {};
 }
 
-qint32 ReleaseMigration::readCategories(DecryptPath path)
+DecryptResult<> ReleaseMigration::readCategories(DecryptPath path)
 {
     m_categories = Array::create();
     for (const Value &entry : m_state.myEncryptedCategoryArray->values) {
         const Ref<Dictionary> stored = takeEntry(entry);
         if (!stored)
-            return DecryptUnreadableField;
+            return Failure{DecryptUnreadableField};
         const auto category = Dictionary::create();
-        if (const qint32 code = readCategory(*stored, path, m_categories->count() + 1, *category))
-            return code;
+        if (auto read = readCategory(*stored, path, m_categories->count() + 1, *category); !read)
+            return read;
         m_categories->values.emplace_back(category);
     }
-    return DecryptSuccess;
+    return {};
 }
 
-qint32 ReleaseMigration::readCategory(const Dictionary &stored, DecryptPath path, qint64 number,
-                                      Dictionary &category)
+DecryptResult<> ReleaseMigration::readCategory(const Dictionary &stored, DecryptPath path, qint64 number,
+                                               Dictionary &category)
 {
-    Value content;
     for (const Key &key : {CategoryKey::cat_category, cat_mark}) {
-        if (const qint32 code = readField(stored, key, TextField, &content))
-            return code;
-        category.setValue(key, content);
+        const auto content = readField(stored, key, TextField);
+        if (!content)
+            return content.failure();
+        category.setValue(key, *content);
     }
     category.setValue(CategoryKey::cat_howManyUsingThis, Value(qint64(0)));
     const bool isInFile = path == DecryptPath::PerField;
     for (const Key &key : {CategoryKey::cat_backColor, CategoryKey::cat_textColor}) {
-        content = Value();
-        const qint32 code = isInFile ? readField(stored, key, ColorField, &content) : DecryptSuccess;
-        if (code)
-            return code;
+        const auto content = isInFile ? readField(stored, key, ColorField) : Value();
+        if (!content)
+            return content.failure();
         // A colour that cannot be read is no reason to withhold an address book.
-        category.setValue(key, content.isNull() ? colorValue(inventedColor(key)) : content);
+        category.setValue(key, content->isNull() ? colorValue(inventedColor(key)) : *content);
     }
-    content = Value(number);
-    const qint32 code = isInFile ? readField(stored, CategoryKey::cat_uniqueID, NumberField, &content) : 0;
-    category.setValue(CategoryKey::cat_uniqueID, content);
-    return code;
+    const auto id = isInFile ? readField(stored, CategoryKey::cat_uniqueID, NumberField) : Value(number);
+    if (!id)
+        return id.failure();
+    category.setValue(CategoryKey::cat_uniqueID, *id);
+    return {};
 }
 
 Ref<Dictionary> ReleaseMigration::takeEntry(const Value &entry)
@@ -213,41 +214,46 @@ Ref<Dictionary> ReleaseMigration::takeEntry(const Value &entry)
     return entry.dictionary();
 }
 
-qint32 ReleaseMigration::readField(const Dictionary &stored, const Key &key, FieldKind kind, Value *content)
+DecryptResult<Value> ReleaseMigration::readField(const Dictionary &stored, const Key &key, FieldKind kind)
 {
     const Value &cipherText = stored.value(key);
     if (!cipherText.isNull() && cipherText.type() != Value::Type::Data)
-        return DecryptUnreadableField;
+        return Failure{DecryptUnreadableField};
     std::optional<Value> *const known =
         isShared(cipherText) ? &m_memos[kind][cipherText.sharedObject()] : nullptr;
-    if (known && known->has_value()) {
-        *content = **known;
-        return DecryptSuccess;
-    }
-    quint32 code = 0;
-    *content = deciphered(cipherText.dataValue(), kind, &code);
-    if (known && code == LegacySuccess)
+    if (known && known->has_value())
+        return **known;
+    auto content = deciphered(cipherText.dataValue(), kind);
+    if (known && content)
         *known = *content;
-    return qint32(code);
+    return content;
 }
 
-Value ReleaseMigration::deciphered(const QByteArray &bytes, FieldKind kind, quint32 *code)
+DecryptResult<Value> ReleaseMigration::deciphered(const QByteArray &bytes, FieldKind kind)
 {
     const VLCrypto &engine = m_state.myCryptoEngine;
+    quint32 code = 0;
+    Value content;
     switch (kind) {
     case TextField:
-        return Value(engine.decryptToString(bytes, code).value_or(QString()));
+        content = engine.decryptToString(bytes, &code).value_or(QString());
+        break;
     case NumberField:
-        return Value(engine.decryptToLong(bytes, code));
+        content = Value(engine.decryptToLong(bytes, &code));
+        break;
     case ColorField: {
-        const auto archive = engine.decryptToData(bytes, code);
+        const auto archive = engine.decryptToData(bytes, &code);
         const auto color = archive ? Foundation::unarchivedRoot(*archive, m_colorBudget) : std::nullopt;
-        return color && color->color() ? *color : Value();
+        if (color && color->color())
+            content = *color;
+        break;
     }
     case FieldKinds:
         break;
     }
-    return {};
+    if (code != LegacySuccess)
+        return decryptFailure(qint32(code));
+    return content;
 }
 
 void adjustCategoriesFromOldRelease(Array &categories)

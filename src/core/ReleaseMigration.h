@@ -1,6 +1,7 @@
 #pragma once
 
 #include "archive/ReadBudget.h"
+#include "core/DecryptStatus.h"
 #include "core/DocumentState.h"
 #include "core/FileLayout.h"
 #include "platform/Services.h"
@@ -18,12 +19,12 @@ public:
     // Both outlive this. The clock dates documents of the oldest release, which have no creation date.
     ReleaseMigration(DocumentState &state, const Foundation::Clock &clock);
 
-    // One of the three paths of old releases. 0, or the code of the first field that does not open: a wrong
-    // password, or damage, which nothing tells apart. Takes the creation date, and then the captions, before
-    // anything else is tried, and leaves them so whatever comes after.
-    qint32 read(DecryptPath path);
+    // One of the three paths of old releases. Fails with the VLLegacyCode of the first field that does not
+    // open: a wrong password, or damage, which nothing tells apart. Takes the creation date, and then the
+    // captions, before anything else is tried, and leaves them so whatever comes after.
+    DecryptResult<> read(DecryptPath path);
 
-    // After a read that gave 0: new arrays, not yet linked to each other.
+    // After a read that succeeded: new arrays, not yet linked to each other.
     const Foundation::Ref<Foundation::Array> &records() const { return m_records; }
     const Foundation::Ref<Foundation::Array> &categories() const { return m_categories; }
     // Whether the captions or flags of the state changed.
@@ -38,20 +39,21 @@ private:
     // What shared buffers decipher to, which may be Null.
     using Memo = std::unordered_map<const Foundation::RefCounted *, std::optional<Value>>;
 
-    qint32 readCreationDate(DecryptPath path);
-    qint32 readLabels();
-    qint32 readRecords(DecryptPath path);
-    qint32 readRecord(const Dictionary &stored, DecryptPath path, Dictionary &record);
-    qint32 readCategories(DecryptPath path);
-    qint32 readCategory(const Dictionary &stored, DecryptPath path, qint64 number, Dictionary &category);
+    DecryptResult<> readCreationDate(DecryptPath path);
+    DecryptResult<> readLabels();
+    DecryptResult<> readRecords(DecryptPath path);
+    DecryptResult<> readRecord(const Dictionary &stored, DecryptPath path, Dictionary &record);
+    DecryptResult<> readCategories(DecryptPath path);
+    DecryptResult<> readCategory(const Dictionary &stored, DecryptPath path, qint64 number,
+                                 Dictionary &category);
     // The dictionary of a record or category. Null for what no release wrote: another kind of value, a
     // dictionary met before, or more of them than there are bytes for.
     Foundation::Ref<Dictionary> takeEntry(const Value &entry);
     // The field under that key; an absent one is an empty one. A buffer of several fields is deciphered once,
     // so that a small file cannot ask for much.
-    qint32 readField(const Dictionary &stored, const Foundation::Key &key, FieldKind kind, Value *content);
+    DecryptResult<Value> readField(const Dictionary &stored, const Foundation::Key &key, FieldKind kind);
     // Null for a colour that cannot be read.
-    Value deciphered(const QByteArray &bytes, FieldKind kind, quint32 *code);
+    DecryptResult<Value> deciphered(const QByteArray &bytes, FieldKind kind);
 
     DocumentState &m_state;
     const Foundation::Clock &m_clock;

@@ -96,8 +96,8 @@ QByteArray SavePipeline::enciphered(QByteArray archive)
     // A graph may have grown beyond what the reader takes, if the file that it came from was made by another
     // hand. A reader must be found for what replaces a file.
     m_state.refusesOwnContent |= !Foundation::canBeUnarchived(archive);
-    qint32 status = 0; // Nobody asks: an absent buffer tells, and canBeRead() looks for it.
-    if (m_state.refusesOwnContent || !m_state.myCommonCrypto->encryptInPlace(archive, &status))
+    // An absent buffer tells of a failure, and canBeRead() looks for it.
+    if (m_state.refusesOwnContent || !m_state.myCommonCrypto->encryptInPlace(archive))
         wipe(archive);
     return archive;
 }
@@ -160,10 +160,15 @@ std::optional<QByteArray> SavePipeline::dataOfType(const WindowPlacement &window
     return Foundation::archivedData(root);
 }
 
-bool SavePipeline::canBeRead(const DocumentState &state)
+Foundation::Result<void, SavePipeline::UnreadableBecause> SavePipeline::canBeRead(const DocumentState &state)
 {
-    return state.buffersBelongToCheckPair && !state.myEncryptedArrayData.isEmpty() &&
-           !state.myEncryptedCategoryArrayData.isEmpty() && !state.myEncriptedLabelDictionaryData.isEmpty() &&
-           !state.myEncryptedDocumentCreationDateData.isEmpty() && !state.mySalt.isEmpty() &&
-           !state.myIV.isEmpty() && !state.myRCDataEncrypted.isEmpty() && !state.mySha1_RcData.isEmpty();
+    const bool isWhole =
+        state.buffersBelongToCheckPair && !state.myEncryptedArrayData.isEmpty() &&
+        !state.myEncryptedCategoryArrayData.isEmpty() && !state.myEncriptedLabelDictionaryData.isEmpty() &&
+        !state.myEncryptedDocumentCreationDateData.isEmpty() && !state.mySalt.isEmpty() &&
+        !state.myIV.isEmpty() && !state.myRCDataEncrypted.isEmpty() && !state.mySha1_RcData.isEmpty();
+    if (isWhole)
+        return {};
+    return Foundation::Failure{state.refusesOwnContent ? UnreadableBecause::ContentRefused
+                                                       : UnreadableBecause::NotEnciphered};
 }

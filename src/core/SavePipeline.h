@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/DocumentState.h"
+#include "values/Result.h"
 
 #include <optional>
 
@@ -40,11 +41,15 @@ public:
     // The bytes of the file; nothing, and a line in the log, while the gate YouCanSave is shut. A locked
     // document gives the buffers that it has. An absent buffer is left out, so the caller that writes the
     // bytes asks canBeRead() first.
-    std::optional<QByteArray> dataOfType(const WindowPlacement &window);
+    [[nodiscard]] std::optional<QByteArray> dataOfType(const WindowPlacement &window);
 
+    enum class UnreadableBecause {
+        NotEnciphered,  // A buffer is absent, or salt, vector and check pair are not those of the buffers.
+        ContentRefused, // No reader would take the content, so that it was left out.
+    };
     // Whether what dataOfType gave last can ever be opened again: every buffer is there, and a locked
-    // document has the salt, vector and check pair that belong to its buffers.
-    static bool canBeRead(const DocumentState &state);
+    // document has the salt, vector and check pair that belong to its buffers. A failure has no words.
+    static Foundation::Result<void, UnreadableBecause> canBeRead(const DocumentState &state);
 
     static Foundation::Ref<Foundation::Dictionary> platformDictionary(const WindowPlacement &window);
 

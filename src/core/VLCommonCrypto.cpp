@@ -11,6 +11,8 @@
 #include <openssl/err.h>
 #include <openssl/evp.h>
 
+using Foundation::Failure;
+
 namespace
 {
 
@@ -38,40 +40,40 @@ const unsigned char *bytes(const QByteArray &data)
     return reinterpret_cast<const unsigned char *>(data.constData());
 }
 
-VLCipherStatus prepareContext(const CipherContext &context, const CipherRun &run)
+CipherResult prepareContext(const CipherContext &context, const CipherRun &run)
 {
     if (!context)
-        return CipherMemoryError;
+        return Failure{CipherMemoryError};
     const EVP_CIPHER *cipher = run.chained() ? EVP_aes_256_cbc() : EVP_aes_256_ecb();
     const unsigned char *vector = run.chained() ? bytes(run.vector) : nullptr;
     const int enciphers = run.operation == CipherEncrypt ? 1 : 0;
     if (!EVP_CipherInit_ex(context.get(), cipher, nullptr, bytes(run.key), vector, enciphers) ||
         !EVP_CIPHER_CTX_set_padding(context.get(), run.padded() ? 1 : 0))
-        return CipherParameterError;
-    return CipherSuccess;
+        return Failure{CipherParameterError};
+    return {};
 }
 
 // Faults that are known before any work. Data and vector come from files and may be anything.
-VLCipherStatus checkInput(const QByteArray &data, const CipherRun &run)
+CipherResult checkInput(const QByteArray &data, const CipherRun &run)
 {
     if (run.operation != CipherEncrypt && run.operation != CipherDecrypt)
-        return CipherParameterError;
+        return Failure{CipherParameterError};
     if (run.chained() && run.vector.size() < VLCommonCrypto::VectorSizeInBytes)
-        return CipherParameterError; // The library would read past its end.
+        return Failure{CipherParameterError}; // The library would read past its end.
     const bool wholeBlocksOnly = run.operation == CipherDecrypt || !run.padded();
     if (wholeBlocksOnly && data.size() % VLCommonCrypto::BlockSizeInBytes != 0)
-        return CipherAlignmentError;
-    return CipherSuccess;
+        return Failure{CipherAlignmentError};
+    return {};
 }
 
 // `result` may be `data` itself.
-VLCipherStatus runCipher(const QByteArray &data, const CipherRun &run, QByteArray &result)
+CipherResult runCipher(const QByteArray &data, const CipherRun &run, QByteArray &result)
 {
-    if (const VLCipherStatus status = checkInput(data, run); status != CipherSuccess)
-        return status;
+    if (auto checked = checkInput(data, run); !checked)
+        return checked;
     const CipherContext context(EVP_CIPHER_CTX_new(), &EVP_CIPHER_CTX_free);
-    if (const VLCipherStatus status = prepareContext(context, run); status != CipherSuccess)
-        return status;
+    if (auto prepared = prepareContext(context, run); !prepared)
+        return prepared;
 
     const qsizetype size = data.size();
     // Allocated once and never filled beforehand: the buffers of a document can be the bulk of its cost.
@@ -85,14 +87,15 @@ VLCipherStatus runCipher(const QByteArray &data, const CipherRun &run, QByteArra
         const qsizetype pieceSize = std::min(PieceSizeInBytes, size - taken);
         int written = 0;
         if (!EVP_CipherUpdate(context.get(), end, &written, bytes(data) + taken, int(pieceSize)))
-            return CipherParameterError;
+            return Failure{CipherParameterError};
         end += written;
     }
     int written = 0;
     if (!EVP_CipherFinal_ex(context.get(), end, &written))
-        return CipherDecodeError; // A padding that damage or a wrong key broke, or no block to hold one.
+        return Failure{
+            CipherDecodeError}; // A padding that damage or a wrong key broke, or no block to hold one.
     result.truncate(end + written - begin);
-    return CipherSuccess;
+    return {};
 }
 
 } // namespace
@@ -191,11 +194,10 @@ std::optional<QByteArray> VLCommonCrypto::decrypt(const QByteArray &data, const 
     return doCipher(data, key, CipherDecrypt, padding, &unseen);
 }
 
-bool VLCommonCrypto::encryptInPlace(QByteArray &data, qint32 *error)
+CipherResult VLCommonCrypto::encryptInPlace(QByteArray &data)
 {
     quint32 padding = CipherPKCS7Padding;
-    *error = runWithNewKey(data, CipherEncrypt, &padding, data);
-    return *error == CipherSuccess;
+    return runWithNewKey(data, CipherEncrypt, &padding, data);
 }
 
 std::optional<QByteArray> VLCommonCrypto::doCipher(const QByteArray &data, const QByteArray &key,
@@ -203,21 +205,22 @@ std::optional<QByteArray> VLCommonCrypto::doCipher(const QByteArray &data, const
 {
     Q_UNUSED(key) // Required: a caller can't bring a key of its own.
     QByteArray result;
-    *error = runWithNewKey(data, context, padding, result);
-    if (*error != CipherSuccess)
+    const auto run = runWithNewKey(data, context, padding, result);
+    *error = run ? CipherSuccess : run.failure().code;
+    if (!run)
         return std::nullopt;
     return result;
 }
 
-qint32 VLCommonCrypto::runWithNewKey(const QByteArray &data, quint32 context, quint32 *padding,
-                                     QByteArray &result)
+CipherResult VLCommonCrypto::runWithNewKey(const QByteArray &data, quint32 context, quint32 *padding,
+                                           QByteArray &result)
 {
     m_AESKey = AESKeyForPassword(m_password, m_salt);
     if (context == CipherEncrypt && *padding != CipherECBMode)
         *padding = CipherPKCS7Padding;
     // A failure left in the library's queue would be taken for one of the next encrypted connection.
     ERR_set_mark();
-    const qint32 status = runCipher(data, {VLCipherOperation(context), *padding, m_AESKey, m_IV}, result);
+    auto run = runCipher(data, {VLCipherOperation(context), *padding, m_AESKey, m_IV}, result);
     ERR_pop_to_mark();
-    return status;
+    return run;
 }

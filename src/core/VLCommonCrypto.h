@@ -1,5 +1,7 @@
 #pragma once
 
+#include "values/Result.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -15,6 +17,9 @@ enum VLCipherStatus : qint32 {
     CipherAlignmentError = -4303,
     CipherDecodeError = -4304,
 };
+
+// The same between our own classes. A failure has no words.
+using CipherResult = Foundation::Result<void, VLCipherStatus>;
 
 enum VLCipherOperation : quint32 { CipherEncrypt = 0, CipherDecrypt = 1 };
 
@@ -47,12 +52,12 @@ public:
     // for a text that is only known to who can decipher it, never for a key.
     static QString generateRandom256AsciiString();
     // Bytes of the system's secure source; nothing if that fails.
-    static std::optional<QByteArray> randomDataOfLength(quint64 length);
+    [[nodiscard]] static std::optional<QByteArray> randomDataOfLength(quint64 length);
     // The 32-byte key of an engine with this password and salt. A null password has the key of the empty one,
     // and an absent salt counts as an empty one.
     static QByteArray AESKeyForPassword(const QString &password, const QByteArray &salt);
     // The 20-byte SHA-1 digest; nothing if the library has none to give.
-    static std::optional<QByteArray> dataSHA1(const QByteArray &data);
+    [[nodiscard]] static std::optional<QByteArray> dataSHA1(const QByteArray &data);
 
     // Where randomDataOfLength draws from, for all engines, so that a test can let it fail. Null brings the
     // system's secure source back.
@@ -72,9 +77,9 @@ public:
     [[nodiscard]] std::optional<QByteArray> encrypt(const QByteArray &data, qint32 *error);
     [[nodiscard]] std::optional<QByteArray> decrypt(const QByteArray &data, qint32 *error);
 
-    // encrypt() in the memory of the plain text, of which nothing is left. False after a failure, when `data`
-    // may hold anything.
-    [[nodiscard]] bool encryptInPlace(QByteArray &data, qint32 *error);
+    // encrypt() in the memory of the plain text, of which nothing is left. After a failure `data` may hold
+    // anything.
+    CipherResult encryptInPlace(QByteArray &data);
 
     // The same without a status and with an option word of the caller's, as in doCipher.
     [[nodiscard]] std::optional<QByteArray> encrypt(const QByteArray &data, const QByteArray &key,
@@ -104,7 +109,7 @@ public:
 
 private:
     // The one way to the cipher, which derives the key. `result` may be `data` itself.
-    qint32 runWithNewKey(const QByteArray &data, quint32 context, quint32 *padding, QByteArray &result);
+    CipherResult runWithNewKey(const QByteArray &data, quint32 context, quint32 *padding, QByteArray &result);
 
     QString m_password;
     QByteArray m_salt;

@@ -2,6 +2,7 @@
 
 #include "core/MacRoman.h"
 #include "core/SecretBytes.h"
+#include "values/Result.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -11,8 +12,13 @@
 #include <openssl/evp.h>
 #include <openssl/provider.h>
 
+using Foundation::Failure;
+
 namespace
 {
+
+template <class Value>
+using LegacyResult = Foundation::Result<Value, VLLegacyCode>;
 
 // Blowfish has moved to a provider of its own. A library context apart keeps it, and everything else that is
 // outdated, from the rest of the program. Null where the provider is not installed.
@@ -55,30 +61,30 @@ public:
         OPENSSL_cleanse(fullKey, sizeof fullKey);
     }
 
-    // `result` has room for a block more than `data`.
-    VLLegacyCode run(const unsigned char *data, int length, const unsigned char *vector,
-                     unsigned char *result, int *resultLength)
+    // The length of what was written to `result`, which has room for a block more than `data`.
+    LegacyResult<int> run(const unsigned char *data, int length, const unsigned char *vector,
+                          unsigned char *result)
     {
         static constexpr VLCrypto::Vector zeros = {};
         // A failure left in the library's queue would be taken for one of the next encrypted connection.
         ERR_set_mark();
-        const VLLegacyCode code = runFrom(vector ? vector : zeros.data(), data, length, result, resultLength);
+        auto written = runFrom(vector ? vector : zeros.data(), data, length, result);
         ERR_pop_to_mark();
-        return code;
+        return written;
     }
 
 private:
-    VLLegacyCode runFrom(const unsigned char *vector, const unsigned char *data, int length,
-                         unsigned char *result, int *resultLength)
+    LegacyResult<int> runFrom(const unsigned char *vector, const unsigned char *data, int length,
+                              unsigned char *result)
     {
+        int updated = 0;
         int last = 0;
         if (!m_isReady || !EVP_CipherInit_ex(m_context.get(), nullptr, nullptr, nullptr, vector, -1) ||
-            !EVP_CipherUpdate(m_context.get(), result, resultLength, data, length))
-            return LegacyUpdateFailed;
-        if (!EVP_CipherFinal_ex(m_context.get(), result + *resultLength, &last))
-            return LegacyFinalFailed;
-        *resultLength += last;
-        return LegacySuccess;
+            !EVP_CipherUpdate(m_context.get(), result, &updated, data, length))
+            return Failure{LegacyUpdateFailed};
+        if (!EVP_CipherFinal_ex(m_context.get(), result + updated, &last))
+            return Failure{LegacyFinalFailed};
+        return updated + last;
     }
 
     std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)> m_context;
@@ -98,37 +104,40 @@ std::unique_ptr<LegacyBlowfish> cipherOfPassword(LegacyBlowfish::Direction direc
     return std::make_unique<LegacyBlowfish>(direction, bytesOf(key.bytes()), key.bytes().size());
 }
 
-// Nothing unless *code is success. Without a cipher that is what a wrong password gives.
-std::optional<QByteArray> runOverData(LegacyBlowfish *cipher, const QByteArray &data,
-                                      const std::optional<VLCrypto::Vector> &vector, VLLegacyCode *code)
+// Without a cipher it fails as a wrong password does.
+LegacyResult<QByteArray> runOverData(LegacyBlowfish *cipher, const QByteArray &data,
+                                     const std::optional<VLCrypto::Vector> &vector)
 {
-    *code = LegacyFinalFailed;
     if (!cipher || data.size() > INT32_MAX - VLCrypto::BlockSizeInBytes)
-        return std::nullopt;
+        return Failure{LegacyFinalFailed};
     QByteArray result(data.size() + VLCrypto::BlockSizeInBytes, Qt::Uninitialized);
-    int written = 0;
-    *code = cipher->run(bytesOf(data), int(data.size()), vector ? vector->data() : nullptr,
-                        reinterpret_cast<unsigned char *>(result.data()), &written);
-    if (*code != LegacySuccess)
-        return std::nullopt;
-    result.truncate(written);
+    const auto written = cipher->run(bytesOf(data), int(data.size()), vector ? vector->data() : nullptr,
+                                     reinterpret_cast<unsigned char *>(result.data()));
+    if (!written)
+        return written.failure();
+    result.truncate(*written);
     return result;
 }
 
-// Null unless *code is success.
-unsigned char *runOverMemory(LegacyBlowfish &cipher, const unsigned char *data, qint32 length,
-                             const unsigned char *vector, qint32 *outputLength, VLLegacyCode *code)
+struct Memory
+{
+    unsigned char *bytes; // To be freed with free().
+    qint32 length;
+};
+
+LegacyResult<Memory> runOverMemory(LegacyBlowfish &cipher, const unsigned char *data, qint32 length,
+                                   const unsigned char *vector)
 {
     const auto room = std::size_t(length) + std::size_t(VLCrypto::BlockSizeInBytes);
     auto *const work = static_cast<unsigned char *>(std::calloc(room, 1));
-    int written = 0;
-    *code = work ? cipher.run(data, length, vector, work, &written) : LegacyUpdateFailed;
-    if (*code != LegacySuccess) {
+    if (!work)
+        return Failure{LegacyUpdateFailed};
+    const auto written = cipher.run(data, length, vector, work);
+    if (!written) {
         std::free(work);
-        return nullptr;
+        return written.failure();
     }
-    *outputLength = written;
-    return work;
+    return Memory{work, *written};
 }
 
 } // namespace
@@ -140,8 +149,11 @@ unsigned char *legacyEncryptBytes(const unsigned char *data, qint32 length, cons
     if (length < 1)
         return nullptr;
     LegacyBlowfish cipher(LegacyBlowfish::Encrypt, key, keyLength);
-    VLLegacyCode code = LegacySuccess;
-    return runOverMemory(cipher, data, length, vector, outputLength, &code);
+    const auto run = runOverMemory(cipher, data, length, vector);
+    if (!run)
+        return nullptr;
+    *outputLength = run->length;
+    return run->bytes;
 }
 
 unsigned char *legacyDecryptBytes(const unsigned char *data, qint32 length, const unsigned char *key,
@@ -153,17 +165,18 @@ unsigned char *legacyDecryptBytes(const unsigned char *data, qint32 length, cons
     if (length < 1)
         return nullptr;
     LegacyBlowfish cipher(LegacyBlowfish::Decrypt, key, keyLength);
-    VLLegacyCode ending = LegacySuccess;
-    unsigned char *const work = runOverMemory(cipher, data, length, vector, outputLength, &ending);
-    *code = ending;
-    if (!work)
+    const auto run = runOverMemory(cipher, data, length, vector);
+    if (!run) {
+        *code = run.failure().code;
         return nullptr;
+    }
+    *outputLength = run->length;
     // Of exactly the length of the plain text, which may be none.
     auto *const plain = static_cast<unsigned char *>(std::malloc(std::size_t(std::max(*outputLength, 1))));
     if (plain)
-        std::memcpy(plain, work, std::size_t(*outputLength));
-    OPENSSL_cleanse(work, std::size_t(length));
-    std::free(work);
+        std::memcpy(plain, run->bytes, std::size_t(*outputLength));
+    OPENSSL_cleanse(run->bytes, std::size_t(length));
+    std::free(run->bytes);
     return plain;
 }
 
@@ -225,8 +238,8 @@ std::optional<QByteArray> VLCrypto::cryptData(const QByteArray &data) const
 {
     if (!isReady() || data.isEmpty())
         return std::nullopt;
-    VLLegacyCode code = LegacySuccess;
-    return runOverData(cipherToEncrypt(), data, m_vector, &code);
+    auto cipherText = runOverData(cipherToEncrypt(), data, m_vector);
+    return cipherText ? std::optional(*cipherText) : std::nullopt;
 }
 
 std::optional<QByteArray> VLCrypto::cryptLong(qint64 number) const
@@ -245,10 +258,12 @@ std::optional<QByteArray> VLCrypto::decryptToData(const QByteArray &bytes, quint
     *errorCode = LegacySuccess;
     if (bytes.isEmpty())
         return QByteArray("");
-    VLLegacyCode ending = LegacySuccess;
-    auto plain = runOverData(cipherToDecrypt(), bytes, m_vector, &ending);
-    *errorCode = ending;
-    return plain;
+    const auto plain = runOverData(cipherToDecrypt(), bytes, m_vector);
+    if (!plain) {
+        *errorCode = plain.failure().code;
+        return std::nullopt;
+    }
+    return *plain;
 }
 
 std::optional<QString> VLCrypto::decryptToString(const QByteArray &bytes, quint32 *errorCode) const

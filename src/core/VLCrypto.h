@@ -55,18 +55,18 @@ public:
     bool hasKey() const;
 
     // Nothing unless isReady(), for what Mac Roman cannot hold, and for an empty input.
-    std::optional<QByteArray> cryptString(const QString &text) const;
-    std::optional<QByteArray> cryptData(const QByteArray &data) const;
+    [[nodiscard]] std::optional<QByteArray> cryptString(const QString &text) const;
+    [[nodiscard]] std::optional<QByteArray> cryptData(const QByteArray &data) const;
     // 8 bytes, and the low 4, in machine order.
-    std::optional<QByteArray> cryptLong(qint64 number) const;
-    std::optional<QByteArray> cryptLongToInt32(qint64 number) const;
+    [[nodiscard]] std::optional<QByteArray> cryptLong(qint64 number) const;
+    [[nodiscard]] std::optional<QByteArray> cryptLongToInt32(qint64 number) const;
 
     // Set *errorCode, which must not be null; nothing unless it is 0. An empty input is an empty result.
-    std::optional<QString> decryptToString(const QByteArray &bytes, quint32 *errorCode) const;
-    std::optional<QByteArray> decryptToData(const QByteArray &bytes, quint32 *errorCode) const;
+    [[nodiscard]] std::optional<QString> decryptToString(const QByteArray &bytes, quint32 *errorCode) const;
+    [[nodiscard]] std::optional<QByteArray> decryptToData(const QByteArray &bytes, quint32 *errorCode) const;
     // Of 4 bytes the signed number, of others the first 8 as they lie in memory; 0 for an empty input and
     // when *errorCode is not 0.
-    qint64 decryptToLong(const QByteArray &bytes, quint32 *errorCode) const;
+    [[nodiscard]] qint64 decryptToLong(const QByteArray &bytes, quint32 *errorCode) const;
 
 private:
     // Null for a password without a key. Made at the first need and kept, as preparing the key takes longer

@@ -32,15 +32,15 @@ void Autosaver::autosave(Document *document)
     State &state = m_states[document];
     state.afterQuiet = nullptr;
     state.atTheLatest = nullptr;
-    QString reason;
-    const bool succeeded = document->autosave(&reason);
-    if (!succeeded && !reason.isNull() && !state.hasToldFailure && document->window())
+    const auto saved = document->autosave();
+    if (!saved && !state.hasToldFailure && document->window())
         document->window()->beginAlert(
             {tr("The document “%1” could not be saved automatically.").arg(document->displayName()),
-             reason + u'\n' + tr("Your changes are kept here, and saving is tried again after the next one."),
+             saved.words() + u'\n' +
+                 tr("Your changes are kept here, and saving is tried again after the next one."),
              {{tr("OK")}}},
             [](int) {});
-    state.hasToldFailure = !succeeded && (state.hasToldFailure || !reason.isNull());
+    state.hasToldFailure = !saved;
 }
 
 void Autosaver::autosaveAll()

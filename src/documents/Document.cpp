@@ -1,10 +1,22 @@
 #include "documents/Document.h"
 
+#include "documents/RecoveryFolder.h"
+
 #include <QDir>
 #include <QFileInfo>
 
 namespace Foundation
 {
+
+namespace
+{
+
+Failure<DocumentError> fileFailure(const Failure<FileError> &cause)
+{
+    return {DocumentError::File, cause.words};
+}
+
+} // namespace
 
 Document::Document(QObject *parent)
     : QObject(parent)
@@ -43,7 +55,7 @@ void Document::windowControllerDidLoadNib() {}
 
 QString Document::autosavingFileType() const
 {
-    return QStringLiteral("vexcards");
+    return documentType().fileNameExtension;
 }
 
 bool Document::canBeItsFile(QByteArrayView, QByteArrayView, qint64) const
@@ -51,42 +63,47 @@ bool Document::canBeItsFile(QByteArrayView, QByteArrayView, qint64) const
     return true;
 }
 
-FileReadResult Document::fileContent(const QString &path) const
+DocumentResult<FileIdentity> Document::takeContentOfFile(const QString &path)
 {
     const auto canBeIt = [this](QByteArrayView head, QByteArrayView tail, qint64 size) {
         return canBeItsFile(head, tail, size);
     };
-    return readRegularFile(path, LargestFile, FileSystem::system(), canBeIt);
+    const auto content = readRegularFile(path, LargestFile, FileSystem::system(), canBeIt);
+    if (!content)
+        return fileFailure(content.failure());
+    Failure<DocumentError> error{DocumentError::Content};
+    if (!readFromData(content->bytes, autosavingFileType(), &error))
+        return error;
+    return content->identity;
 }
 
-bool Document::readFromFile(const QString &path, QString *reason)
+DocumentResult<> Document::readFromFile(const QString &path)
 {
-    const FileReadResult file = fileContent(path);
-    if (!file.succeeded()) {
-        *reason = file.error;
-        return false;
-    }
-    if (!readFromData(file.bytes, autosavingFileType(), reason))
-        return false;
+    const auto identity = takeContentOfFile(path);
+    if (!identity)
+        return identity.failure();
     m_fileURL = QFileInfo(path).absoluteFilePath();
-    m_fileIdentity = file.identity;
+    m_fileIdentity = *identity;
     noteSavedContent();
-    removeAbandonedFiles(path);
+    removeAbandonedFiles(path, documentType().application);
     Q_EMIT fileURLChanged();
-    return true;
+    return {};
 }
 
-std::optional<QByteArray> Document::bytesToWrite(QString *reason)
+DocumentResult<QByteArray> Document::bytesToWrite()
 {
-    *reason = reasonNotToWrite();
-    if (!reason->isNull())
-        return std::nullopt;
-    auto bytes = dataOfType(autosavingFileType());
-    *reason = bytes ? reasonNotReadable() : tr("It could not be enciphered.");
-    if (reason->isNull() && bytes->size() > LargestFile)
-        *reason = tr("It has grown too large: such a file could not be opened again. Delete contacts or "
-                     "shorten long notes, and save again.");
-    return reason->isNull() ? bytes : std::nullopt;
+    if (const auto mayBeWritten = checkMayBeWritten(); !mayBeWritten)
+        return mayBeWritten.failure();
+    const auto bytes = dataOfType(autosavingFileType());
+    if (!bytes)
+        return Failure{DocumentError::Content, tr("It could not be enciphered.")};
+    if (const auto canBeRead = checkCanBeRead(); !canBeRead)
+        return canBeRead.failure();
+    if (bytes->size() > LargestFile)
+        return Failure{DocumentError::Content,
+                       tr("It has grown too large: such a file could not be opened again. Delete contacts or "
+                          "shorten long notes, and save again.")};
+    return *bytes;
 }
 
 bool Document::isOurs(const std::optional<FileIdentity> &file) const
@@ -94,66 +111,71 @@ bool Document::isOurs(const std::optional<FileIdentity> &file) const
     return file && m_fileIdentity && file->hasSameContentAs(*m_fileIdentity);
 }
 
-bool Document::autosave(QString *reason)
+DocumentResult<> Document::autosave()
 {
-    *reason = QString();
     if (!isDocumentEdited() || autosavingFileType().isNull())
-        return true;
+        return {};
     const auto isFileOurs = [this] {
         return !m_isAsking && !m_fileURL.isNull() && isOurs(identityOfFile(m_fileURL));
     };
     if (!hasUnsavedContent()) {
         if (isFileOurs())
             updateChangeCount(ChangeCleared);
-        return true;
+        return {};
     }
     if (isFileOurs()) {
-        if (writeToFile(QString(m_fileURL), reason, m_fileIdentity))
-            return true;
+        auto written = writeToFile(QString(m_fileURL), m_fileIdentity);
+        if (written)
+            return written;
         if (isFileOurs()) {
-            // The user is told of the file, and the changes are safe all the same if they can be.
-            QString ignored;
-            writeRecoveryFile(&ignored);
-            return false;
+            (void)writeRecoveryFile(); // The user is told of the file; the changes are safe if they can be.
+            return written;
         }
     }
-    return writeRecoveryFile(reason);
+    return writeRecoveryFile();
 }
 
-bool Document::writeRecoveryFile(QString *reason)
+DocumentResult<> Document::writeRecoveryFile()
 {
     const quint64 content = contentStamp();
     // A program that cleans up may have removed it.
     if (m_recoveryFile && !m_recoveryFile->isHeld())
         m_recoveryFile = nullptr;
-    if (m_recoveryFile && m_recoverableContent == content && QFileInfo::exists(m_recoveryFile->path()))
-        return true;
-    const auto bytes = bytesToWrite(reason);
+    if (m_recoveryFile && m_recoverableContent == content && m_recoveryFile->exists())
+        return {};
+    const auto bytes = bytesToWrite();
     if (!bytes)
-        return false;
-    if (!m_recoveryFile || !m_recoveryFile->write(*bytes, reason)) {
-        auto fresh = RecoveryFile::create();
-        if (!fresh) {
-            if (reason->isNull())
-                *reason = tr("The folder for unsaved documents cannot be made.");
-            return false;
-        }
-        if (!fresh->write(*bytes, reason)) {
-            fresh->remove();
-            return false;
-        }
-        dropRecoveryFile();
-        m_recoveryFile = std::move(fresh);
-    }
+        return bytes.failure();
+    if (const auto written = writeRecoveryFile(*bytes); !written)
+        return fileFailure(written.failure());
     m_recoverableContent = content;
-    return true;
+    return {};
+}
+
+FileResult<> Document::writeRecoveryFile(const QByteArray &bytes)
+{
+    FileResult<> written;
+    if (m_recoveryFile) {
+        written = m_recoveryFile->write(bytes);
+        if (written)
+            return {};
+    }
+    auto fresh = RecoveryFolder(documentType()).newFile();
+    if (!fresh)
+        return written ? fresh.failure() : written.failure();
+    if (auto writtenAnew = (*fresh)->write(bytes); !writtenAnew) {
+        (*fresh)->remove();
+        return writtenAnew;
+    }
+    dropRecoveryFile();
+    m_recoveryFile = std::move(*fresh);
+    return {};
 }
 
 void Document::keepUnsavedContent()
 {
-    QString ignored; // The change stays unsaved, and is marked as such when it can be seen again.
     if (hasUnsavedContent() && !autosavingFileType().isNull())
-        writeRecoveryFile(&ignored);
+        (void)writeRecoveryFile(); // What is not kept is marked as unsaved when it can be seen again.
 }
 
 void Document::forgetSavedContent()
@@ -162,15 +184,14 @@ void Document::forgetSavedContent()
     m_recoverableContent.reset();
 }
 
-bool Document::recover(std::unique_ptr<RecoveryFile> file, QString *reason)
+DocumentResult<> Document::recover(std::unique_ptr<RecoveryFile> file)
 {
-    const FileReadResult read = fileContent(file->path());
-    *reason = read.error;
-    if (!read.succeeded() || !readFromData(read.bytes, autosavingFileType(), reason))
-        return false;
+    const auto taken = takeContentOfFile(file->path());
+    if (!taken)
+        return taken.failure();
     m_recoveryFile = std::move(file);
     forgetSavedContent();
-    return true;
+    return {};
 }
 
 void Document::dropRecoveryFile()
@@ -189,26 +210,24 @@ void Document::ask(const Alert &alert, AlertAnswer answered)
     });
 }
 
-bool Document::writeToFile(const QString &path, QString *reason, const std::optional<FileIdentity> &expected)
+DocumentResult<> Document::writeToFile(const QString &path, const std::optional<FileIdentity> &expected)
 {
-    const auto bytes = bytesToWrite(reason);
+    const auto bytes = bytesToWrite();
     if (!bytes)
-        return false;
-    const FileWriteResult result = writeFileDurably(path, *bytes, expected);
-    // A result may carry both: the new content is in place, though perhaps not for good.
-    if (result.identity) {
+        return bytes.failure();
+    const FileWriteResult written = writeFileDurably(path, *bytes, documentType().application, expected);
+    // Also after a failure: the new content may be in place, though perhaps not for good.
+    if (written.identity) {
         m_fileURL = QFileInfo(path).absoluteFilePath();
-        m_fileIdentity = result.identity;
+        m_fileIdentity = written.identity;
         Q_EMIT fileURLChanged();
     }
-    if (!result.succeeded()) {
-        *reason = result.error;
-        return false;
-    }
+    if (!written)
+        return fileFailure(written.failure());
     dropRecoveryFile();
     noteSavedContent();
     updateChangeCount(ChangeCleared);
-    return true;
+    return {};
 }
 
 bool Document::validateMenuItem(MenuItem &item)
@@ -229,12 +248,12 @@ bool Document::validateUserInterfaceItem(const QString &action) const
 
 void Document::saveDocument(const ActionSender &)
 {
-    saveWithCompletion([](bool) {});
+    saveWithCompletion([](const DocumentResult<> &) {});
 }
 
 void Document::saveDocumentAs(const ActionSender &)
 {
-    saveAsWithCompletion([](bool) {});
+    saveAsWithCompletion([](const DocumentResult<> &) {});
 }
 
 void Document::revertDocumentToSaved(const ActionSender &)
@@ -253,17 +272,17 @@ void Document::revertDocumentToSaved(const ActionSender &)
 
 void Document::revert()
 {
-    QString reason;
-    if (readFromFile(QString(m_fileURL), &reason)) {
+    const auto read = readFromFile(QString(m_fileURL));
+    if (read) {
         m_undoManager.removeAllActions();
         dropRecoveryFile();
         updateChangeCount(ChangeCleared);
         return;
     }
     // Nothing was taken from a file that cannot be read.
-    if (!reason.isNull() && m_window)
+    if (!read.failedWith(DocumentError::NewerFormat) && m_window)
         m_window->beginAlert(
-            {tr("The document “%1” could not be reverted.").arg(displayName()), reason, {{tr("OK")}}},
+            {tr("The document “%1” could not be reverted.").arg(displayName()), read.words(), {{tr("OK")}}},
             [](int) {});
 }
 
@@ -287,83 +306,95 @@ void Document::redo(const ActionSender &)
         m_undoManager.redo();
 }
 
-void Document::saveWithCompletion(Completion completion)
+void Document::saveWithCompletion(SaveCompletion completion)
 {
     if (m_fileURL.isNull()) {
         saveAsWithCompletion(completion);
         return;
     }
     const auto present = identityOfFile(m_fileURL);
-    confirmOverwriting(present, [this, present, completion = std::move(completion)](bool confirmed) {
-        if (!confirmed)
-            completion(false);
-        else if (!present && identityOfFile(m_fileURL))
-            saveWithCompletion(completion); // Somebody made it meanwhile, which is another question.
-        else
-            saveToPath(m_fileURL, completion, present);
-    });
+    confirmOverwriting(
+        present, [this, present, completion = std::move(completion)](const DocumentResult<> &confirmed) {
+            if (!confirmed)
+                completion(confirmed);
+            else if (!present && identityOfFile(m_fileURL))
+                saveWithCompletion(completion); // Somebody made it meanwhile, which is another question.
+            else
+                saveToPath(m_fileURL, completion, present);
+        });
 }
 
-void Document::saveAsWithCompletion(const Completion &completion)
+void Document::saveAsWithCompletion(const SaveCompletion &completion)
 {
-    const QString reason = reasonNotToWrite();
-    if (!reason.isNull() || !m_window) {
-        sayNotSaved(reason, completion);
+    if (const auto mayBeWritten = checkMayBeWritten(); !mayBeWritten) {
+        sayNotSaved(mayBeWritten.failure(), completion);
         return;
     }
-    const QString suggestion = m_fileURL.isNull()
-                                   ? QDir::homePath() + u'/' + displayName() + QStringLiteral(".vexcards")
-                                   : m_fileURL;
+    if (!m_window) {
+        completion(Failure{DocumentError::File, tr("The document has no file yet.")});
+        return;
+    }
+    const QString suggestion =
+        m_fileURL.isNull() ? QDir::homePath() + u'/' + displayName() + u'.' + documentType().fileNameExtension
+                           : m_fileURL;
     m_window->beginSavePanel(suggestion, [this, completion](const QString &path) {
         if (path.isNull())
-            completion(false);
+            completion(Failure{DocumentError::GivenUp});
         else
             saveToPath(path, completion);
     });
 }
 
-void Document::saveToPath(const QString &path, const Completion &completion,
+void Document::saveToPath(const QString &path, const SaveCompletion &completion,
                           const std::optional<FileIdentity> &expected)
 {
-    QString reason;
-    if (!writeToFile(path, &reason, expected)) {
-        sayNotSaved(reason, completion);
+    const auto written = writeToFile(path, expected);
+    if (!written) {
+        sayNotSaved(written.failure(), completion);
         return;
     }
     Q_EMIT saved();
-    completion(true);
+    completion(written);
 }
 
-void Document::sayNotSaved(const QString &reason, const Completion &completion)
+void Document::sayNotSaved(const Failure<DocumentError> &failure, const SaveCompletion &completion)
 {
     if (!m_window) {
-        completion(false);
+        completion(failure);
         return;
     }
     const Alert alert{tr("The document “%1” could not be saved.").arg(displayName()),
-                      reason,
+                      failure.words,
                       {{tr("OK")}},
                       Alert::Style::Warning,
                       true};
-    m_window->beginAlert(alert, [completion](int) { completion(false); });
+    m_window->beginAlert(alert, [completion, failure](int) { completion(failure); });
 }
 
-void Document::confirmOverwriting(const std::optional<FileIdentity> &present,
-                                  std::function<void(bool)> answered)
+void Document::confirmOverwriting(const std::optional<FileIdentity> &present, SaveCompletion answered)
 {
-    const bool isUntouched = isOurs(present);
-    if (isUntouched || !m_window) {
-        answered(isUntouched);
+    if (isOurs(present)) {
+        answered({});
+        return;
+    }
+    const QString message =
+        (present ? tr("The file of the document “%1” has been changed by another program.")
+                 : tr("The file of the document “%1” is no longer there."))
+            .arg(displayName());
+    if (!m_window) {
+        answered(Failure{DocumentError::FileTouched, message});
         return;
     }
     const Alert alert{
-        present ? tr("The file of the document “%1” has been changed by another program.").arg(displayName())
-                : tr("The file of the document “%1” is no longer there.").arg(displayName()),
+        message,
         present ? tr("If you save, what the other program wrote is lost.")
                 : tr("It may have been moved or deleted. If you save, it is made again in its old place."),
         {{tr("Save Anyway")}, {tr("Cancel"), AlertButton::Cancel}}};
     ask(alert, [answered = std::move(answered)](int returnCode) {
-        answered(returnCode == Alert::FirstButtonReturn);
+        if (returnCode == Alert::FirstButtonReturn)
+            answered({});
+        else
+            answered(Failure{DocumentError::GivenUp});
     });
 }
 
@@ -384,7 +415,8 @@ void Document::canCloseDocument(Completion shouldClose)
     }
     ask(alert, [this, shouldClose = std::move(shouldClose)](int returnCode) {
         if (returnCode == Alert::FirstButtonReturn)
-            saveWithCompletion(shouldClose);
+            saveWithCompletion(
+                [shouldClose](const DocumentResult<> &saved) { shouldClose(saved.succeeded()); });
         else
             shouldClose(returnCode == Alert::ThirdButtonReturn);
     });

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "documents/DocumentError.h"
+#include "documents/DocumentType.h"
 #include "documents/DocumentWindow.h"
 #include "documents/RecoveryFile.h"
 #include "documents/UndoManager.h"
@@ -29,7 +31,9 @@ class Document : public QObject
 
 public:
     enum ChangeType { ChangeDone = 0, ChangeUndone = 1, ChangeCleared = 2 };
-    using Completion = std::function<void(bool succeeded)>;
+    // Answers a question with yes or no.
+    using Completion = std::function<void(bool)>;
+    using SaveCompletion = std::function<void(const DocumentResult<> &result)>;
 
     // Beyond this a file cannot be opened.
     static constexpr qint64 LargestFile = qint64(2) << 30;
@@ -56,41 +60,40 @@ public:
     // Called once the window is made and knows the document.
     virtual void windowControllerDidLoadNib();
 
+    // The names of its files and of the folders that belong to it.
+    virtual DocumentType documentType() const = 0;
     // The bytes of the document's file, or nothing if it cannot be saved now.
-    virtual std::optional<QByteArray> dataOfType(const QString &type) = 0;
-    // Takes the content of a file. False if the document must not be opened; *reason then says why, or is
-    // null if the user has been told.
-    virtual bool readFromData(const QByteArray &bytes, const QString &type, QString *reason) = 0;
-    // Why nothing may be written now although dataOfType() would give bytes; null if nothing speaks against
-    // it.
-    virtual QString reasonNotToWrite() const { return {}; }
-    // Called after dataOfType(): why its bytes could not be opened again, or null if they can be opened.
-    virtual QString reasonNotReadable() const { return {}; }
+    [[nodiscard]] virtual std::optional<QByteArray> dataOfType(const QString &type) = 0;
+    // Takes the content of a file. False, with *error, if the document must not be opened.
+    [[nodiscard]] virtual bool readFromData(const QByteArray &bytes, const QString &type,
+                                            Failure<DocumentError> *error) = 0;
+    // Fails if nothing may be written now although dataOfType() would give bytes.
+    virtual DocumentResult<> checkMayBeWritten() const { return {}; }
+    // Called after dataOfType(): fails if its bytes could not be opened again.
+    virtual DocumentResult<> checkCanBeRead() const { return {}; }
     // Whether a large file of that size can hold a document, by its first and last bytes.
     virtual bool canBeItsFile(QByteArrayView head, QByteArrayView tail, qint64 size) const;
     // The type under which changes may be saved without being asked for; null: not now.
     virtual QString autosavingFileType() const;
     static bool autosavesInPlace() { return true; }
 
-    // False with *reason as above.
-    bool readFromFile(const QString &path, QString *reason);
+    DocumentResult<> readFromFile(const QString &path);
     // Saves to `path`, which becomes the document's file. A file there that is not the expected one, if one
-    // is given, stays. False with *reason in plain words.
-    bool writeToFile(const QString &path, QString *reason,
-                     const std::optional<FileIdentity> &expected = std::nullopt);
+    // is given, stays.
+    DocumentResult<> writeToFile(const QString &path,
+                                 const std::optional<FileIdentity> &expected = std::nullopt);
 
     // Saves changes without being asked, where autosavingFileType() permits it: to the document's own file,
     // which counts as saved; or, if it has none, or somebody else touched that, or it cannot be written, or
-    // the user is being asked about the changes, to a recovery file, which does not count. True if there is
-    // nothing to do: also for a document that is marked as edited while its file has all of it. False with
-    // *reason in plain words.
-    bool autosave(QString *reason);
+    // the user is being asked about the changes, to a recovery file, which does not count. Succeeds if
+    // there is nothing to do: also for a document that is marked as edited while its file has all of it.
+    DocumentResult<> autosave();
     // Puts unsaved content into a recovery file, before it can no longer be written. Says nothing of a
     // failure.
     void keepUnsavedContent();
     // Takes the content of a recovery file: a document without a name that keeps the file until it gets one
-    // or is closed. False with *reason as above.
-    bool recover(std::unique_ptr<RecoveryFile> file, QString *reason);
+    // or is closed.
+    DocumentResult<> recover(std::unique_ptr<RecoveryFile> file);
     // Whether the recovery file outlives a close, to be offered again: nobody has decided about it.
     virtual bool keepsRecoveryFile() const { return false; }
     // There is something that only the recovery file has.
@@ -113,8 +116,9 @@ public:
     // Asks about unsaved changes and answers whether the document may be closed. Some documents close at once
     // and never answer, so nobody may wait for it.
     virtual void canCloseDocument(Completion shouldClose);
-    // Saves under the present name, or asks for one; answers once it is done or given up.
-    void saveWithCompletion(Completion completion);
+    // Saves under the present name, or asks for one; answers once it is done, or given up, or the
+    // user has been told why it failed.
+    void saveWithCompletion(SaveCompletion completion);
     // Closes without a question. The document is deleted on a later turn of the event loop.
     void close();
     bool isClosed() const { return m_isClosed; }
@@ -139,21 +143,24 @@ protected:
 
 private:
     void revert();
-    // Nothing, with *reason, if it cannot be written now or never be opened again.
-    std::optional<QByteArray> bytesToWrite(QString *reason);
-    FileReadResult fileContent(const QString &path) const;
+    // Fails if it cannot be written now or never be opened again.
+    DocumentResult<QByteArray> bytesToWrite();
+    // The file, which is read into the document.
+    DocumentResult<FileIdentity> takeContentOfFile(const QString &path);
     // Whether it has the content that this document read or wrote last.
     bool isOurs(const std::optional<FileIdentity> &file) const;
-    bool writeRecoveryFile(QString *reason);
+    DocumentResult<> writeRecoveryFile();
+    // To the one that there is, or to a new one if that cannot be written.
+    FileResult<> writeRecoveryFile(const QByteArray &bytes);
     void dropRecoveryFile();
     // Shows a question about the document's changes, during which its file stays as it is.
     void ask(const Alert &alert, AlertAnswer answered);
-    void saveAsWithCompletion(const Completion &completion);
-    void saveToPath(const QString &path, const Completion &completion,
+    void saveAsWithCompletion(const SaveCompletion &completion);
+    void saveToPath(const QString &path, const SaveCompletion &completion,
                     const std::optional<FileIdentity> &expected = std::nullopt);
-    void sayNotSaved(const QString &reason, const Completion &completion);
+    void sayNotSaved(const Failure<DocumentError> &failure, const SaveCompletion &completion);
     // Asks if what is in the file's place now is no longer what was read.
-    void confirmOverwriting(const std::optional<FileIdentity> &present, std::function<void(bool)> answered);
+    void confirmOverwriting(const std::optional<FileIdentity> &present, SaveCompletion answered);
 
     QString m_fileURL;
     std::optional<FileIdentity> m_fileIdentity;

@@ -37,12 +37,11 @@ Document *DocumentController::openDocument(const QString &path)
         return open;
     }
     auto document = m_makeDocument();
-    QString reason;
-    if (!document->readFromFile(path, &reason)) {
-        if (!reason.isNull())
+    if (const auto read = document->readFromFile(path); !read) {
+        if (!read.failedWith(DocumentError::NewerFormat))
             Services::shared().modalAlerts().runModal(
                 {tr("The document “%1” could not be opened.").arg(QFileInfo(path).fileName()),
-                 reason,
+                 read.words(),
                  {{tr("OK")}}});
         return nullptr;
     }
@@ -51,18 +50,17 @@ Document *DocumentController::openDocument(const QString &path)
     return added;
 }
 
-int DocumentController::recoverDocuments()
+int DocumentController::recoverDocuments(const RecoveryFolder &folder)
 {
     int recovered = 0;
-    for (auto &file : RecoveryFile::takeAbandoned()) {
+    for (auto &file : folder.takeAbandoned()) {
         auto document = m_makeDocument();
-        QString reason;
         const QString path = file->path();
-        if (!document->recover(std::move(file), &reason)) {
-            if (!reason.isNull())
+        if (const auto read = document->recover(std::move(file)); !read) {
+            if (!read.failedWith(DocumentError::NewerFormat))
                 Services::shared().modalAlerts().runModal(
                     {tr("Changes that were kept for you could not be opened."),
-                     reason + u'\n' + path,
+                     read.words() + u'\n' + path,
                      {{tr("OK")}}});
             continue;
         }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "documents/Document.h"
+#include "documents/RecoveryFolder.h"
 
 #include <QList>
 
@@ -31,8 +32,8 @@ public:
     Document *openDocument(const QString &path);
 
     // Opens what was never saved and outlived the process that had it, each as a document without a name.
-    // Nothing is said of one that cannot be read; it stays where it is. How many there are.
-    int recoverDocuments();
+    // The user is told of one that cannot be read; it stays where it is. Returns the number of those opened.
+    [[nodiscard]] int recoverDocuments(const RecoveryFolder &folder);
 
     // Asks about the changes of each document in turn and closes it, and calls `done` with true when all are
     // closed. Nothing more is asked once the user has kept a document, and `done` is called with false.

@@ -1,48 +1,37 @@
 #include "documents/RecoveryFile.h"
 
-#include "files/DurableFile.h"
-
-#include <QDir>
-#include <QUuid>
-
 #include <fcntl.h>
 #include <sys/stat.h>
 
 namespace Foundation
 {
 
-namespace
-{
-const QString Suffix = QStringLiteral(".vexcards");
-const QString LockSuffix = QStringLiteral(".lock");
-} // namespace
+const QString RecoveryFile::LockSuffix = QStringLiteral(".lock");
 
-RecoveryFile::RecoveryFile(const QString &path)
+RecoveryFile::RecoveryFile(const QString &path, const QString &application)
     : m_path(path)
+    , m_application(application)
     , m_lock(FileSystem::system())
 {
 }
 
-QString RecoveryFile::folder()
+SystemResult<std::unique_ptr<RecoveryFile>> RecoveryFile::hold(const QString &path,
+                                                               const QString &application)
 {
-    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
-    // Relative ones are to be ignored.
-    const QString base =
-        QDir::isAbsolutePath(state) ? state : QDir::homePath() + QStringLiteral("/.local/state");
-    return base + QStringLiteral("/vexarel/autosaved");
-}
-
-std::unique_ptr<RecoveryFile> RecoveryFile::hold(const QString &path)
-{
-    std::unique_ptr<RecoveryFile> file(new RecoveryFile(path));
+    const auto name = encodedPath(path + LockSuffix);
+    if (!name)
+        return Failure{std::errc::invalid_argument};
+    std::unique_ptr<RecoveryFile> file(new RecoveryFile(path, application));
+    FileSystem &files = FileSystem::system();
     constexpr int Flags = O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC;
-    const QByteArray name = QFile::encodeName(path + LockSuffix);
-    file->m_lock.reset(uninterrupted(
-        [&] { return FileSystem::system().openAt(AT_FDCWD, name.constData(), Flags, S_IRUSR | S_IWUSR); }));
-    if (!file->m_lock.isOpen() || FileSystem::system().lock(file->m_lock.get()) < 0)
-        return nullptr;
+    file->m_lock.reset(
+        uninterrupted([&] { return files.openAt(AT_FDCWD, name->constData(), Flags, S_IRUSR | S_IWUSR); }));
+    if (!file->m_lock.isOpen() || files.lock(file->m_lock.get()) < 0)
+        return systemFailure();
     // Its former holder may have removed it in the moment before it was locked.
-    return file->isHeld() ? std::move(file) : nullptr;
+    if (!file->isHeld())
+        return Failure{std::errc::no_such_file_or_directory};
+    return file;
 }
 
 bool RecoveryFile::isHeld() const
@@ -53,45 +42,20 @@ bool RecoveryFile::isHeld() const
     return FileSystem::system().fstat(m_lock.get(), &locked) == 0 && locked.st_nlink > 0;
 }
 
-std::unique_ptr<RecoveryFile> RecoveryFile::create()
+FileResult<> RecoveryFile::write(const QByteArray &bytes)
 {
-    if (!QDir().mkpath(folder()))
-        return nullptr;
-    QFile::setPermissions(folder(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    return hold(folder() + u'/' + QUuid::createUuid().toString(QUuid::WithoutBraces) + Suffix);
-}
-
-std::vector<std::unique_ptr<RecoveryFile>> RecoveryFile::takeAbandoned()
-{
-    std::vector<std::unique_ptr<RecoveryFile>> files;
-    const QDir directory(folder());
-    for (const QString &name :
-         directory.entryList({u'*' + Suffix}, QDir::Files, QDir::Time | QDir::Reversed)) {
-        auto file = hold(directory.filePath(name));
-        if (file && QFile::exists(file->path())) // Its holder may have removed it since it was listed.
-            files.push_back(std::move(file));
-    }
-    removeAbandonedFiles(directory.filePath(Suffix));
-    // What is left of a process that was killed before it had written anything, or after it had removed it.
-    for (const QString &name : directory.entryList({u'*' + Suffix + LockSuffix}, QDir::Files)) {
-        const QString path = directory.filePath(name.chopped(LockSuffix.size()));
-        if (const auto file = QFile::exists(path) ? nullptr : hold(path))
-            file->remove();
-    }
-    return files;
-}
-
-bool RecoveryFile::write(const QByteArray &bytes, QString *reason)
-{
-    const FileWriteResult result = writeFileDurably(m_path, bytes);
-    *reason = result.error;
-    return result.succeeded();
+    const FileWriteResult written = writeFileDurably(m_path, bytes, m_application);
+    if (!written)
+        return written.failure();
+    return {};
 }
 
 void RecoveryFile::remove()
 {
-    QFile::remove(m_path);
-    QFile::remove(m_path + LockSuffix);
+    for (const QString &path : {m_path, m_path + LockSuffix}) {
+        if (const auto name = encodedPath(path))
+            (void)FileSystem::system().unlinkAt(AT_FDCWD, name->constData()); // There may be no file yet.
+    }
 }
 
 } // namespace Foundation

@@ -4,6 +4,7 @@
 #include "files/FileErrorText.h"
 #include "files/FileReplacement.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <fcntl.h>
@@ -15,20 +16,26 @@ namespace Foundation
 namespace
 {
 
-QString readErrorText(int number)
+class Words
 {
-    return fileErrorText(number, QStringLiteral("You do not have permission to read the file."),
-                         QStringLiteral("The file does not exist."));
+    Q_DECLARE_TR_FUNCTIONS(DurableFile)
+};
+
+Failure<FileError> readFailure(const Failure<std::errc> &cause)
+{
+    return {FileError::System,
+            fileErrorText(cause.code, Words::tr("You do not have permission to read the file."),
+                          Words::tr("The file does not exist."))};
 }
 
-QString badNameText()
+Failure<FileError> badName()
 {
-    return QStringLiteral("The name contains characters that a file name cannot have.");
+    return {FileError::BadName, Words::tr("The name contains characters that a file name cannot have.")};
 }
 
-QString notRegularText()
+Failure<FileError> notRegular()
 {
-    return QStringLiteral("It is a folder, a device or another special file.");
+    return {FileError::WrongKind, Words::tr("It is a folder, a device or another special file.")};
 }
 
 // Whether that much can be had. A container that cannot get its memory ends the program, and with it all
@@ -53,11 +60,11 @@ public:
     {
     }
 
-    // False if the file changed meanwhile and nothing else is wrong; then `result` means nothing.
-    bool read(qint64 maxBytes, FileReadResult &result);
+    // FileError::Interference if the file changed meanwhile and nothing else is wrong.
+    FileResult<FileContent> read(qint64 maxBytes);
 
 private:
-    std::optional<FileIdentity> identity(FileReadResult &result);
+    FileResult<FileIdentity> identity();
     // The number of bytes read, less than asked at the end of the file only, or -1.
     qint64 fill(char *buffer, qint64 size, qint64 offset);
     // True for small files too, of which nothing is read beforehand, and where reading fails, which it will
@@ -69,55 +76,43 @@ private:
     const FileEndsCheck &m_canBeIt;
 };
 
-bool FilePass::read(qint64 maxBytes, FileReadResult &result)
+FileResult<FileContent> FilePass::read(qint64 maxBytes)
 {
-    result = {};
-    const std::optional<FileIdentity> before = identity(result);
+    const auto before = identity();
     if (!before)
-        return true;
+        return before.failure();
     if (before->size > maxBytes) {
         const QString limit = QLocale::c().formattedDataSize(maxBytes, 0);
-        result.error = QStringLiteral("The file is larger than %1.").arg(limit);
-        return true;
+        return Failure{FileError::TooLarge, Words::tr("The file is larger than %1.").arg(limit)};
     }
-    if (!canBeIt(before->size)) {
-        result.identity = *before;
-        return true;
-    }
-    if (!memoryAvailable(before->size)) {
-        result.error = readErrorText(ENOMEM);
-        return true;
-    }
+    if (!canBeIt(before->size))
+        return FileContent{{}, *before};
+    if (!memoryAvailable(before->size))
+        return readFailure(Failure{std::errc::not_enough_memory});
 
     QByteArray bytes(qsizetype(before->size), Qt::Uninitialized);
     char probe = 0;
     const qint64 filled = fill(bytes.data(), before->size, 0);
     const qint64 beyond = filled == before->size ? fill(&probe, 1, filled) : 0;
-    if (filled < 0 || beyond < 0) {
-        result.error = readErrorText(errno);
-        return true;
-    }
-    const std::optional<FileIdentity> after = identity(result);
+    if (filled < 0 || beyond < 0)
+        return readFailure(systemFailure());
+    const auto after = identity();
     if (!after)
-        return true;
+        return after.failure();
     // Times alone do not tell: two changes within a tick of the system's clock bear the same.
-    if (filled < before->size || beyond > 0 || before != after)
-        return false;
-    result.bytes = bytes;
-    result.identity = *after;
-    return true;
+    if (filled < before->size || beyond > 0 || *before != *after)
+        return Failure{FileError::Interference, Words::tr("Another program keeps changing the file.")};
+    return FileContent{bytes, *after};
 }
 
-std::optional<FileIdentity> FilePass::identity(FileReadResult &result)
+FileResult<FileIdentity> FilePass::identity()
 {
     struct stat status;
     if (uninterrupted([&] { return m_files.fstat(m_descriptor, &status); }) < 0)
-        result.error = readErrorText(errno);
-    else if (!S_ISREG(status.st_mode))
-        result.error = notRegularText();
-    else
-        return FileIdentity::fromStatus(status);
-    return std::nullopt;
+        return readFailure(systemFailure());
+    if (!S_ISREG(status.st_mode))
+        return notRegular();
+    return FileIdentity::fromStatus(status);
 }
 
 qint64 FilePass::fill(char *buffer, qint64 size, qint64 offset)
@@ -150,56 +145,54 @@ bool FilePass::canBeIt(qint64 size)
 
 } // namespace
 
-FileReadResult readRegularFile(const QString &path, qint64 maxBytes, FileSystem &files,
-                               const FileEndsCheck &canBeIt)
+FileResult<FileContent> readRegularFile(const QString &path, qint64 maxBytes, FileSystem &files,
+                                        const FileEndsCheck &canBeIt)
 {
-    FileReadResult result;
     const std::optional<QByteArray> name = encodedPath(path);
-    if (!name) {
-        result.error = badNameText();
-        return result;
-    }
+    if (!name)
+        return badName();
     constexpr int Flags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     const FileDescriptor file(
         files, uninterrupted([&] { return files.openAt(AT_FDCWD, name->constData(), Flags, 0); }));
     if (!file.isOpen()) {
         // A socket, or a device without anything behind it.
-        result.error = errno == ENXIO || errno == ENODEV ? notRegularText() : readErrorText(errno);
-        return result;
+        if (errno == ENXIO || errno == ENODEV)
+            return notRegular();
+        return readFailure(systemFailure());
     }
     FilePass pass(file.get(), files, canBeIt);
-    if (!pass.read(maxBytes, result) && !pass.read(maxBytes, result))
-        result.error = QStringLiteral("Another program keeps changing the file.");
-    return result;
+    auto content = pass.read(maxBytes);
+    if (content.failedWith(FileError::Interference))
+        content = pass.read(maxBytes);
+    return content;
 }
 
-FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes,
+FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes, const QString &application,
                                  const std::optional<FileIdentity> &expected, FileSystem &files)
 {
-    FileWriteResult result;
     const std::optional<QByteArray> name = encodedPath(path);
     // U+FFFD stands where a name had bytes that are no text. Unless a file is really named so, the one that
     // the user chose has another name.
     const bool isDoubtful = path.section(u'/', -1).contains(QChar::ReplacementCharacter);
-    if (!name || (isDoubtful && !identityOfFile(path))) {
-        result.error = badNameText();
-        return result;
-    }
-    FileReplacement replacement(files);
-    if (replacement.locate(*name) && replacement.examineOldFile(expected)) {
-        // Before anything is written: on a full disk what is left of a killed save may be what is missing.
-        replacement.removeAbandonedFiles();
-        if (replacement.writeTemporaryFile(bytes))
-            result.identity = replacement.putInPlace();
-    }
-    result.error = replacement.error();
-    return result;
+    if (!name || (isDoubtful && !identityOfFile(path, files)))
+        return {badName(), {}};
+    FileReplacement replacement(application, files);
+    if (const auto located = replacement.locate(*name); !located)
+        return {located.failure(), {}};
+    if (const auto examined = replacement.examineOldFile(expected); !examined)
+        return {examined.failure(), {}};
+    // Before anything is written: on a full disk what is left of a killed save may be what is missing.
+    replacement.removeAbandonedFiles();
+    if (const auto written = replacement.writeTemporaryFile(bytes); !written)
+        return {written.failure(), {}};
+    const auto placed = replacement.putInPlace();
+    return {placed, replacement.identityInPlace()};
 }
 
-void removeAbandonedFiles(const QString &path, FileSystem &files)
+void removeAbandonedFiles(const QString &path, const QString &application, FileSystem &files)
 {
     const std::optional<QByteArray> name = encodedPath(path);
-    FileReplacement replacement(files);
+    FileReplacement replacement(application, files);
     if (name && replacement.locate(*name))
         replacement.removeAbandonedFiles();
 }

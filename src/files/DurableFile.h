@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/FileError.h"
 #include "files/FileIdentity.h"
 #include "files/FileSystem.h"
 
@@ -12,16 +13,13 @@
 namespace Foundation
 {
 
-// Reading and saving of whole files. Errors are sentences for users, such as "The disk is full.", to be shown
-// below a line that says what failed. Everything here blocks until the disk has answered.
+// Reading and saving of whole files. The words of a failure are to be shown below a line that says what
+// failed. Everything here blocks until the disk has answered.
 
-struct FileReadResult
+struct FileContent
 {
-    QByteArray bytes;      // Empty after a failure, and where the file cannot be what is sought.
+    QByteArray bytes;      // Empty also where the file cannot be what is sought.
     FileIdentity identity; // Of the very file that the bytes are from.
-    QString error;         // Null after success.
-
-    bool succeeded() const { return error.isNull(); }
 };
 
 // Whether a file of that size can be what is sought, by its first and last bytes, 64 of each.
@@ -29,19 +27,17 @@ using FileEndsCheck = std::function<bool(QByteArrayView head, QByteArrayView tai
 
 // Reads all of the regular file `path`, links followed; at most `maxBytes`, beyond which nothing is read.
 // Never waits for the other end of a FIFO and never reads a device. If the file changes while it is read, it
-// is read once more; if it changes again, that is an error, never a mixture of two versions. Of a file of
+// is read once more; if it changes again, that is a failure, never a mixture of two versions. Of a file of
 // more than a MiB the rest is read only if `canBeIt` takes its ends.
-FileReadResult readRegularFile(const QString &path, qint64 maxBytes, FileSystem &files = FileSystem::system(),
-                               const FileEndsCheck &canBeIt = {});
+FileResult<FileContent> readRegularFile(const QString &path, qint64 maxBytes,
+                                        FileSystem &files = FileSystem::system(),
+                                        const FileEndsCheck &canBeIt = {});
 
-struct FileWriteResult
+struct [[nodiscard]] FileWriteResult : FileResult<>
 {
-    // Of the new file, as soon as it has its place. Set beside an error in one case: the new content is
-    // there, but the disk did not confirm the change of the folder, so that a power failure may undo it.
+    // Of the new file, as soon as it has its place: after success, and after FileError::Unconfirmed, where
+    // the disk did not confirm the change of the folder.
     std::optional<FileIdentity> identity;
-    QString error; // Null after success.
-
-    bool succeeded() const { return error.isNull(); }
 };
 
 // Replaces the file `path` by one of the given content, or creates it. After success the content survives a
@@ -62,14 +58,15 @@ struct FileWriteResult
 // - A flush that failed is never repeated on the same file, since the system may have dropped the data and
 //   then report success. The next save writes a fresh file.
 //
-// A killed process leaves its temporary file. The next save into the folder removes it, and so does
-// removeAbandonedFiles; see TemporaryFile for which files are removed.
-FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes,
+// A killed process leaves its temporary file. The next save of `application` into the folder removes it, and
+// so does removeAbandonedFiles; see TemporaryFile for the names that begin with `application`.
+FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes, const QString &application,
                                  const std::optional<FileIdentity> &expected = std::nullopt,
                                  FileSystem &files = FileSystem::system());
 
 // Removes what killed saves of this user left in the folder of the file `path`, links followed. Nothing is
 // told: what cannot be removed stays.
-void removeAbandonedFiles(const QString &path, FileSystem &files = FileSystem::system());
+void removeAbandonedFiles(const QString &path, const QString &application,
+                          FileSystem &files = FileSystem::system());
 
 } // namespace Foundation

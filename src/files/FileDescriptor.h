@@ -10,7 +10,7 @@ namespace Foundation
 // Makes a system call again while signals interrupt it. Not for ever: a file system that runs as an ordinary
 // program may answer so every time. Not for fsync of a file, nor for close.
 template <typename Call>
-auto uninterrupted(Call call)
+[[nodiscard]] auto uninterrupted(Call call)
 {
     constexpr int MaximumAttempts = 100;
     auto result = call();

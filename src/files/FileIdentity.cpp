@@ -1,6 +1,8 @@
 #include "files/FileIdentity.h"
 
-#include "files/FileSystem.h"
+#include "files/FileDescriptor.h"
+
+#include <fcntl.h>
 
 namespace Foundation
 {
@@ -16,11 +18,11 @@ FileIdentity FileIdentity::fromStatus(const struct stat &status)
     return identity;
 }
 
-std::optional<FileIdentity> identityOfFile(const QString &path)
+std::optional<FileIdentity> identityOfFile(const QString &path, FileSystem &files)
 {
     struct stat status;
     const std::optional<QByteArray> name = encodedPath(path);
-    if (!name || ::stat(name->constData(), &status) < 0)
+    if (!name || uninterrupted([&] { return files.statAt(AT_FDCWD, name->constData(), &status); }) < 0)
         return std::nullopt;
     return FileIdentity::fromStatus(status);
 }

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "files/FileSystem.h"
+
 #include <QString>
 
+#include <compare>
 #include <optional>
-
-struct stat;
 
 namespace Foundation
 {
@@ -17,7 +18,7 @@ struct FileIdentity
     {
         qint64 seconds = 0; // Since 1970.
         qint64 nanoseconds = 0;
-        friend bool operator==(const Moment &, const Moment &) = default;
+        friend auto operator<=>(const Moment &, const Moment &) = default; // NOLINT: takes it for a null
     };
 
     static FileIdentity fromStatus(const struct stat &status);
@@ -41,6 +42,7 @@ struct FileIdentity
 };
 
 // Links are followed. Nothing if no file of that name can be found or examined.
-std::optional<FileIdentity> identityOfFile(const QString &path);
+[[nodiscard]] std::optional<FileIdentity> identityOfFile(const QString &path,
+                                                         FileSystem &files = FileSystem::system());
 
 } // namespace Foundation

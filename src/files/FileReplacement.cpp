@@ -2,6 +2,8 @@
 
 #include "files/FileErrorText.h"
 
+#include <QCoreApplication>
+
 #include <climits>
 #include <fcntl.h>
 #include <unistd.h>
@@ -12,26 +14,42 @@ namespace Foundation
 namespace
 {
 
+class Words
+{
+    Q_DECLARE_TR_FUNCTIONS(FileReplacement)
+};
+
 QString missingFolderText()
 {
-    return QStringLiteral("The folder does not exist.");
+    return Words::tr("The folder does not exist.");
 }
 
-QString folderErrorText(int number)
+Failure<FileError> failureInWords(const Failure<std::errc> &cause, const QString &denied,
+                                  const QString &missing)
 {
-    return fileErrorText(number, QStringLiteral("You do not have permission to open the folder."),
-                         missingFolderText());
+    return {FileError::System, fileErrorText(cause.code, denied, missing)};
 }
 
-QString writeErrorText(int number)
+Failure<FileError> folderFailure(const Failure<std::errc> &cause)
 {
-    return fileErrorText(number, QStringLiteral("You do not have permission to write the file."),
-                         missingFolderText());
+    return failureInWords(cause, Words::tr("You do not have permission to open the folder."),
+                          missingFolderText());
 }
 
-QString interferenceText()
+Failure<FileError> writeFailure(const Failure<std::errc> &cause)
 {
-    return QStringLiteral("Another program changed the file while it was being saved.");
+    return failureInWords(cause, Words::tr("You do not have permission to write the file."),
+                          missingFolderText());
+}
+
+Failure<FileError> folderNameFailure()
+{
+    return {FileError::WrongKind, Words::tr("The name is that of a folder.")};
+}
+
+Failure<FileError> interference()
+{
+    return {FileError::Interference, Words::tr("Another program changed the file while it was being saved.")};
 }
 
 struct SplitPath
@@ -50,100 +68,108 @@ SplitPath split(const QByteArray &path)
 
 } // namespace
 
-bool FileReplacement::fail(const QString &text)
+FileResult<> FileReplacement::locate(const QByteArray &path)
 {
-    m_error = text;
-    return false;
-}
-
-bool FileReplacement::locate(const QByteArray &path)
-{
-    QByteArray realPath = path;
-    if (!followLinks(realPath))
-        return false;
-    const SplitPath parts = split(realPath);
+    const auto realPath = followLinks(path);
+    if (!realPath)
+        return realPath.failure();
+    const SplitPath parts = split(*realPath);
     if (parts.name.isEmpty() || parts.name == "." || parts.name == "..")
-        return fail(QStringLiteral("The name is that of a folder."));
+        return folderNameFailure();
     m_name = parts.name;
     constexpr int Flags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
     m_folder.reset(
         uninterrupted([&] { return m_files.openAt(AT_FDCWD, parts.folder.constData(), Flags, 0); }));
-    return m_folder.isOpen() || fail(folderErrorText(errno));
+    if (!m_folder.isOpen())
+        return folderFailure(systemFailure());
+    return {};
 }
 
-bool FileReplacement::followLinks(QByteArray &path)
+FileResult<QByteArray> FileReplacement::followLinks(const QByteArray &path)
 {
     // Lets the system follow them first: it knows circles, and links that others planted in a shared folder.
     if (uninterrupted([&] { return m_files.accessAt(AT_FDCWD, path.constData(), F_OK); }) < 0 &&
         errno != ENOENT)
-        return fail(folderErrorText(errno));
+        return folderFailure(systemFailure());
+    QByteArray followed = path;
     constexpr int MaximumLinks = 40; // As many as the system follows.
     for (int links = 0; links < MaximumLinks; ++links) {
         QByteArray target(PATH_MAX, Qt::Uninitialized);
-        const ssize_t length = uninterrupted(
-            [&] { return m_files.readLink(path.constData(), target.data(), std::size_t(target.size())); });
+        const ssize_t length = uninterrupted([&] {
+            return m_files.readLink(followed.constData(), target.data(), std::size_t(target.size()));
+        });
+        if (length < 0 && errno != EINVAL && errno != ENOENT)
+            return folderFailure(systemFailure());
         if (length < 0)
-            return errno == EINVAL || errno == ENOENT || fail(folderErrorText(errno));
+            return followed;
         target.truncate(length);
-        path = target.startsWith('/') ? target : split(path).folder + '/' + target;
+        followed = target.startsWith('/') ? target : split(followed).folder + '/' + target;
     }
-    return fail(folderErrorText(ELOOP));
+    return folderFailure(Failure{std::errc::too_many_symbolic_link_levels});
 }
 
-bool FileReplacement::examineOldFile(const std::optional<FileIdentity> &expected)
+FileResult<> FileReplacement::examineOldFile(const std::optional<FileIdentity> &expected)
 {
     struct stat status;
-    if (uninterrupted([&] { return m_files.fstatAt(m_folder.get(), m_name.constData(), &status); }) < 0)
-        return errno == ENOENT || fail(folderErrorText(errno));
+    if (uninterrupted([&] { return m_files.fstatAt(m_folder.get(), m_name.constData(), &status); }) < 0) {
+        if (errno == ENOENT)
+            return {};
+        return folderFailure(systemFailure());
+    }
     if (S_ISDIR(status.st_mode))
-        return fail(QStringLiteral("The name is that of a folder."));
+        return folderNameFailure();
     if (!S_ISREG(status.st_mode))
-        return fail(QStringLiteral("The name is that of a device or another special file."));
+        return Failure{FileError::WrongKind,
+                       Words::tr("The name is that of a device or another special file.")};
 
-    const auto readOnly = QStringLiteral("The file is read-only.");
+    const QString readOnly = Words::tr("The file is read-only.");
     if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
-        return fail(readOnly);
+        return Failure{FileError::System, readOnly};
     if (uninterrupted([&] { return m_files.accessAt(m_folder.get(), m_name.constData(), W_OK); }) < 0)
-        return fail(fileErrorText(errno, readOnly, missingFolderText()));
+        return failureInWords(systemFailure(), readOnly, missingFolderText());
     m_oldFile = FileIdentity::fromStatus(status);
     if (expected && !m_oldFile->hasSameContentAs(*expected))
-        return fail(interferenceText());
-    if (const int error = m_rights.takeFrom(m_folder.get(), m_name.constData(), status, m_files))
-        return fail(writeErrorText(error));
-    return true;
+        return interference();
+    if (const auto taken = m_rights.takeFrom(m_folder.get(), m_name.constData(), status, m_files); !taken)
+        return writeFailure(taken.failure());
+    return {};
 }
 
-bool FileReplacement::writeTemporaryFile(const QByteArray &bytes)
+FileResult<> FileReplacement::writeTemporaryFile(const QByteArray &bytes)
 {
     // An interrupted flush or close has failed like any other, but no disk is at fault: take a fresh file.
     constexpr int MaximumAttempts = 3;
-    int error = EINTR;
-    for (int attempt = 0; attempt < MaximumAttempts && error == EINTR; ++attempt) {
-        if (const int failure = m_temporary.create(m_folder.get()))
-            return fail(
-                fileErrorText(failure, QStringLiteral("The folder is not writable."), missingFolderText()));
-        error = fillTemporaryFile(bytes);
+    SystemResult<> written;
+    for (int attempt = 0; attempt < MaximumAttempts; ++attempt) {
+        if (const auto made = m_temporary.create(m_folder.get()); !made)
+            return failureInWords(made.failure(), Words::tr("The folder is not writable."),
+                                  missingFolderText());
+        written = fillTemporaryFile(bytes);
+        if (!written.failedWith(std::errc::interrupted))
+            break;
     }
-    return error == 0 || fail(writeErrorText(error));
+    if (!written)
+        return writeFailure(written.failure());
+    return {};
 }
 
-int FileReplacement::fillTemporaryFile(const QByteArray &bytes)
+SystemResult<> FileReplacement::fillTemporaryFile(const QByteArray &bytes)
 {
     const int file = m_temporary.descriptor();
-    if (const int error = writeAll(file, bytes))
-        return error;
-    if (const int error = m_rights.giveTo(file, m_files))
-        return error;
+    if (auto written = writeAll(file, bytes); !written)
+        return written;
+    if (auto given = m_rights.giveTo(file, m_files); !given)
+        return given;
     if (m_files.fsync(file) < 0)
-        return errno;
+        return systemFailure();
     struct stat status;
     if (uninterrupted([&] { return m_files.fstat(file, &status); }) < 0)
-        return errno;
+        return systemFailure();
     m_newFile = FileIdentity::fromStatus(status);
     return m_temporary.close();
 }
 
-int FileReplacement::writeAll(int descriptor, const QByteArray &bytes)
+SystemResult<> FileReplacement::writeAll(int descriptor, const QByteArray &bytes)
 {
     qsizetype written = 0;
     while (written < bytes.size()) {
@@ -151,44 +177,47 @@ int FileReplacement::writeAll(int descriptor, const QByteArray &bytes)
             return m_files.write(descriptor, bytes.constData() + written,
                                  std::size_t(bytes.size() - written));
         });
-        if (count <= 0)
-            return count < 0 ? errno : EIO;
+        if (count < 0)
+            return systemFailure();
+        if (count == 0)
+            return Failure{std::errc::io_error};
         written += count;
     }
-    return 0;
+    return {};
 }
 
-std::optional<FileIdentity> FileReplacement::putInPlace()
+FileResult<> FileReplacement::putInPlace()
 {
-    if (!oldFileUnchanged())
-        return std::nullopt;
-    if (const int error = m_temporary.renameTo(m_name)) {
-        fail(fileErrorText(error, QStringLiteral("You do not have permission to replace the file."),
-                           interferenceText()));
-        return std::nullopt;
-    }
-    const FileIdentity identity = identityInPlace();
+    if (auto unchanged = checkOldFileUnchanged(); !unchanged)
+        return unchanged;
+    if (const auto renamed = m_temporary.renameTo(m_name); !renamed)
+        return failureInWords(renamed.failure(), Words::tr("You do not have permission to replace the file."),
+                              interference().words);
+    m_inPlace = lookAtPlace();
     // Unlike a file, a folder holds no data of ours that an interrupted flush could lose: it may be repeated.
     // Some file systems have no flush for folders and say that the call is invalid.
     if (uninterrupted([&] { return m_files.fsync(m_folder.get()); }) < 0 && errno != EINVAL)
-        fail(QStringLiteral("The new file is in its place, but the disk did not confirm it. A power failure "
-                            "may bring the old one back."));
-    return identity;
+        return Failure{FileError::Unconfirmed,
+                       Words::tr("The new file is in its place, but the disk did not confirm it. A power "
+                                 "failure may bring the old one back.")};
+    return {};
 }
 
-bool FileReplacement::oldFileUnchanged()
+FileResult<> FileReplacement::checkOldFileUnchanged()
 {
     struct stat status;
     if (uninterrupted([&] { return m_files.fstatAt(m_folder.get(), m_name.constData(), &status); }) < 0) {
-        if (errno != ENOENT)
-            return fail(folderErrorText(errno));
         // A file that somebody removed is no reason to refuse: nothing is overwritten.
-        return true;
+        if (errno == ENOENT)
+            return {};
+        return folderFailure(systemFailure());
     }
-    return m_oldFile == FileIdentity::fromStatus(status) || fail(interferenceText());
+    if (m_oldFile != FileIdentity::fromStatus(status))
+        return interference();
+    return {};
 }
 
-FileIdentity FileReplacement::identityInPlace()
+FileIdentity FileReplacement::lookAtPlace()
 {
     // Renaming moves the time of the last change of status. If another program was faster and its file has
     // the name already, the earlier identity is the right one: it differs, and so the next save will notice.

@@ -47,7 +47,8 @@ mode_t modeOfOwnerAlone(mode_t mode)
 
 } // namespace
 
-int FileRights::takeFrom(int folder, const char *name, const struct stat &status, FileSystem &files)
+SystemResult<> FileRights::takeFrom(int folder, const char *name, const struct stat &status,
+                                    FileSystem &files)
 {
     m_replacing = true;
     m_mode = status.st_mode & 0777;
@@ -58,20 +59,23 @@ int FileRights::takeFrom(int folder, const char *name, const struct stat &status
     if (file.isOpen())
         return takeAttributesFrom(file.get(), files);
     if (!cannotBeKept(errno))
-        return errno;
+        return systemFailure();
     m_listsKnown = false;
-    return 0;
+    return {};
 }
 
-int FileRights::takeAttributesFrom(int descriptor, FileSystem &files)
+SystemResult<> FileRights::takeAttributesFrom(int descriptor, FileSystem &files)
 {
     QByteArray buffer(MaximumAttributeSize, Qt::Uninitialized);
     const auto room = std::size_t(buffer.size());
     const ssize_t length = uninterrupted([&] { return files.flistxattr(descriptor, buffer.data(), room); });
     if (length < 0 && errno != ENOTSUP && errno != ENOSYS)
         m_listsKnown = false;
-    if (length < 0)
-        return cannotBeKept(errno) ? 0 : errno;
+    if (length < 0) {
+        if (cannotBeKept(errno))
+            return {};
+        return systemFailure();
+    }
 
     const QList<QByteArray> names = QByteArray(buffer.constData(), length).split('\0');
     for (const QByteArray &name : names) {
@@ -84,60 +88,64 @@ int FileRights::takeAttributesFrom(int descriptor, FileSystem &files)
         else if (errno == ENODATA)
             continue; // Removed since the list was made.
         else if (!cannotBeKept(errno))
-            return errno;
+            return systemFailure();
         else if (isAccessList(name))
             m_listsKnown = false;
     }
-    return 0;
+    return {};
 }
 
-int FileRights::giveTo(int descriptor, FileSystem &files) const
+SystemResult<> FileRights::giveTo(int descriptor, FileSystem &files) const
 {
     mode_t mode = m_mode;
     if (m_replacing) {
-        if (const int error = giveOwner(descriptor, files, mode))
-            return error;
-        if (const int error = giveAttributes(descriptor, files, mode))
-            return error;
+        if (auto given = giveOwner(descriptor, files, mode); !given)
+            return given;
+        if (auto given = giveAttributes(descriptor, files, mode); !given)
+            return given;
     }
     return giveMode(descriptor, files, mode);
 }
 
-int FileRights::giveMode(int descriptor, FileSystem &files, mode_t mode)
+SystemResult<> FileRights::giveMode(int descriptor, FileSystem &files, mode_t mode)
 {
     struct stat made;
     if (uninterrupted([&] { return files.fstat(descriptor, &made); }) < 0)
-        return errno;
+        return systemFailure();
     // Some shared folders deny every change of a mode, even one that changes nothing.
     if ((made.st_mode & 07777) == mode || uninterrupted([&] { return files.fchmod(descriptor, mode); }) == 0)
-        return 0;
+        return {};
     // File systems without modes of their own answer EPERM or one of the numbers after it. Any other answer,
     // EACCES included, is a failure: the file would be saved, and other users silently lose it.
     constexpr int NoModes[] = {EPERM, ENOTSUP, ENOSYS, EINVAL};
-    return std::ranges::find(NoModes, errno) != std::end(NoModes) ? 0 : errno;
+    if (std::ranges::find(NoModes, errno) != std::end(NoModes))
+        return {};
+    return systemFailure();
 }
 
-int FileRights::giveOwner(int descriptor, FileSystem &files, mode_t &mode) const
+SystemResult<> FileRights::giveOwner(int descriptor, FileSystem &files, mode_t &mode) const
 {
     struct stat made;
     if (uninterrupted([&] { return files.fstat(descriptor, &made); }) < 0)
-        return errno;
+        return systemFailure();
     const auto change = [&](uid_t owner, gid_t group) {
-        return uninterrupted([&] { return files.fchown(descriptor, owner, group); }) < 0 ? errno : 0;
+        return uninterrupted([&] { return files.fchown(descriptor, owner, group); });
     };
     if (made.st_uid == m_owner && made.st_gid == m_group)
-        return 0;
-    int error = change(m_owner, m_group);
+        return {};
+    int changed = change(m_owner, m_group);
     constexpr auto SameOwner = uid_t(-1);
-    if (cannotBeKept(error))
-        error = made.st_gid == m_group ? 0 : change(SameOwner, m_group);
-    if (!cannotBeKept(error))
-        return error;
+    if (changed < 0 && cannotBeKept(errno))
+        changed = made.st_gid == m_group ? 0 : change(SameOwner, m_group);
+    if (changed == 0)
+        return {};
+    if (!cannotBeKept(errno))
+        return systemFailure();
     mode = modeWithoutGroup(mode);
-    return 0;
+    return {};
 }
 
-int FileRights::giveAttributes(int descriptor, FileSystem &files, mode_t &mode) const
+SystemResult<> FileRights::giveAttributes(int descriptor, FileSystem &files, mode_t &mode) const
 {
     bool listsKept = m_listsKnown;
     bool hasAccessList = false;
@@ -150,21 +158,21 @@ int FileRights::giveAttributes(int descriptor, FileSystem &files, mode_t &mode) 
         if (uninterrupted(set) == 0)
             continue;
         if (!cannotBeKept(errno))
-            return errno;
+            return systemFailure();
         listsKept = listsKept && !isAccessList(name);
     }
     // The folder may have given the new file a list of its own, which the old one does not have.
     if (!hasAccessList && uninterrupted([&] { return files.fremovexattr(descriptor, AccessList); }) < 0 &&
         errno != ENODATA && errno != ENOTSUP && errno != ENOSYS) {
         if (!cannotBeKept(errno))
-            return errno;
+            return systemFailure();
         listsKept = false;
     }
     // The group bits of a file with a list are the upper bound of the list, not the rights of the group.
     // Without the list they would give the group, and others, what the list denied them.
     if (!listsKept)
         mode = modeOfOwnerAlone(mode);
-    return 0;
+    return {};
 }
 
 } // namespace Foundation

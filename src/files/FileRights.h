@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/FileError.h"
 #include "files/FileSystem.h"
 
 #include <QList>
@@ -21,18 +22,18 @@ public:
     // Those of a new file: mode 0600, everything else as the system made it.
     FileRights() = default;
 
-    // Reads those of the regular file `name` in `folder`. Returns 0 or an errno. A file that cannot be read
-    // keeps its owner and mode.
-    int takeFrom(int folder, const char *name, const struct stat &status, FileSystem &files);
+    // Reads those of the regular file `name` in `folder`. A file that cannot be read keeps its owner
+    // and mode.
+    SystemResult<> takeFrom(int folder, const char *name, const struct stat &status, FileSystem &files);
 
-    // Gives them to the open file. Returns 0 or an errno; what is merely not permitted is no error.
-    int giveTo(int descriptor, FileSystem &files) const;
+    // Gives them to the open file. What is merely not permitted is no failure.
+    SystemResult<> giveTo(int descriptor, FileSystem &files) const;
 
 private:
-    int takeAttributesFrom(int descriptor, FileSystem &files);
-    int giveOwner(int descriptor, FileSystem &files, mode_t &mode) const;
-    static int giveMode(int descriptor, FileSystem &files, mode_t mode);
-    int giveAttributes(int descriptor, FileSystem &files, mode_t &mode) const;
+    SystemResult<> takeAttributesFrom(int descriptor, FileSystem &files);
+    SystemResult<> giveOwner(int descriptor, FileSystem &files, mode_t &mode) const;
+    static SystemResult<> giveMode(int descriptor, FileSystem &files, mode_t mode);
+    SystemResult<> giveAttributes(int descriptor, FileSystem &files, mode_t &mode) const;
 
     bool m_replacing = false;
     // False if some access list may exist that is not known.

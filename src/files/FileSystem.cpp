@@ -2,7 +2,9 @@
 
 #include <QFile>
 
+#include <cerrno>
 #include <cstdio>
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/xattr.h>
@@ -74,6 +76,11 @@ int FileSystem::fstatAt(int folder, const char *name, struct stat *status)
     return ::fstatat(folder, name, status, AT_SYMLINK_NOFOLLOW);
 }
 
+int FileSystem::statAt(int folder, const char *name, struct stat *status)
+{
+    return ::fstatat(folder, name, status, 0);
+}
+
 int FileSystem::accessAt(int folder, const char *name, int mode)
 {
     return ::faccessat(folder, name, mode, 0);
@@ -92,6 +99,41 @@ int FileSystem::renameAt(int folder, const char *oldName, const char *newName)
 int FileSystem::unlinkAt(int folder, const char *name)
 {
     return ::unlinkat(folder, name, 0);
+}
+
+int FileSystem::chmodAt(int folder, const char *name, mode_t mode)
+{
+    return ::fchmodat(folder, name, mode, 0);
+}
+
+int FileSystem::mkdirAt(int folder, const char *name, mode_t mode)
+{
+    return ::mkdirat(folder, name, mode);
+}
+
+int FileSystem::readNames(int folder, QList<QByteArray> *names)
+{
+    // The list closes its descriptor, and reading moves its place in the folder: it gets a descriptor of its
+    // own.
+    const int reading = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    DIR *const list = reading < 0 ? nullptr : ::fdopendir(reading);
+    int error = list ? 0 : errno;
+    while (list) {
+        errno = 0; // The end of the list and a failure look the same otherwise.
+        const dirent *const entry = ::readdir(list);
+        error = errno;
+        if (!entry)
+            break;
+        const QByteArray name(entry->d_name);
+        if (name != "." && name != "..")
+            names->append(name);
+    }
+    if (list)
+        ::closedir(list);
+    else if (reading >= 0)
+        ::close(reading);
+    errno = error;
+    return error == 0 ? 0 : -1;
 }
 
 int FileSystem::fchmod(int descriptor, mode_t mode)

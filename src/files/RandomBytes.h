@@ -8,6 +8,6 @@ namespace Foundation
 {
 
 // `length` bytes of the system's secure source; nothing if the source fails.
-std::optional<QByteArray> secureRandomBytes(quint64 length);
+[[nodiscard]] std::optional<QByteArray> secureRandomBytes(quint64 length);
 
 } // namespace Foundation

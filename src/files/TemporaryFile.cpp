@@ -1,14 +1,12 @@
 #include "files/TemporaryFile.h"
 
 #include <QCryptographicHash>
-#include <QList>
+#include <QFile>
 #include <QRandomGenerator>
 #include <QSysInfo>
 
 #include <algorithm>
-#include <dirent.h>
 #include <fcntl.h>
-#include <memory>
 #include <unistd.h>
 
 namespace Foundation
@@ -20,11 +18,11 @@ namespace
 constexpr int DigitCount = 16;
 
 // What all names of this user's files on this machine begin with.
-QByteArray ownPrefix()
+QByteArray ownPrefix(const QString &application)
 {
     const QByteArray owner = QSysInfo::machineUniqueId() + ' ' + QByteArray::number(::geteuid());
     const QByteArray digest = QCryptographicHash::hash(owner, QCryptographicHash::Sha256);
-    return ".vexarel-" + digest.toHex().first(DigitCount) + '-';
+    return '.' + QFile::encodeName(application) + '-' + digest.toHex().first(DigitCount) + '-';
 }
 
 bool isOwnName(const QByteArray &name, const QByteArray &prefix)
@@ -35,29 +33,6 @@ bool isOwnName(const QByteArray &name, const QByteArray &prefix)
            std::all_of(digits.begin(), digits.end(), isDigit);
 }
 
-// Empty if the folder cannot be read.
-QList<QByteArray> ownNamesIn(int folder)
-{
-    struct Closing
-    {
-        void operator()(DIR *list) const { ::closedir(list); }
-    };
-    const int reading = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const std::unique_ptr<DIR, Closing> list(reading < 0 ? nullptr : ::fdopendir(reading));
-    if (!list) {
-        if (reading >= 0)
-            ::close(reading);
-        return {};
-    }
-    const QByteArray prefix = ownPrefix();
-    QList<QByteArray> names;
-    while (const dirent *entry = ::readdir(list.get())) {
-        if (isOwnName(entry->d_name, prefix))
-            names.append(entry->d_name);
-    }
-    return names;
-}
-
 // A file with a second hard link is kept: another program or the user may have linked it to save its content.
 bool isLeftover(const struct stat &status)
 {
@@ -66,55 +41,63 @@ bool isLeftover(const struct stat &status)
 
 } // namespace
 
-int TemporaryFile::create(int folder)
+SystemResult<> TemporaryFile::create(int folder)
 {
     constexpr int Flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     constexpr int MaximumAttempts = 10;
-    int error = EEXIST;
-    for (int attempt = 0; attempt < MaximumAttempts && error == EEXIST; ++attempt) {
+    SystemResult<> made;
+    for (int attempt = 0; attempt < MaximumAttempts; ++attempt) {
         remove();
         // Independent of the real name, which may be as long as names can be.
         const quint64 random = QRandomGenerator::system()->generate64();
-        const QByteArray name = ownPrefix() + QByteArray::number(random, 16).rightJustified(DigitCount, '0');
+        const QByteArray name =
+            ownPrefix(m_application) + QByteArray::number(random, 16).rightJustified(DigitCount, '0');
         m_content.reset(uninterrupted(
             [&] { return m_files.openAt(folder, name.constData(), Flags, S_IRUSR | S_IWUSR); }));
-        error = m_content.isOpen() ? 0 : errno;
-        if (error != 0)
-            continue;
-        m_folder = folder;
-        m_name = name;
-        error = lock();
+        if (m_content.isOpen()) {
+            m_folder = folder;
+            m_name = name;
+            made = lock();
+        } else {
+            made = systemFailure();
+        }
+        if (!made.failedWith(std::errc::file_exists))
+            break;
     }
-    return error;
+    return made;
 }
 
-int TemporaryFile::lock()
+SystemResult<> TemporaryFile::lock()
 {
     m_lock.reset(uninterrupted([&] { return m_files.duplicate(m_content.get()); }));
     if (!m_lock.isOpen())
-        return errno;
+        return systemFailure();
     // A file system without locks is no obstacle. A process that looks for abandoned files may have taken
     // this one for such a file in the moment before it was locked: then it is lost.
     if (uninterrupted([&] { return m_files.lock(m_lock.get()); }) < 0 && errno == EWOULDBLOCK)
-        return EEXIST;
+        return Failure{std::errc::file_exists};
     struct stat status;
     if (uninterrupted([&] { return m_files.fstat(m_lock.get(), &status); }) < 0)
-        return errno;
-    return status.st_nlink == 0 ? EEXIST : 0;
+        return systemFailure();
+    if (status.st_nlink == 0)
+        return Failure{std::errc::file_exists};
+    return {};
 }
 
-int TemporaryFile::close()
+SystemResult<> TemporaryFile::close()
 {
-    return m_content.close() < 0 ? errno : 0;
+    if (m_content.close() < 0)
+        return systemFailure();
+    return {};
 }
 
-int TemporaryFile::renameTo(const QByteArray &name)
+SystemResult<> TemporaryFile::renameTo(const QByteArray &name)
 {
     if (uninterrupted([&] { return m_files.renameAt(m_folder, m_name.constData(), name.constData()); }) < 0)
-        return errno;
+        return systemFailure();
     m_name.clear();
     m_lock.close();
-    return 0;
+    return {};
 }
 
 void TemporaryFile::remove()
@@ -122,25 +105,29 @@ void TemporaryFile::remove()
     if (m_name.isEmpty())
         return;
     // If this fails too there is nothing more to do; the error that led here is the one to tell.
-    uninterrupted([&] { return m_files.unlinkAt(m_folder, m_name.constData()); });
+    (void)uninterrupted([&] { return m_files.unlinkAt(m_folder, m_name.constData()); });
     m_name.clear();
     m_content.close();
     m_lock.close();
 }
 
-void TemporaryFile::removeAbandoned(int folder, FileSystem &files)
+void TemporaryFile::removeAbandoned(int folder) const
 {
-    for (const QByteArray &name : ownNamesIn(folder)) {
+    QList<QByteArray> names;
+    (void)m_files.readNames(folder, &names); // What could not be read is for the next save.
+    const QByteArray prefix = ownPrefix(m_application);
+    for (const QByteArray &name : names) {
         struct stat named;
-        if (files.fstatAt(folder, name.constData(), &named) < 0 || !isLeftover(named))
+        if (!isOwnName(name, prefix) || m_files.fstatAt(folder, name.constData(), &named) < 0 ||
+            !isLeftover(named))
             continue;
         // Some network folders lock only what is open for writing.
         constexpr int Flags = O_WRONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC;
-        const FileDescriptor file(files, files.openAt(folder, name.constData(), Flags, 0));
+        const FileDescriptor file(m_files, m_files.openAt(folder, name.constData(), Flags, 0));
         struct stat opened;
-        if (file.isOpen() && files.fstat(file.get(), &opened) == 0 && opened.st_dev == named.st_dev &&
-            opened.st_ino == named.st_ino && files.lock(file.get()) == 0)
-            files.unlinkAt(folder, name.constData());
+        if (file.isOpen() && m_files.fstat(file.get(), &opened) == 0 && opened.st_dev == named.st_dev &&
+            opened.st_ino == named.st_ino && m_files.lock(file.get()) == 0)
+            (void)m_files.unlinkAt(folder, name.constData()); // What stays is for the next save.
     }
 }
 

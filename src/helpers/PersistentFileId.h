@@ -16,7 +16,7 @@ struct PersistentFileId
     qint64 birthInNanoseconds = 0; // Since 1970.
 
     // The id of the file or folder at `path`; links are followed. Nothing if there is none.
-    static std::optional<PersistentFileId> ofFile(const QString &path);
+    [[nodiscard]] static std::optional<PersistentFileId> ofFile(const QString &path);
 
     friend bool operator==(const PersistentFileId &, const PersistentFileId &) = default;
 };

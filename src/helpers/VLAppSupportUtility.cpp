@@ -8,6 +8,7 @@
 using namespace Foundation;
 
 const QString VLAppSupportUtility::ApplicationName = QStringLiteral("Vexarel");
+const QString VLAppSupportUtility::NameInPaths = QStringLiteral("vexarel");
 
 namespace
 {
@@ -41,8 +42,8 @@ bool offerLastVersion(const QString &message, const QString &informativeText)
     const Alert alert{
         .message = message,
         .informativeText = informativeText,
-        .buttons = {{QStringLiteral("Go to Download Last Version")},
-                    {QStringLiteral("Cancel"), Foundation::AlertButton::Cancel}},
+        .buttons = {{VLAppSupportUtility::tr("Go to Download Last Version")},
+                    {VLAppSupportUtility::tr("Cancel"), Foundation::AlertButton::Cancel}},
         .style = Alert::Style::Warning,
     };
     const bool accepted = Services::shared().modalAlerts().runModal(alert) == Alert::FirstButtonReturn;
@@ -101,21 +102,17 @@ void VLAppSupportUtility::visitTwitter(QObject *)
 bool VLAppSupportUtility::sayFilecreatedWithANewerVersion(QObject *)
 {
     return offerLastVersion(
-        QStringLiteral(
-            "The document you requested to open was created with a more recent version of this application"),
-        QStringLiteral(
-            "To open this file you need a release of this application equal or successive to the one "
-            "used to create this file.\n\nProbably you are using an outdated release.\nYou can download "
-            "for free the last version of this application from our site"));
+        tr("The document you requested to open was created with a more recent version of this application"),
+        tr("To open this file you need a release of this application equal or successive to the one "
+           "used to create this file.\n\nProbably you are using an outdated release.\nYou can download "
+           "for free the last version of this application from our site"));
 }
 
 bool VLAppSupportUtility::dataIn_ApplicationSupportFolder_CreatedWithANewerVersion(QObject *)
 {
     return offerLastVersion(
-        QStringLiteral(
-            "Data file the software tryed to open from the Application Support folder was created with a "
-            "more recent version of this application"),
-        QStringLiteral(
-            "You need a release of this application equal or successive to the one used to create this "
-            "data file.\n\nPlease use a more recent version of this application"));
+        tr("Data file the software tryed to open from the Application Support folder was created with a "
+           "more recent version of this application"),
+        tr("You need a release of this application equal or successive to the one used to create this "
+           "data file.\n\nPlease use a more recent version of this application"));
 }

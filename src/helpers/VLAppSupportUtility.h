@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 class QObject;
@@ -10,12 +11,15 @@ class QObject;
 // Actions ignore their sender. If an address cannot be opened, no error is shown.
 class VLAppSupportUtility
 {
+    Q_DECLARE_TR_FUNCTIONS(VLAppSupportUtility)
 public:
     // The release number of this application: major, minor and patch as decimal digits, minor and patch with
     // two digits each. CMakeLists.txt has the same release as PROJECT_VERSION; change both together. The
     // format number of documents is another number.
     static constexpr qint64 ApplicationRelease = 30602;
     static const QString ApplicationName;
+    // What the application is called in names of files and folders.
+    static const QString NameInPaths;
 
     VLAppSupportUtility() = delete;
 

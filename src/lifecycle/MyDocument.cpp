@@ -21,6 +21,9 @@ using Foundation::Array;
 using Foundation::ArrayController;
 using Foundation::ColorPanel;
 using Foundation::Dictionary;
+using Foundation::DocumentError;
+using Foundation::DocumentResult;
+using Foundation::Failure;
 using Foundation::Predicate;
 using Foundation::Services;
 using Foundation::Value;
@@ -51,6 +54,11 @@ MyDocument::MyDocument(QObject *parent)
 }
 
 MyDocument::~MyDocument() = default;
+
+Foundation::DocumentType MyDocument::type()
+{
+    return {VLAppSupportUtility::NameInPaths, QStringLiteral("vexcards")};
+}
 
 void MyDocument::setMyArray(const Ref<Array> &records)
 {
@@ -260,10 +268,12 @@ void MyDocument::doLockDocument()
     if (isDecrypted() && !plainPassword().isEmpty() && !fileURL().isNull())
         setOSXPlatformDictionary(SavePipeline::platformDictionary(windowPlacement()));
     pipeline.encryptData();
-    if (const QString reason = reasonNotReadable(); !reason.isNull()) {
+    if (const auto canBeRead = checkCanBeRead(); !canBeRead) {
         // Behind the lock would be nothing that opens.
         m_isLockedByHand = false;
-        showAlert({tr("The document “%1” could not be locked.").arg(displayName()), reason, {{tr("OK")}}},
+        showAlert({tr("The document “%1” could not be locked.").arg(displayName()),
+                   canBeRead.words(),
+                   {{tr("OK")}}},
                   [](int) {});
         return;
     }
@@ -289,11 +299,11 @@ qint32 MyDocument::Decript()
     const Ref<Array> formerRecords = state().myArray;
     DecryptPipeline pipeline(mutableState(), Services::shared().clock(),
                              [this] { return m_categories.newObject(); });
-    const qint32 status = pipeline.decript();
+    const auto deciphered = pipeline.decript();
     if (pipeline.hasReplacedLabels())
         Q_EMIT myLabelDictionaryChanged();
-    if (status != DecryptSuccess)
-        return status;
+    if (!deciphered)
+        return statusOf(deciphered);
     m_categories.replaceContent(state().myCategoryArray);
     m_records.replaceContent(state().myArray);
     m_records.sharedFieldEdits().replaceRecords(*formerRecords, *state().myArray);
@@ -333,27 +343,27 @@ std::optional<QByteArray> MyDocument::dataOfType(const QString &)
     return SavePipeline(mutableState()).dataOfType(windowPlacement());
 }
 
-bool MyDocument::readFromData(const QByteArray &bytes, const QString &, QString *reason)
+bool MyDocument::readFromData(const QByteArray &bytes, const QString &, Failure<DocumentError> *error)
 {
     // An open document goes on with what it has where its file turns out to be none that it can go back to.
     DocumentState trial;
     const bool isReverting = window() != nullptr;
     const Foundation::Clock &clock = Services::shared().clock();
-    ReadOutcome outcome = readDocument(bytes, isReverting ? trial : mutableState(), clock);
-    if (isReverting && outcome == ReadOutcome::Loaded)
-        outcome = readDocument(bytes, mutableState(), clock);
-    if (outcome == ReadOutcome::NotADocument) {
-        *reason = tr("It is not a Vexarel document or is damaged.");
-        return false;
-    }
-    if (outcome == ReadOutcome::Loaded) {
+    auto loaded = readDocument(bytes, isReverting ? trial : mutableState(), clock);
+    if (isReverting && loaded)
+        loaded = readDocument(bytes, mutableState(), clock);
+    if (loaded) {
         if (window())
             window()->setToolbarVisible(false);
         Q_EMIT isEncryptedChanged();
         Q_EMIT myLabelDictionaryChanged();
         return true;
     }
-    *reason = QString(); // The user is told here.
+    if (loaded.failedWith(ReadError::NotADocument)) {
+        *error = {DocumentError::Content, tr("It is not a Vexarel document or is damaged.")};
+        return false;
+    }
+    *error = {DocumentError::NewerFormat};
     // The alert opens the maker's site itself, so that it is asked for twice.
     if (VLAppSupportUtility::sayFilecreatedWithANewerVersion(this))
         VLAppSupportUtility::visitUs(this);
@@ -365,25 +375,27 @@ quint64 MyDocument::contentStamp() const
     return ::contentStamp(state());
 }
 
-QString MyDocument::reasonNotToWrite() const
+DocumentResult<> MyDocument::checkMayBeWritten() const
 {
     // Bytes written now could never be opened again, so that this guards every way to the disk.
     if (isEncrypted())
-        return tr("It is locked. Enter the master password first.");
+        return Failure{DocumentError::NotNow, tr("It is locked. Enter the master password first.")};
     if (plainPassword().isEmpty())
-        return tr("It has no master password yet.");
+        return Failure{DocumentError::NotNow, tr("It has no master password yet.")};
     return {};
 }
 
-QString MyDocument::reasonNotReadable() const
+DocumentResult<> MyDocument::checkCanBeRead() const
 {
-    if (SavePipeline::canBeRead(state()))
+    const auto canBeRead = SavePipeline::canBeRead(state());
+    if (canBeRead)
         return {};
-    return state().refusesOwnContent
-               ? tr("It holds more than can be read again, or lists that lie in each other too deeply. "
-                    "Delete "
-                    "the contacts that another program has filled in so, and try again.")
-               : tr("It could not be enciphered.");
+    if (canBeRead.failedWith(SavePipeline::UnreadableBecause::NotEnciphered))
+        return Failure{DocumentError::Content, tr("It could not be enciphered.")};
+    return Failure{DocumentError::Content,
+                   tr("It holds more than can be read again, or lists that lie in each other too deeply. "
+                      "Delete "
+                      "the contacts that another program has filled in so, and try again.")};
 }
 
 bool MyDocument::canBeItsFile(QByteArrayView head, QByteArrayView tail, qint64 size) const

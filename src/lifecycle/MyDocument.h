@@ -45,6 +45,8 @@ public:
     explicit MyDocument(QObject *parent = nullptr);
     ~MyDocument() override;
 
+    // "vexcards" documents of "vexarel".
+    static Foundation::DocumentType type();
     static QString windowNibName() { return QStringLiteral("MyDocument"); }
 
     FilteringArrayController *myArrayController() { return &m_records; }
@@ -129,10 +131,12 @@ public:
     qint32 Decript() override;
     qint32 decryptDone() override;
 
-    std::optional<QByteArray> dataOfType(const QString &type) override;
-    bool readFromData(const QByteArray &bytes, const QString &type, QString *reason) override;
-    QString reasonNotToWrite() const override;
-    QString reasonNotReadable() const override;
+    Foundation::DocumentType documentType() const override { return type(); }
+    [[nodiscard]] std::optional<QByteArray> dataOfType(const QString &type) override;
+    [[nodiscard]] bool readFromData(const QByteArray &bytes, const QString &type,
+                                    Foundation::Failure<Foundation::DocumentError> *error) override;
+    Foundation::DocumentResult<> checkMayBeWritten() const override;
+    Foundation::DocumentResult<> checkCanBeRead() const override;
     bool canBeItsFile(QByteArrayView head, QByteArrayView tail, qint64 size) const override;
     QString autosavingFileType() const override;
     bool keepsRecoveryFile() const override;

@@ -11,9 +11,9 @@ void VLRevertDocController::advancedLockDocument(Document *document)
     const QPointer<Document> watched(document);
     const QPointer<VLRevertDocController> controller(this);
     if (document->isDocumentEdited()) {
-        document->saveWithCompletion([controller, watched](bool didSave) {
+        document->saveWithCompletion([controller, watched](const Foundation::DocumentResult<> &saved) {
             if (controller && watched)
-                controller->document(watched, didSave, nullptr);
+                controller->document(watched, saved.succeeded(), nullptr);
         });
         return;
     }

@@ -5,18 +5,31 @@
 namespace Foundation
 {
 
-UserDefaults::UserDefaults()
+namespace
+{
+
+QString standardFile;
+
+} // namespace
+
+UserDefaults::UserDefaults(const QString &pathInFolder)
     : m_settings(std::make_unique<QSettings>(
-          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-              QStringLiteral("/vexarel/vexarel.conf"),
+          QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' + pathInFolder,
           QSettings::IniFormat))
 {
 }
 
 UserDefaults &UserDefaults::standardUserDefaults()
 {
-    static UserDefaults defaults;
+    Q_ASSERT(!standardFile.isNull());
+    static UserDefaults defaults(standardFile);
     return defaults;
+}
+
+void UserDefaults::setStandardFile(const QString &pathInFolder)
+{
+    Q_ASSERT(standardFile.isNull() || standardFile == pathInFolder);
+    standardFile = pathInFolder;
 }
 
 void UserDefaults::registerDefaults(const QVariantHash &defaults)

@@ -14,7 +14,10 @@ namespace Foundation
 class UserDefaults
 {
 public:
+    // Those of the application. Its file must have been set.
     static UserDefaults &standardUserDefaults();
+    // In the user's folder of settings. To be called before the first use; never changes the file afterwards.
+    static void setStandardFile(const QString &pathInFolder);
 
     // Adds defaults for keys that the user never set.
     void registerDefaults(const QVariantHash &defaults);
@@ -29,7 +32,7 @@ public:
     void synchronize();
 
 private:
-    UserDefaults();
+    explicit UserDefaults(const QString &pathInFolder);
 
     std::unique_ptr<QSettings> m_settings;
     QVariantHash m_defaults;

@@ -1,5 +1,6 @@
 #include "shell/MyAppDelegate.h"
 
+#include "helpers/VLAppSupportUtility.h"
 #include "helpers/transformers/HelperTransformers.h"
 #include "lifecycle/MyDocument.h"
 #include "platform/UserDefaults.h"
@@ -30,6 +31,8 @@ QVariantHash MyAppDelegate::registeredDefaults()
 
 void MyAppDelegate::initialize()
 {
+    Foundation::UserDefaults::setStandardFile(
+        QStringLiteral("%1/%1.conf").arg(VLAppSupportUtility::NameInPaths));
     Foundation::UserDefaults::standardUserDefaults().registerDefaults(registeredDefaults());
 }
 

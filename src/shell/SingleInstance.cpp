@@ -89,7 +89,7 @@ bool SingleInstance::handOver(const QStringList &paths)
     case Answer::Nobody:
         // Removes the socket of a crashed instance.
         QLocalServer::removeServer(name);
-        m_server.listen(name);
+        (void)m_server.listen(name); // Without it every start is one of its own.
         return false;
     case Answer::Busy:
         break; // The other instance keeps the socket; the files are opened in this one.

@@ -19,7 +19,7 @@ public:
     // Returns true if another instance has taken the paths; the caller should then quit. Returns false if
     // this is now the only instance, or if the other one does not answer, in which case both run. Blocks for
     // some seconds at most.
-    bool handOver(const QStringList &paths);
+    [[nodiscard]] bool handOver(const QStringList &paths);
 
 Q_SIGNALS:
     // The application was started again with these files, as absolute paths. The list may be empty.

@@ -92,25 +92,25 @@ TEST(DocumentReader, LoadsTheKeysOfReleasesThatEncipherArchives)
 
 TEST(DocumentReader, ReadsTheVersionAsAnUnsignedNumber)
 {
-    const std::tuple<const char *, Value, ReadOutcome, const char *> cases[] = {
-        {"none is 0", Value(), ReadOutcome::Loaded, "0"},
-        {"a real is cut", Value(30600.9), ReadOutcome::Loaded, "30600"},
-        {"a text is a number", u"30600"_qs, ReadOutcome::Loaded, "30600"},
-        {"data is none", QByteArray("30600"), ReadOutcome::Loaded, "0"},
-        {"one too new", Value(30601), ReadOutcome::NewerFormat, "30601"},
-        {"beyond 32 bits", Value(qint64(4294967296 + 30600)), ReadOutcome::NewerFormat, "4294997896"},
-        {"a negative number is a large one", Value(-5), ReadOutcome::NewerFormat, "-5"},
-        {"which reads with a sign", Value(std::numeric_limits<quint64>::max() - 4), ReadOutcome::NewerFormat,
-         "-5"},
+    const std::tuple<const char *, Value, bool, const char *> cases[] = {
+        {"none is 0", Value(), false, "0"},
+        {"a real is cut", Value(30600.9), false, "30600"},
+        {"a text is a number", u"30600"_qs, false, "30600"},
+        {"data is none", QByteArray("30600"), false, "0"},
+        {"one too new", Value(30601), true, "30601"},
+        {"beyond 32 bits", Value(qint64(4294967296 + 30600)), true, "4294997896"},
+        {"a negative number is a large one", Value(-5), true, "-5"},
+        {"which reads with a sign", Value(std::numeric_limits<quint64>::max() - 4), true, "-5"},
     };
-    for (const auto &[rule, appversion, outcome, release] : cases) {
+    for (const auto &[rule, appversion, isNewer, release] : cases) {
         SCOPED_TRACE(rule);
         DocumentState state;
-        EXPECT_EQ(readDocument(fileOfAllKeys(appversion), state, Foundation::Services::shared().clock()),
-                  outcome);
+        EXPECT_EQ(readDocument(fileOfAllKeys(appversion), state, Foundation::Services::shared().clock())
+                      .failedWith(ReadError::NewerFormat),
+                  isNewer);
         EXPECT_EQ(state.fileDocRelease, QLatin1String(release));
-        EXPECT_EQ(state.YouCanSave, outcome == ReadOutcome::Loaded);
-        EXPECT_EQ(state.mySalt.isNull(), outcome == ReadOutcome::NewerFormat);
+        EXPECT_EQ(state.YouCanSave, !isNewer);
+        EXPECT_EQ(state.mySalt.isNull(), isNewer);
     }
 }
 
@@ -121,8 +121,8 @@ TEST(DocumentReader, TakesValuesOfAWrongTypeForAbsent)
         SCOPED_TRACE(qPrintable(key.name()));
         for (const Value &wrong : {Value(7), Value(u"text"_qs), Value(Array::create())}) {
             DocumentState state;
-            EXPECT_EQ(readDocument(withKey(file, key, wrong), state, Foundation::Services::shared().clock()),
-                      ReadOutcome::Loaded);
+            EXPECT_TRUE(
+                readDocument(withKey(file, key, wrong), state, Foundation::Services::shared().clock()));
             EXPECT_EQ(state.myEncryptedArrayData.isNull(), key == FileKey::dataArrayData);
             EXPECT_EQ(state.mySalt.isNull(), key == FileKey::salt);
             EXPECT_EQ(state.useMyWinRect, key != FileKey::OSXPlatformDictionary);
@@ -140,8 +140,8 @@ TEST(DocumentReader, LeavesTheStateAloneForBytesThatAreNoDocument)
     for (const QByteArray &bytes : cases) {
         SCOPED_TRACE(bytes.size());
         TestDocument document = TestDocument::filled();
-        EXPECT_EQ(readDocument(bytes, document.state, Foundation::Services::shared().clock()),
-                  ReadOutcome::NotADocument);
+        EXPECT_TRUE(readDocument(bytes, document.state, Foundation::Services::shared().clock())
+                        .failedWith(ReadError::NotADocument));
         EXPECT_FALSE(document.state.isEncrypted);
         EXPECT_TRUE(document.state.YouCanSave);
         EXPECT_TRUE(document.state.requiresMandatoryPassword);

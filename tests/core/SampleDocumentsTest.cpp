@@ -73,14 +73,12 @@ TEST(SampleDocuments, LoadAsTold)
     for (const Sample &sample : samples()) {
         SCOPED_TRACE(qPrintable(sample.name()));
         DocumentState state;
-        const ReadOutcome outcome =
-            readDocument(sample.bytes(), state, Foundation::Services::shared().clock());
+        const auto read = readDocument(sample.bytes(), state, Foundation::Services::shared().clock());
         if (sample.entry[u"archive"_qs] != u"ok"_qs) {
-            EXPECT_EQ(outcome, ReadOutcome::NotADocument);
+            EXPECT_TRUE(read.failedWith(ReadError::NotADocument));
             continue;
         }
-        EXPECT_EQ(outcome,
-                  sample.entry[u"refused"_qs].toBool() ? ReadOutcome::NewerFormat : ReadOutcome::Loaded);
+        EXPECT_EQ(read.failedWith(ReadError::NewerFormat), sample.entry[u"refused"_qs].toBool());
         const QJsonObject loaded = sample.entry[u"loaded"_qs].toObject();
         const QJsonObject frame = loaded[u"myWinRectToUse"_qs].toObject();
         EXPECT_EQ(QString::number(state.myOpeningDocumentVersion), loaded[u"appversion"_qs].toString());

@@ -37,8 +37,7 @@ protected:
     MyDocument *newOne(const QString &path)
     {
         MyDocument *saved = newOne();
-        QString reason;
-        EXPECT_TRUE(saved->writeToFile(path, &reason)) << qPrintable(reason);
+        EXPECT_EQ(saved->writeToFile(path).words(), QString());
         return saved;
     }
     MyDocument *newOne(DocumentController &owner)
@@ -63,9 +62,9 @@ protected:
     {
         return QDir(in).entryList(QDir::Files | QDir::Hidden).size();
     }
-    static QStringList recoveryFiles()
+    QStringList recoveryFiles() const
     {
-        return QDir(RecoveryFile::folder()).entryList({u"*.vexcards"_qs}, QDir::Files);
+        return QDir(recoveryFolder.path()).entryList({u"*.vexcards"_qs}, QDir::Files);
     }
     QString noteIn(const QString &path)
     {
@@ -75,6 +74,7 @@ protected:
         return note();
     }
 
+    const RecoveryFolder recoveryFolder{MyDocument::type()};
     ManualTimers timers;
     DocumentController controller{[] { return std::make_unique<MyDocument>(); }};
     Autosaver autosaver{controller};
@@ -119,7 +119,7 @@ TEST_F(Autosaving, TheFileStaysWhileTheUserIsAskedAndWhileItIsLockedAndTheChange
     EXPECT_TRUE(edited->isDocumentEdited());
     EXPECT_EQ(noteIn(path), u"") << "who discards the changes must not find them in the file";
     ASSERT_EQ(recoveryFiles().size(), 1);
-    EXPECT_EQ(noteIn(RecoveryFile::folder() + u'/' + recoveryFiles().front()), u"mine");
+    EXPECT_EQ(noteIn(recoveryFolder.path() + u'/' + recoveryFiles().front()), u"mine");
     windows.back()->answer(1001);
     edited->doLockDocument();
     timers.advance(100);
@@ -197,7 +197,7 @@ TEST_F(Autosaving, WhatALockTakesAlongIsSafeOrCountsAsEditedAfterwards)
         EXPECT_EQ(contentOf(path), before);
         ASSERT_EQ(recoveryFiles().size(), c.isKept ? 1 : 0);
         for (const QString &name : recoveryFiles())
-            EXPECT_EQ(noteIn(RecoveryFile::folder() + u'/' + name), u"typed just now");
+            EXPECT_EQ(noteIn(recoveryFolder.path() + u'/' + name), u"typed just now");
         if (controller.documents().contains(edited)) {
             autosaver.autosaveAll(); // as at the end of the session
             unlock(edited);
@@ -237,22 +237,25 @@ TEST_F(Autosaving, AFileThatIsTouchedMeanwhileIsLeftAlone)
             meanwhile();
             return QByteArray("mine");
         }
-        bool readFromData(const QByteArray &, const QString &, QString *) override { return true; }
+        bool readFromData(const QByteArray &, const QString &, Failure<DocumentError> *) override
+        {
+            return true;
+        }
+        DocumentType documentType() const override { return MyDocument::type(); }
         std::function<void()> meanwhile = [] {};
     };
     const QString path = pathOf("e.vexcards");
     putFile(path, "old");
     SlowDocument edited;
-    QString reason;
-    ASSERT_TRUE(edited.readFromFile(path, &reason));
+    ASSERT_TRUE(edited.readFromFile(path));
     edited.updateChangeCount(0);
     edited.meanwhile = [&path] { putFile(path, "theirs, just saved"); };
-    EXPECT_TRUE(edited.autosave(&reason));
+    EXPECT_TRUE(edited.autosave());
     EXPECT_EQ(contentOf(path), "theirs, just saved");
     EXPECT_TRUE(edited.isRecoverable());
     EXPECT_TRUE(edited.isDocumentEdited());
-    EXPECT_FALSE(edited.writeToFile(path, &reason, Foundation::FileIdentity()));
-    EXPECT_EQ(reason, u"Another program changed the file while it was being saved.");
+    EXPECT_EQ(edited.writeToFile(path, Foundation::FileIdentity()).words(),
+              u"Another program changed the file while it was being saved.");
 }
 
 TEST_F(Autosaving, AFailureIsToldOnceUntilItGoesRight)
@@ -293,7 +296,7 @@ TEST_F(Autosaving, WhatCannotBeSavedInPlaceIsSafeInARecoveryFile)
     EXPECT_TRUE(windows.back()->hasAlert()) << "the user is told all the same";
     EXPECT_EQ(noteIn(path), u"");
     ASSERT_EQ(recoveryFiles().size(), 1);
-    EXPECT_EQ(noteIn(RecoveryFile::folder() + u'/' + recoveryFiles().front()), u"mine");
+    EXPECT_EQ(noteIn(recoveryFolder.path() + u'/' + recoveryFiles().front()), u"mine");
     edited->close(); // Its lock was made by that file system.
 }
 
@@ -310,14 +313,14 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
         EXPECT_TRUE(unnamed->isDocumentEdited()) << "no file of the user's has it";
         ASSERT_EQ(recoveryFiles().size(), 1);
         const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-        const QFileInfo file(RecoveryFile::folder() + u'/' + recoveryFiles().front());
+        const QFileInfo file(recoveryFolder.path() + u'/' + recoveryFiles().front());
         EXPECT_EQ(file.permissions() & others, QFile::Permissions());
-        EXPECT_EQ(QFileInfo(RecoveryFile::folder()).permissions() & others, QFile::Permissions());
-        EXPECT_EQ(controller.recoverDocuments(), 0) << "its document is open";
+        EXPECT_EQ(QFileInfo(recoveryFolder.path()).permissions() & others, QFile::Permissions());
+        EXPECT_EQ(controller.recoverDocuments(recoveryFolder), 0) << "its document is open";
     } // The process ends without closing it.
     DocumentController next(maker);
     showDocumentsOf(next);
-    ASSERT_EQ(next.recoverDocuments(), 1);
+    ASSERT_EQ(next.recoverDocuments(recoveryFolder), 1);
     auto *recovered = static_cast<MyDocument *>(next.documents().front());
     EXPECT_TRUE(recovered->isEncrypted());
     EXPECT_TRUE(recovered->fileURL().isNull());
@@ -370,13 +373,13 @@ TEST_F(Autosaving, WhatSomebodyDecidedToLoseIsGoneAndNothingElse)
         c.end(unnamed);
         endEvent();
         EXPECT_TRUE(controller.documents().isEmpty());
-        EXPECT_EQ(numberOfFiles(RecoveryFile::folder()), c.isKept ? 2 : 0) << "with its lock";
+        EXPECT_EQ(numberOfFiles(recoveryFolder.path()), c.isKept ? 2 : 0) << "with its lock";
     }
-    putFile(RecoveryFile::folder() + u"/damaged.vexcards"_qs, "damaged");
+    putFile(recoveryFolder.path() + u"/damaged.vexcards"_qs, "damaged");
     modalAlerts.nextAnswers = {1000};
-    ASSERT_EQ(controller.recoverDocuments(), 1);
+    ASSERT_EQ(controller.recoverDocuments(recoveryFolder), 1);
     EXPECT_EQ(modalAlerts.shown.value(0).message, u"Changes that were kept for you could not be opened.");
-    QFile::remove(RecoveryFile::folder() + u"/damaged.vexcards"_qs);
+    QFile::remove(recoveryFolder.path() + u"/damaged.vexcards"_qs);
     controller.closeAllDocuments([](bool) {});
     endEvent();
     EXPECT_EQ(recoveryFiles().size(), 1) << "nobody has looked at it yet";
@@ -389,7 +392,7 @@ TEST_F(Autosaving, ARecoveryFileThatSomebodyRemovedOrBlockedIsMadeAnew)
         const char *what;
         std::function<void(const QString &)> spoil;
     } cases[] = {
-        {"folder", [](const QString &) { QDir(RecoveryFile::folder()).removeRecursively(); }},
+        {"folder", [this](const QString &) { QDir(recoveryFolder.path()).removeRecursively(); }},
         {"file and lock",
          [](const QString &path) { QFile::remove(path), QFile::remove(path + u".lock"_qs); }},
         {"blocked", [](const QString &path) { QFile::setPermissions(path, QFile::ReadOwner); }},
@@ -401,14 +404,34 @@ TEST_F(Autosaving, ARecoveryFileThatSomebodyRemovedOrBlockedIsMadeAnew)
             type(edited, text);
             autosaver.autosaveAll();
             ASSERT_EQ(recoveryFiles().size(), 1);
-            const QString path = RecoveryFile::folder() + u'/' + recoveryFiles().front();
+            const QString path = recoveryFolder.path() + u'/' + recoveryFiles().front();
             EXPECT_EQ(noteIn(path), text);
             if (text == u"before")
                 c.spoil(path);
         }
         DocumentController another([] { return std::make_unique<MyDocument>(); });
-        EXPECT_EQ(another.recoverDocuments(), 0) << "it is held";
+        EXPECT_EQ(another.recoverDocuments(recoveryFolder), 0) << "it is held";
     }
+}
+
+TEST_F(Autosaving, ARecoveryFileThatTheSystemRefusesIsAFailure)
+{
+    FaultyFileSystem files;
+    QByteArray refused;
+    files.before = [&refused](const QByteArray &title, qsizetype) { return title == refused ? EPERM : 0; };
+    FileSystem::setSystem(&files);
+    MyDocument *unnamed = newOne();
+    for (const char *call : {"mkdirAt folder", "openAt new", "lock new", "fstat new"}) {
+        refused = call;
+        EXPECT_EQ(unnamed->autosave().words(), u"The folder for unsaved documents cannot be made.") << call;
+    }
+    refused = "chmodAt folder";
+    EXPECT_TRUE(unnamed->autosave()) << "a file system without modes";
+    refused = "statAt placed"; // The name that FaultyFileSystem gives to calls after a renaming.
+    EXPECT_FALSE(identityOfFile(folder.path()));
+    unnamed->close(); // It holds a lock that `files` opened.
+    endEvent();
+    FileSystem::setSystem(nullptr);
 }
 
 TEST_F(Autosaving, WhatKilledSavesLeftGoesAtTheNextOpening)
@@ -422,17 +445,16 @@ TEST_F(Autosaving, WhatKilledSavesLeftGoesAtTheNextOpening)
     for (const bool isNamed : {true, false}) {
         EXPECT_EQ(inChild([&] {
                       FileSystem::setSystem(&files);
-                      QString reason;
-                      isNamed ? controller.documents()[0]->autosave(&reason) : newOne()->autosave(&reason);
+                      (void)(isNamed ? controller.documents()[0] : newOne())->autosave();
                   }),
                   SIGKILL);
     }
     EXPECT_EQ(numberOfFiles(folder.path()), 2);
-    EXPECT_EQ(numberOfFiles(RecoveryFile::folder()), 2) << "a temporary file and a lock";
+    EXPECT_EQ(numberOfFiles(recoveryFolder.path()), 2) << "a temporary file and a lock";
     EXPECT_TRUE(open(path));
-    EXPECT_EQ(controller.recoverDocuments(), 0);
+    EXPECT_EQ(controller.recoverDocuments(recoveryFolder), 0);
     EXPECT_EQ(numberOfFiles(folder.path()), 1);
-    EXPECT_EQ(numberOfFiles(RecoveryFile::folder()), 0);
+    EXPECT_EQ(numberOfFiles(recoveryFolder.path()), 0);
 }
 
 TEST(SystemTimers, MayBeDroppedByWhatTheyCallAndTakeAnyInterval)

@@ -41,8 +41,7 @@ TEST_F(BrowsingSurfaceTest, AColourChosenAnywhereMarksEveryDocument)
 {
     newProtectedDocument();
     send("addRow");
-    QString reason;
-    ASSERT_TRUE(document->writeToFile(pathOf("a.vexcards"), &reason));
+    ASSERT_TRUE(document->writeToFile(pathOf("a.vexcards")));
     const auto first = std::move(document);
     const auto firstWindow = std::move(window);
     ASSERT_TRUE(open(pathOf("a.vexcards")));

@@ -296,8 +296,8 @@ public:
     void lockAndUnlock()
     {
         const auto file = document->dataOfType({});
-        QString reason;
-        ASSERT_TRUE(file && document->readFromData(*file, {}, &reason));
+        Foundation::Failure<Foundation::DocumentError> error{};
+        ASSERT_TRUE(file && document->readFromData(*file, {}, &error));
         submit(password);
         ASSERT_TRUE(document->isDecrypted());
         queue.drain();

@@ -40,8 +40,7 @@ protected:
         auto *document = static_cast<MyDocument *>(controller.newDocument());
         document->setWindow(&window);
         document->setPlainPassword(u"correct horse"_qs);
-        QString reason;
-        EXPECT_TRUE(path.isNull() || document->writeToFile(path, &reason)) << qPrintable(reason);
+        EXPECT_TRUE(path.isNull() || document->writeToFile(path));
         return document;
     }
 

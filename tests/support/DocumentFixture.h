@@ -31,12 +31,11 @@ protected:
     bool open(const QString &path)
     {
         document = std::make_unique<MyDocument>();
-        QString reason;
-        const bool opened = document->readFromFile(path, &reason);
-        refusal = reason;
+        const auto opened = document->readFromFile(path);
+        refusal = opened.words();
         if (opened)
             showWindow();
-        return opened;
+        return opened.succeeded();
     }
     // A new document with a password.
     MyDocument &newProtectedDocument()
@@ -50,11 +49,7 @@ protected:
         field.stringValue = text;
         document->submitPasswordToDecrypt(field);
     }
-    void saveTo(const QString &path)
-    {
-        QString reason;
-        ASSERT_TRUE(document->writeToFile(path, &reason)) << qPrintable(reason);
-    }
+    void saveTo(const QString &path) { ASSERT_EQ(document->writeToFile(path).words(), QString()); }
     void typeNote(const QString &text)
     {
         document->myArrayController()->setValueForSelection(RecordKey::note, text);

@@ -65,6 +65,10 @@ public:
     {
         return run("fstatAt", named(), [&] { return m_real.fstatAt(folder, name, to); });
     }
+    int statAt(int folder, const char *name, struct stat *to) override
+    {
+        return run("statAt", named(), [&] { return m_real.statAt(folder, name, to); });
+    }
     int accessAt(int folder, const char *name, int mode) override
     {
         return run("accessAt", named(), [&] { return m_real.accessAt(folder, name, mode); });
@@ -82,6 +86,18 @@ public:
     int unlinkAt(int folder, const char *name) override
     {
         return run("unlinkAt", "new", [&] { return m_real.unlinkAt(folder, name); });
+    }
+    int chmodAt(int folder, const char *name, mode_t mode) override
+    {
+        return run("chmodAt", "folder", [&] { return m_real.chmodAt(folder, name, mode); });
+    }
+    int mkdirAt(int folder, const char *name, mode_t mode) override
+    {
+        return run("mkdirAt", "folder", [&] { return m_real.mkdirAt(folder, name, mode); });
+    }
+    int readNames(int folder, QList<QByteArray> *names) override
+    {
+        return onFile("readNames", &FileSystem::readNames, folder, names);
     }
     int fchmod(int file, mode_t mode) override { return onFile("fchmod", &FileSystem::fchmod, file, mode); }
     int fchown(int file, uid_t owner, gid_t group) override

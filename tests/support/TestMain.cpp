@@ -1,3 +1,5 @@
+#include "platform/UserDefaults.h"
+
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -7,6 +9,7 @@
 int main(int argc, char **argv)
 {
     QStandardPaths::setTestModeEnabled(true);
+    Foundation::UserDefaults::setStandardFile(QStringLiteral("vexarel/vexarel.conf"));
     QCoreApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -59,8 +59,7 @@ TEST_F(ForeignHandsTest, AFileReplacedUnderALockIsAskedAboutAndNeverOverwrittenI
     lockWithChanges();
     putFile(path, "theirs");
     unlockAndChange();
-    QString reason;
-    EXPECT_TRUE(document()->autosave(&reason));
+    EXPECT_TRUE(document()->autosave());
     EXPECT_EQ(contentOf(path), "theirs") << "saved unasked only into a recovery file";
     EXPECT_TRUE(document()->isRecoverable());
     save();
@@ -115,9 +114,8 @@ TEST_F(ForeignHandsTest, SavingOverAnotherOpenDocumentMakesThatOneAsk)
     answer(u"Replace"_qs);
     ASSERT_TRUE(eventually([&] { return document()->fileURL() == path; }));
     first->recordCommands().addRow({});
-    QString reason;
     const QByteArray written = contentOf(path);
-    EXPECT_TRUE(first->autosave(&reason));
+    EXPECT_TRUE(first->autosave());
     EXPECT_EQ(contentOf(path), written);
     EXPECT_TRUE(first->isRecoverable());
 }

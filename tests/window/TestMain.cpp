@@ -1,3 +1,5 @@
+#include "platform/UserDefaults.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -24,6 +26,7 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QStandardPaths::setTestModeEnabled(true);
+    Foundation::UserDefaults::setStandardFile(u"vexarel/vexarel.conf"_qs);
     QApplication application(argc, argv);
     qInstallMessageHandler(failOnWarning);
     testing::InitGoogleTest(&argc, argv);

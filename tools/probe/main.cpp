@@ -16,6 +16,9 @@
 // docs/probe.md.
 
 using Foundation::ActionSender;
+using Foundation::DocumentError;
+using Foundation::DocumentResult;
+using Foundation::Failure;
 using Foundation::Value;
 
 namespace
@@ -71,10 +74,9 @@ int inspect(const QString &path, const QString &passwordPath)
 {
     const QString password = passwordIn(passwordPath);
     MyDocument document;
-    QString reason;
-    if (!document.readFromFile(path, &reason)) {
-        // Nothing is left to say where the document itself has told of a newer format.
-        print(reason.isNull() ? R"({"archive":"ok","refused":true})" : R"({"archive":"broken"})");
+    if (const auto read = document.readFromFile(path); !read) {
+        const bool isNewer = read.failedWith(DocumentError::NewerFormat);
+        print(isNewer ? R"({"archive":"ok","refused":true})" : R"({"archive":"broken"})");
         return Done;
     }
     const qint32 status = unlock(document, password);
@@ -90,10 +92,10 @@ int inspect(const QString &path, const QString &passwordPath)
 int open(const QString &path, const QString &password)
 {
     MyDocument document;
-    QString reason;
-    if (!document.readFromFile(path, &reason)) {
-        print(reason.isNull() ? QByteArray(R"({"outcome":"refused-newer"})")
-                              : R"({"outcome":"refused","message":)" + jsonText(reason) + '}');
+    if (const auto read = document.readFromFile(path); !read) {
+        print(read.failedWith(DocumentError::NewerFormat)
+                  ? QByteArray(R"({"outcome":"refused-newer"})")
+                  : R"({"outcome":"refused","message":)" + jsonText(read.words()) + '}');
         return Done;
     }
     ActionSender field;
@@ -110,23 +112,27 @@ int open(const QString &path, const QString &password)
 
 int sayNotSaved(const QString &reason)
 {
-    // A document without a window has nobody to tell.
-    const QString told =
-        reason.isNull() ? QStringLiteral("The file cannot be read or written, or is another's.") : reason;
-    std::fprintf(stderr, "vexarel-probe: not saved. %s\n", qPrintable(told));
+    std::fprintf(stderr, "vexarel-probe: not saved. %s\n", qPrintable(reason));
     return NotSaved;
+}
+
+int sayNotOpened(const Failure<DocumentError> &failure)
+{
+    return sayNotSaved(failure.code == DocumentError::NewerFormat
+                           ? QStringLiteral("The file is of a newer release.")
+                           : failure.words);
 }
 
 int resave(const QString &path, const QString &passwordPath, const QString &target)
 {
     const QString password = passwordIn(passwordPath);
     MyDocument document;
-    QString reason;
-    if (!document.readFromFile(path, &reason))
-        return sayNotSaved(reason);
+    if (const auto read = document.readFromFile(path); !read)
+        return sayNotOpened(read.failure());
     if (unlock(document, password) != DecryptSuccess)
         return sayNotSaved(QStringLiteral("The document stays locked."));
-    return document.writeToFile(target, &reason) ? Done : sayNotSaved(reason);
+    const auto written = document.writeToFile(target);
+    return written ? Done : sayNotSaved(written.words());
 }
 
 // Changes the note of the first record. Adds a record if there is none.
@@ -144,13 +150,12 @@ int save(const QString &path, const QString &passwordPath)
 {
     const QString password = passwordIn(passwordPath);
     MyDocument document;
-    QString reason;
     const bool isNew = !QFileInfo::exists(path);
     if (isNew) {
         document.setPlainPassword(password);
         document.myCategoryArrayController()->addDefault({});
-    } else if (!document.readFromFile(path, &reason)) {
-        return sayNotSaved(reason);
+    } else if (const auto read = document.readFromFile(path); !read) {
+        return sayNotOpened(read.failure());
     } else if (unlock(document, password) != DecryptSuccess) {
         return sayNotSaved(QStringLiteral("The document stays locked."));
     }
@@ -159,12 +164,14 @@ int save(const QString &path, const QString &passwordPath)
             return sayNotSaved(QStringLiteral("The hook could not be run."));
     }
     change(document);
-    bool saved = false;
+    DocumentResult<> saved = Failure{DocumentError::File, QStringLiteral("Saving has not ended.")};
     if (isNew)
-        saved = document.writeToFile(path, &reason);
+        saved = document.writeToFile(path);
     else
-        document.saveWithCompletion([&saved](bool succeeded) { saved = succeeded; });
-    return saved && !document.isDocumentEdited() ? Done : sayNotSaved(reason);
+        document.saveWithCompletion([&saved](const DocumentResult<> &result) { saved = result; });
+    if (saved && document.isDocumentEdited())
+        return sayNotSaved(QStringLiteral("The document still counts as edited."));
+    return saved ? Done : sayNotSaved(saved.words());
 }
 
 int sayUse()

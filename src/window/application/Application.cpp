@@ -39,11 +39,11 @@ Application::Application()
     MyAppDelegate::initialize();
     registerHelperTransformers();
     registerInterfaceTransformers();
-    QApplication::setApplicationName(QStringLiteral("vexarel"));
+    QApplication::setApplicationName(VLAppSupportUtility::NameInPaths);
     QApplication::setApplicationDisplayName(VLAppSupportUtility::ApplicationName);
     QApplication::setApplicationVersion(
         VLAppSupportUtility::calcReleaseString(VLAppSupportUtility::ApplicationRelease));
-    QApplication::setDesktopFileName(QStringLiteral("vexarel"));
+    QApplication::setDesktopFileName(VLAppSupportUtility::NameInPaths);
     QApplication::setWindowIcon(applicationIcon());
     // Quitting is decided by the documents, not by the toolkit when the last window is hidden.
     QApplication::setQuitOnLastWindowClosed(false);
@@ -134,7 +134,7 @@ bool Application::eventFilter(QObject *watched, QEvent *event)
 
 void Application::start(const QStringList &paths)
 {
-    const int recovered = m_documents.recoverDocuments();
+    const int recovered = m_documents.recoverDocuments(Foundation::RecoveryFolder(MyDocument::type()));
     openDocuments(paths);
     if (paths.isEmpty() && recovered == 0)
         m_documents.newDocument();

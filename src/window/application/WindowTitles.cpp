@@ -1,7 +1,6 @@
 #include "window/application/WindowTitles.h"
 
 #include "window/controls/SafeText.h"
-#include "window/sheets/FilePanels.h"
 
 using Foundation::Document;
 
@@ -19,7 +18,7 @@ WindowTitles::WindowTitles(MyDocument *document, QMainWindow *window, const Text
 void WindowTitles::updateTitle()
 {
     QString name = withoutReorderingCharacters(m_document->displayName());
-    const QString suffix = u'.' + DocumentSuffix;
+    const QString suffix = u'.' + MyDocument::type().fileNameExtension;
     if (name.endsWith(suffix, Qt::CaseInsensitive) && name.size() > suffix.size())
         name.chop(suffix.size());
     // "[*]" is the position of the mark of an edited document. A doubled "[*]" is shown as text.

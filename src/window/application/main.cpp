@@ -14,7 +14,7 @@ int main(int argc, char **argv)
     QCommandLineParser parser;
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("documents"), QApplication::tr("Documents to open."),
+    parser.addPositionalArgument(QStringLiteral("documents"), Application::tr("Documents to open."),
                                  QStringLiteral("[documents…]"));
     parser.process(qtApplication);
 

@@ -18,6 +18,7 @@
 template <class Field>
 class BoundField
 {
+    Q_DECLARE_TR_FUNCTIONS(BoundField)
 public:
     explicit BoundField(Field *field)
         : m_field(field)
@@ -43,8 +44,7 @@ public:
         m_button->showFor(text.size(), part.size());
         m_subject = std::move(subject);
         keepUndoStepsOfField(m_field, !showsSeveral(expression));
-        m_field->setPlaceholderText(bound.isMixed ? QCoreApplication::translate("Binder", "Multiple Values")
-                                                  : m_placeholder);
+        m_field->setPlaceholderText(bound.isMixed ? tr("Multiple Values") : m_placeholder);
         enableBySelection(m_field, bound);
     }
 

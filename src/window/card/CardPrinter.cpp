@@ -13,6 +13,8 @@
 #include <QPointer>
 #include <QPrintDialog>
 
+using Foundation::Failure;
+
 namespace
 {
 
@@ -94,17 +96,17 @@ void CardPrinter::beginPageLayout()
                    {});
 }
 
-QString CardPrinter::printCards()
+Foundation::Result<void, CardPrinter::PrintError> CardPrinter::printCards()
 {
-    QString refused = QPrintDialog::tr("The printer or the file did not take it.");
+    const Failure refused{PrintError::Refused, tr("The printer or the file did not take it.")};
     PrintedCard card(m_document.myLabelDictionary());
     // Fonts and distances of the page are those of the screen.
     printer().setResolution(card.page().logicalDpiX());
     const int lineHeight = card.page().fontMetrics().height();
     if (printer().width() < lineHeight || printer().height() < lineHeight)
-        return QPrintDialog::tr(
-            "The margins leave no room on the paper. Change them in Page Setup, or choose "
-            "a larger paper.");
+        return Failure{PrintError::NoPlaceOnPaper,
+                       tr("The margins leave no room on the paper. Change them in Page Setup, or choose "
+                          "a larger paper.")};
     QPainter painter;
     if (!painter.begin(&printer()))
         return refused;
@@ -122,15 +124,15 @@ QString CardPrinter::printCards()
     if (printer().outputFormat() != QPrinter::PdfFormat || !QFileInfo(path).isFile() || isWholePdf(path))
         return {};
     QFile::remove(path); // An incomplete PDF cannot be opened.
-    return QPrintDialog::tr("The file could not be written completely. The disk may be full.");
+    return Failure{PrintError::Incomplete,
+                   tr("The file could not be written completely. The disk may be full.")};
 }
 
 void CardPrinter::print()
 {
-    const QString reason = printCards();
-    if (reason.isNull())
+    const auto printed = printCards();
+    if (printed)
         return;
-    const Foundation::Alert alert{
-        QPrintDialog::tr("The contact could not be printed"), reason, {{QPrintDialog::tr("OK")}}};
+    const Foundation::Alert alert{tr("The contact could not be printed"), printed.words(), {{tr("OK")}}};
     m_sheets.begin(QString(), [alert](QWidget *parent) { return new AlertDialog(alert, parent); }, {});
 }

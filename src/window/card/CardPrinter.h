@@ -1,7 +1,9 @@
 #pragma once
 
+#include "values/Result.h"
 #include "window/controls/SheetQueue.h"
 
+#include <QCoreApplication>
 #include <QPrinter>
 
 #include <memory>
@@ -12,6 +14,7 @@ class MyDocument;
 // next print. Both operations begin with a dialog of the toolkit as a sheet.
 class CardPrinter
 {
+    Q_DECLARE_TR_FUNCTIONS(CardPrinter)
 public:
     // The arguments are not owned and must outlive this object.
     CardPrinter(SheetQueue &sheets, MyDocument &document);
@@ -25,8 +28,8 @@ public:
     QPrinter &printer();
 
 private:
-    // Returns null after success, otherwise the reason of the failure.
-    QString printCards();
+    enum class PrintError { NoPlaceOnPaper, Refused, Incomplete };
+    Foundation::Result<void, PrintError> printCards();
 
     SheetQueue &m_sheets;
     MyDocument &m_document;

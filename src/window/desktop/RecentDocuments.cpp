@@ -1,6 +1,7 @@
 #include "window/desktop/RecentDocuments.h"
 
 #include "files/DurableFile.h"
+#include "helpers/VLAppSupportUtility.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -38,19 +39,20 @@ struct SharedList
         if (!QFileInfo::exists(path))
             return;
         const auto read = Foundation::readRegularFile(path, LargestList);
-        const auto size = gsize(read.bytes.size());
-        identity = read.identity;
-        if (!read.succeeded() ||
-            !g_bookmark_file_load_from_data(bookmarks.get(), read.bytes.constData(), size, nullptr))
+        if (read)
+            identity = read->identity;
+        if (!read || !g_bookmark_file_load_from_data(bookmarks.get(), read->bytes.constData(),
+                                                     gsize(read->bytes.size()), nullptr))
             bookmarks = nullptr;
     }
-    // If another program has changed the list meanwhile, its change is kept and this one is lost.
     void write(const QString &path) const
     {
         gsize size = 0;
         const std::unique_ptr<char, Freeing> text(g_bookmark_file_to_data(bookmarks.get(), &size, nullptr));
         if (text && QDir().mkpath(QFileInfo(path).path()))
-            Foundation::writeFileDurably(path, QByteArray(text.get(), qsizetype(size)), identity);
+            // What another program noted at the same time stays, and this is lost.
+            (void)Foundation::writeFileDurably(path, QByteArray(text.get(), qsizetype(size)),
+                                               VLAppSupportUtility::NameInPaths, identity);
     }
 
     std::unique_ptr<GBookmarkFile, Freeing> bookmarks;

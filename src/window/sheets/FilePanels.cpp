@@ -1,14 +1,20 @@
 #include "window/sheets/FilePanels.h"
 
+#include "lifecycle/MyDocument.h"
+
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QLineEdit>
 #include <QSettings>
 
-const QString DocumentSuffix = QStringLiteral("vexcards");
-
 namespace
 {
+
+class Words
+{
+    Q_DECLARE_TR_FUNCTIONS(FilePanels)
+};
 
 // Accepts a name with quotation marks unchanged. The toolkit treats quotation marks as separators of several
 // names, and would silently use the part between them.
@@ -45,7 +51,7 @@ public:
     }
     QString type(const QFileInfo &file) const override
     {
-        return file.isDir() ? QFileDialog::tr("Folder") : QFileDialog::tr("File");
+        return file.isDir() ? Words::tr("Folder") : Words::tr("File");
     }
 };
 
@@ -56,18 +62,17 @@ void setUpPanel(QFileDialog *panel)
     // A panel of the desktop would keep a history, and while it has the focus, the application would count as
     // inactive.
     panel->setOption(QFileDialog::DontUseNativeDialog);
-    panel->setNameFilters(
-        {QFileDialog::tr("Vexarel documents (*.vexcards)"), QFileDialog::tr("All files (*)")});
+    panel->setNameFilters({Words::tr("Vexarel documents (*.vexcards)"), Words::tr("All files (*)")});
 }
 
 } // namespace
 
 QFileDialog *newSavePanel(const QString &suggestedPath, QWidget *parent)
 {
-    auto *panel = new DocumentPanel(parent, QFileDialog::tr("Save Document"));
+    auto *panel = new DocumentPanel(parent, Words::tr("Save Document"));
     setUpPanel(panel);
     panel->setAcceptMode(QFileDialog::AcceptSave);
-    panel->setDefaultSuffix(DocumentSuffix);
+    panel->setDefaultSuffix(MyDocument::type().fileNameExtension);
     // The question of the panel would interpret mark-up in the name of the file, and would come before the
     // suffix is added.
     panel->setOption(QFileDialog::DontConfirmOverwrite);
@@ -79,7 +84,7 @@ QFileDialog *newSavePanel(const QString &suggestedPath, QWidget *parent)
 
 QFileDialog *newOpenPanel(QWidget *parent)
 {
-    auto *panel = new DocumentPanel(parent, QFileDialog::tr("Open Documents"));
+    auto *panel = new DocumentPanel(parent, Words::tr("Open Documents"));
     setUpPanel(panel);
     panel->setFileMode(QFileDialog::ExistingFiles);
     return panel;
@@ -87,7 +92,7 @@ QFileDialog *newOpenPanel(QWidget *parent)
 
 QString withDocumentSuffix(const QString &path)
 {
-    const QString suffix = u'.' + DocumentSuffix;
+    const QString suffix = u'.' + MyDocument::type().fileNameExtension;
     return path.endsWith(suffix, Qt::CaseInsensitive) ? path : path + suffix;
 }
 

@@ -7,8 +7,6 @@ class QWidget;
 
 // The panels in which the user chooses files of documents. They store no history: see keepNoPanelHistory().
 
-extern const QString DocumentSuffix;
-
 // A panel that asks where to save a document. Does not ask about an existing file.
 QFileDialog *newSavePanel(const QString &suggestedPath, QWidget *parent);
 // A panel that asks for one or several documents to open.

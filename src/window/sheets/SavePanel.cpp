@@ -47,10 +47,9 @@ void SavePanel::askToReplace(const QString &path, const PathChosen &ended)
         ended(path);
         return;
     }
-    const Alert alert{
-        QObject::tr("“%1” already exists. Do you want to replace it?").arg(QFileInfo(path).fileName()),
-        QObject::tr("Replacing it overwrites what it holds now."),
-        {{QObject::tr("Replace")}, {QObject::tr("Cancel"), Foundation::AlertButton::Cancel}}};
+    const Alert alert{tr("“%1” already exists. Do you want to replace it?").arg(QFileInfo(path).fileName()),
+                      tr("Replacing it overwrites what it holds now."),
+                      {{tr("Replace")}, {tr("Cancel"), Foundation::AlertButton::Cancel}}};
     m_sheets.begin(
         QString(), [alert](QWidget *parent) { return new AlertDialog(alert, parent); },
         [this, path, ended](int returnCode) {

@@ -2,10 +2,13 @@
 
 #include "window/controls/SheetQueue.h"
 
+#include <QCoreApplication>
+
 // Asks in a sheet where to save a document. The resulting path has the suffix of documents. If the file
 // exists, the user has agreed to replace it.
 class SavePanel
 {
+    Q_DECLARE_TR_FUNCTIONS(SavePanel)
 public:
     using PathChosen = std::function<void(QString path)>;
     // Asks the user for a path, beginning with the suggested one. The result is null if the user cancelled.
