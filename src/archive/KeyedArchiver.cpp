@@ -1,6 +1,7 @@
 #include "archive/ArchiveNumbering.h"
 #include "archive/ArchivedColor.h"
 #include "archive/BinaryObjectWriter.h"
+#include "archive/BinaryScalars.h"
 #include "archive/KeyedArchive.h"
 #include "values/OpaqueObject.h"
 
@@ -140,21 +141,6 @@ private:
     void writeObject(quint64 number, const Value &value)
     {
         switch (value.type()) {
-        case Value::Type::Bool:
-            return m_writer.writeBool(number, value.boolValue());
-        case Value::Type::Int32:
-        case Value::Type::Int64:
-            return m_writer.writeInteger(number, value.longValue());
-        case Value::Type::UInt64:
-            return m_writer.writeUnsigned(number, value.unsignedLongValue());
-        case Value::Type::Real32:
-            return m_writer.writeReal32(number, value.floatValue());
-        case Value::Type::Real64:
-            return m_writer.writeReal64(number, value.doubleValue());
-        case Value::Type::String:
-            return writeText(number, value.text());
-        case Value::Type::Data:
-            return m_writer.writeData(number, value.dataValue());
         case Value::Type::Date:
             return writeDate(number, value.dateValue());
         case Value::Type::Dictionary:
@@ -169,15 +155,9 @@ private:
         case Value::Type::ArchivedNull:
             m_writer.beginDictionary(number, 1);
             return writeReferences({ClassField, classReferrer(ArchivedClass::Null)});
+        default:
+            return writeScalar(m_writer, number, value);
         }
-    }
-
-    void writeText(quint64 number, const TextView &text)
-    {
-        if (text.units)
-            m_writer.writeUnits(number, text.units, text.size);
-        else
-            m_writer.writeAscii(number, text.ascii, text.size);
     }
 
     void writeDate(quint64 number, double secondsSince2001)

@@ -213,34 +213,6 @@ private:
         return child;
     }
 
-    static void writeScalar(BinaryObjectWriter &output, quint64 number, const Value &value)
-    {
-        switch (value.type()) {
-        case Value::Type::Bool:
-            return output.writeBool(number, value.boolValue());
-        case Value::Type::Int32:
-        case Value::Type::Int64:
-            return output.writeInteger(number, value.longValue());
-        case Value::Type::UInt64:
-            return output.writeUnsigned(number, value.unsignedLongValue());
-        case Value::Type::Real32:
-            return output.writeReal32(number, value.floatValue());
-        case Value::Type::Real64:
-            return output.writeReal64(number, value.doubleValue());
-        case Value::Type::Date:
-            return output.writeDate(number, value.dateValue());
-        case Value::Type::Data:
-            return output.writeData(number, value.dataValue());
-        case Value::Type::String:
-            if (const TextView text = value.text(); text.units)
-                return output.writeUnits(number, text.units, text.size);
-            else
-                return output.writeAscii(number, text.ascii, text.size);
-        default:
-            return output.writeAscii(number, "$null");
-        }
-    }
-
     std::vector<const Value *> m_objects;
     std::vector<quint64> m_children;
     std::deque<Value> m_names; // a deque, since pointers into it stay valid while it grows

@@ -47,11 +47,6 @@ public:
     void drop(const Row &row) { m_unusedBytes += row.capacity; }
 
     quint32 number(const Row &row, int index) const;
-    // Prefetches the memory that a search from `from` on will read.
-    void prefetch(const Row &row, std::size_t from) const
-    {
-        __builtin_prefetch(m_bytes.data() + row.begin + from);
-    }
     // The offset in the row of the first occurrence of `searchForm` that is not before `from`; row.length if
     // there is none.
     std::size_t find(const Row &row, std::size_t from, const std::string &searchForm) const;

@@ -17,8 +17,6 @@ namespace
 
 // The number of records from which the size of all forms is estimated.
 constexpr std::size_t SampleSize = 1024;
-// How many candidates ahead the memory is prefetched, because candidates are far apart in memory.
-constexpr std::size_t LookAhead = 16;
 
 // A hash table of the addresses of the searched keys.
 class SearchedKeySet
@@ -154,10 +152,6 @@ SearchIndex::Positions SearchIndex::findMatches(const Needle &needle)
     Positions matches;
     std::size_t kept = 0;
     for (std::size_t i = 0; i < m_candidates.size(); ++i) {
-        if (onlyGrew && i + LookAhead < m_candidates.size()) {
-            const Candidate &next = m_candidates[i + LookAhead];
-            m_forms.prefetch(rows[next.position], next.firstOccurrence);
-        }
         Candidate candidate = m_candidates[i];
         const Row &row = rows[candidate.position];
         candidate.firstOccurrence = m_forms.find(row, candidate.firstOccurrence, needle.searchForm);

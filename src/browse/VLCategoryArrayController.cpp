@@ -18,7 +18,8 @@ constexpr int LastNumberTried = 31999;
 bool VLCategoryArrayController::testForUnusedString(const QString &text, const Key &forKey) const
 {
     const Value wanted(text);
-    return std::none_of(arrangedObjects().begin(), arrangedObjects().end(),
+    const auto categories = arrangedObjects();
+    return std::none_of(categories.begin(), categories.end(),
                         [&](const Object &row) { return row->value(forKey) == wanted; });
 }
 

@@ -1,22 +1,7 @@
 #include "values/Predicate.h"
 
-#include <algorithm>
-
 namespace Foundation
 {
-
-namespace
-{
-
-// The text in lower case and without accents.
-QString folded(const QString &text)
-{
-    QString plain = text.normalized(QString::NormalizationForm_D).toCaseFolded();
-    plain.removeIf([](QChar c) { return c.category() == QChar::Mark_NonSpacing; });
-    return plain;
-}
-
-} // namespace
 
 Predicate Predicate::contains(const QString &key, const QString &text)
 {
@@ -40,17 +25,6 @@ Predicate Predicate::allOf(const QList<Predicate> &conditions)
     Predicate predicate;
     predicate.m_conditions = conditions;
     return predicate;
-}
-
-bool Predicate::evaluate(const Dictionary &object) const
-{
-    const auto holds = [&object](const Predicate &condition) { return condition.evaluate(object); };
-    if (m_kind == Kind::AllOf)
-        return std::all_of(m_conditions.begin(), m_conditions.end(), holds);
-    if (m_kind == Kind::AnyOf)
-        return std::any_of(m_conditions.begin(), m_conditions.end(), holds);
-    const QString text = object.value(m_key).stringValue();
-    return !text.isNull() && folded(text).contains(folded(m_text));
 }
 
 QString Predicate::predicateFormat() const

@@ -1,16 +1,13 @@
 #pragma once
 
-#include "values/Dictionary.h"
-
 #include <QList>
 #include <QString>
 
 namespace Foundation
 {
 
-// A condition on a dictionary: either the text under a key contains another text (case and accents are
-// ignored), or any or all of several conditions hold. A default-constructed predicate holds for every
-// dictionary.
+// A condition on a dictionary: either the text under a key contains another text, case and accents ignored,
+// or any or all of several conditions hold. It is a value to bind to and to show; nothing evaluates it.
 class Predicate
 {
 public:
@@ -19,7 +16,6 @@ public:
     static Predicate anyOf(const QList<Predicate> &conditions);
     static Predicate allOf(const QList<Predicate> &conditions);
 
-    bool evaluate(const Dictionary &object) const;
     // The condition as text: key CONTAINS[cd] "text", joined by OR and AND in parentheses.
     QString predicateFormat() const;
 
