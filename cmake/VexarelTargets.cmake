@@ -29,13 +29,12 @@ if(VEXAREL_FUZZ)
 endif()
 
 # vexarel_library(<folder> HEADERS <files> SOURCES <files> LINKS <targets>): makes the library of the current source
-# folder. The target all_verify_interface_header_sets compiles each header separately.
+# folder. scripts/check-layers requires that it names all files of the folder.
 function(vexarel_library folder)
   cmake_parse_arguments(ARG "" "" "HEADERS;SOURCES;LINKS" ${ARGN})
   add_library(vexarel-${folder} STATIC ${ARG_SOURCES})
   target_sources(vexarel-${folder} PUBLIC
     FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/src FILES ${ARG_HEADERS})
-  set_target_properties(vexarel-${folder} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
   target_link_libraries(vexarel-${folder} PUBLIC ${ARG_LINKS} PRIVATE vexarel-options)
 endfunction()
 
