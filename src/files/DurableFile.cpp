@@ -38,8 +38,8 @@ Failure<FileError> notRegular()
     return {FileError::WrongKind, Words::tr("It is a folder, a device or another special file.")};
 }
 
-// Whether that much can be had. A container that cannot get its memory ends the program, and with it all
-// unsaved work; asking the system beforehand costs nothing, as the pages are never touched.
+// Whether that much memory is available. A container that cannot allocate ends the program, and unsaved work
+// is lost. Asking the system first is cheap, because the pages are never touched.
 bool memoryAvailable(qint64 size)
 {
     if (size == 0)
@@ -49,7 +49,7 @@ bool memoryAvailable(qint64 size)
     return pages != MAP_FAILED && munmap(pages, std::size_t(size)) == 0;
 }
 
-// One way through an open file, start to end.
+// Reads an open file once from start to end.
 class FilePass
 {
 public:
@@ -65,10 +65,10 @@ public:
 
 private:
     FileResult<FileIdentity> identity();
-    // The number of bytes read, less than asked at the end of the file only, or -1.
+    // The number of bytes read, or -1. It is less than `size` only at the end of the file.
     qint64 fill(char *buffer, qint64 size, qint64 offset);
-    // True for small files too, of which nothing is read beforehand, and where reading fails, which it will
-    // again.
+    // True also for small files, which are not checked, and if reading fails, because reading the whole file
+    // will fail again.
     bool canBeIt(qint64 size);
 
     FileSystem &m_files;
@@ -99,7 +99,7 @@ FileResult<FileContent> FilePass::read(qint64 maxBytes)
     const auto after = identity();
     if (!after)
         return after.failure();
-    // Times alone do not tell: two changes within a tick of the system's clock bear the same.
+    // The size is checked too, because two changes within one tick of the system clock have the same time.
     if (filled < before->size || beyond > 0 || *before != *after)
         return Failure{FileError::Interference, Words::tr("Another program keeps changing the file.")};
     return FileContent{bytes, *after};
@@ -155,7 +155,7 @@ FileResult<FileContent> readRegularFile(const QString &path, qint64 maxBytes, Fi
     const FileDescriptor file(
         files, uninterrupted([&] { return files.openAt(AT_FDCWD, name->constData(), Flags, 0); }));
     if (!file.isOpen()) {
-        // A socket, or a device without anything behind it.
+        // A socket, or a device file without a device.
         if (errno == ENXIO || errno == ENODEV)
             return notRegular();
         return readFailure(systemFailure());
@@ -171,8 +171,8 @@ FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes, c
                                  const std::optional<FileIdentity> &expected, FileSystem &files)
 {
     const std::optional<QByteArray> name = encodedPath(path);
-    // U+FFFD stands where a name had bytes that are no text. Unless a file is really named so, the one that
-    // the user chose has another name.
+    // U+FFFD replaces bytes of a name that are no text. If no file has exactly this name, the user chose a
+    // file with another name.
     const bool isDoubtful = path.section(u'/', -1).contains(QChar::ReplacementCharacter);
     if (!name || (isDoubtful && !identityOfFile(path, files)))
         return {badName(), {}};
@@ -181,7 +181,7 @@ FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes, c
         return {located.failure(), {}};
     if (const auto examined = replacement.examineOldFile(expected); !examined)
         return {examined.failure(), {}};
-    // Before anything is written: on a full disk what is left of a killed save may be what is missing.
+    // Before anything is written, because on a full disk a leftover file may take the space that is needed.
     replacement.removeAbandonedFiles();
     if (const auto written = replacement.writeTemporaryFile(bytes); !written)
         return {written.failure(), {}};

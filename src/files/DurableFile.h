@@ -13,50 +13,53 @@
 namespace Foundation
 {
 
-// Reading and saving of whole files. The words of a failure are to be shown below a line that says what
-// failed. Everything here blocks until the disk has answered.
+// Reads and saves whole files. The words of a failure say only the reason; the caller adds a line that says
+// what failed. All functions block until the disk has answered.
 
 struct FileContent
 {
-    QByteArray bytes;      // Empty also where the file cannot be what is sought.
-    FileIdentity identity; // Of the very file that the bytes are from.
+    QByteArray bytes;      // Empty also if `canBeIt` rejected the file.
+    FileIdentity identity; // The identity of the file when it was read.
 };
 
-// Whether a file of that size can be what is sought, by its first and last bytes, 64 of each.
+// Whether a file of that size can have the expected format, judged by its first and last 64 bytes.
 using FileEndsCheck = std::function<bool(QByteArrayView head, QByteArrayView tail, qint64 size)>;
 
-// Reads all of the regular file `path`, links followed; at most `maxBytes`, beyond which nothing is read.
-// Never waits for the other end of a FIFO and never reads a device. If the file changes while it is read, it
-// is read once more; if it changes again, that is a failure, never a mixture of two versions. Of a file of
-// more than a MiB the rest is read only if `canBeIt` takes its ends.
+// Reads the whole regular file `path`; links are followed. Fails if the file is larger than `maxBytes`. Never
+// waits for the other end of a FIFO and never reads a device. If the file changes while it is read, it is
+// read again once; if it changes again, reading fails, so the result is never a mixture of two versions. If
+// `canBeIt` is given and rejects a file of more than 1 MiB, the rest is not read.
 FileResult<FileContent> readRegularFile(const QString &path, qint64 maxBytes,
                                         FileSystem &files = FileSystem::system(),
                                         const FileEndsCheck &canBeIt = {});
 
 struct [[nodiscard]] FileWriteResult : FileResult<>
 {
-    // Of the new file, as soon as it has its place: after success, and after FileError::Unconfirmed, where
-    // the disk did not confirm the change of the folder.
+    // The identity of the new file. Set after success and after FileError::Unconfirmed, when the disk did not
+    // confirm the change of the folder.
     std::optional<FileIdentity> identity;
 };
 
-// Replaces the file `path` by one of the given content, or creates it. After success the content survives a
-// power failure. At any other moment the name leads either to the whole old content or to the whole new one,
-// even if the process is killed; after a failure to the old one, but for the case told above.
+// Replaces the file `path` by a file with the given content, or creates it. After success the content
+// survives a power failure. At any moment, even if the process is killed, the name refers either to the whole
+// old content or to the whole new content. After a failure it refers to the old content, except after
+// FileError::Unconfirmed.
 //
-// The content goes into a temporary file beside the real one, is flushed and then renamed. Therefore:
-// - Links are followed, and the file that a dangling link means is created. Another hard link of the old file
-//   keeps the old content.
+// The content is written into a temporary file in the same folder, which is flushed and then renamed.
+// Therefore:
+// - Links are followed; the target of a dangling link is created. Other hard links of the old file keep the
+//   old content.
 // - Owner, group, mode, access lists and extended attributes are kept as far as permitted; see FileRights. A
-//   new file has mode 0600.
-// - The folder must be writable, and readable to be flushed. There is no second way that writes into the old
-//   file, since an interruption would damage it.
-// - A file that the user may not write is refused, although its folder would permit the replacement. So is
-//   one without any write permission, even for the system administrator: somebody wanted it to stay.
-// - A file that another program changes while this one is written is not replaced, nor is one that is there
-//   but has not the content of `expected`, if that is given. One that was removed is made again.
-// - A flush that failed is never repeated on the same file, since the system may have dropped the data and
-//   then report success. The next save writes a fresh file.
+//   new file has the mode 0600.
+// - The folder must be writable, and readable to be flushed. The old file is never written in place, because
+//   an interruption would damage it.
+// - A file that the user may not write is refused, although the folder would permit the replacement. A file
+//   without any write permission is refused even for the system administrator, because it is meant to be
+//   kept.
+// - A file that another program changes during the save is not replaced. If `expected` is given, an existing
+//   file with another content is not replaced either. A file that was removed is created again.
+// - A failed flush is never repeated on the same file, because the system may have dropped the data and would
+//   then report success. The next save writes a new file.
 //
 // A killed process leaves its temporary file. The next save of `application` into the folder removes it, and
 // so does removeAbandonedFiles; see TemporaryFile for the names that begin with `application`.
@@ -64,8 +67,8 @@ FileWriteResult writeFileDurably(const QString &path, const QByteArray &bytes, c
                                  const std::optional<FileIdentity> &expected = std::nullopt,
                                  FileSystem &files = FileSystem::system());
 
-// Removes what killed saves of this user left in the folder of the file `path`, links followed. Nothing is
-// told: what cannot be removed stays.
+// Removes the temporary files that killed saves of this user left in the folder of the file `path`; links are
+// followed. Errors are ignored.
 void removeAbandonedFiles(const QString &path, const QString &application,
                           FileSystem &files = FileSystem::system());
 

@@ -7,8 +7,8 @@
 namespace Foundation
 {
 
-// Makes a system call again while signals interrupt it. Not for ever: a file system that runs as an ordinary
-// program may answer so every time. Not for fsync of a file, nor for close.
+// Repeats a system call while signals interrupt it, up to a limit, because a file system in user space may
+// always report an interruption. Must not be used for fsync() of a file and for close().
 template <typename Call>
 [[nodiscard]] auto uninterrupted(Call call)
 {
@@ -19,7 +19,7 @@ template <typename Call>
     return result;
 }
 
-// Owns an open file and closes it when it goes. A negative descriptor stands for none.
+// Owns an open file and closes it in the destructor. A negative descriptor means none.
 class FileDescriptor
 {
 public:
@@ -33,13 +33,13 @@ public:
 
     bool isOpen() const { return m_descriptor >= 0; }
     int get() const { return m_descriptor; }
-    // Closes what was held before.
+    // Closes the former file and owns another one.
     void reset(int descriptor)
     {
         close();
         m_descriptor = descriptor;
     }
-    // Returns 0 or -1 with errno, as the call itself; 0 if nothing is open.
+    // Returns the result of the system call, or 0 if no file is open.
     int close()
     {
         const int descriptor = m_descriptor;

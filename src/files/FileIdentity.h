@@ -10,8 +10,8 @@
 namespace Foundation
 {
 
-// What tells whether a file is still the one that was read or saved, and unchanged since. Not for keeping
-// beyond the run: some file systems number devices and files anew whenever they are mounted.
+// Identifies a version of a file, to find out whether it is still the one that was read or saved. Must not be
+// stored, because some file systems change the numbers of devices and files when they are mounted.
 struct FileIdentity
 {
     struct Moment
@@ -27,11 +27,11 @@ struct FileIdentity
     quint64 inode = 0;
     qint64 size = 0; // In bytes.
     Moment contentChanged;
-    // Moves with renaming and changes of rights as well, and nobody can set it back.
+    // Also changes when the file is renamed or its rights change. Programs cannot set it.
     Moment statusChanged;
 
-    // Whether the content is the same as far as can be told without reading it: unlike equality this passes
-    // over a change of name or rights, which a user makes on purpose and does not want to be asked about.
+    // Whether the content is the same, as far as this can be known without reading it. Unlike equality, this
+    // ignores a change of name or rights, which a user makes on purpose and need not confirm.
     bool hasSameContentAs(const FileIdentity &other) const
     {
         return device == other.device && inode == other.inode && size == other.size &&
@@ -41,7 +41,8 @@ struct FileIdentity
     friend bool operator==(const FileIdentity &, const FileIdentity &) = default;
 };
 
-// Links are followed. Nothing if no file of that name can be found or examined.
+// The identity of the file at `path`; links are followed. Nothing if there is no such file or it cannot be
+// examined.
 [[nodiscard]] std::optional<FileIdentity> identityOfFile(const QString &path,
                                                          FileSystem &files = FileSystem::system());
 

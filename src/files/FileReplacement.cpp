@@ -87,12 +87,12 @@ FileResult<> FileReplacement::locate(const QByteArray &path)
 
 FileResult<QByteArray> FileReplacement::followLinks(const QByteArray &path)
 {
-    // Lets the system follow them first: it knows circles, and links that others planted in a shared folder.
+    // The system follows the links first, because it detects circles, and dangerous links in shared folders.
     if (uninterrupted([&] { return m_files.accessAt(AT_FDCWD, path.constData(), F_OK); }) < 0 &&
         errno != ENOENT)
         return folderFailure(systemFailure());
     QByteArray followed = path;
-    constexpr int MaximumLinks = 40; // As many as the system follows.
+    constexpr int MaximumLinks = 40; // The same limit as that of the system.
     for (int links = 0; links < MaximumLinks; ++links) {
         QByteArray target(PATH_MAX, Qt::Uninitialized);
         const ssize_t length = uninterrupted([&] {
@@ -137,7 +137,7 @@ FileResult<> FileReplacement::examineOldFile(const std::optional<FileIdentity> &
 
 FileResult<> FileReplacement::writeTemporaryFile(const QByteArray &bytes)
 {
-    // An interrupted flush or close has failed like any other, but no disk is at fault: take a fresh file.
+    // An interrupted flush or close has failed, but not because of the disk, so try again with a new file.
     constexpr int MaximumAttempts = 3;
     SystemResult<> written;
     for (int attempt = 0; attempt < MaximumAttempts; ++attempt) {
@@ -194,8 +194,8 @@ FileResult<> FileReplacement::putInPlace()
         return failureInWords(renamed.failure(), Words::tr("You do not have permission to replace the file."),
                               interference().words);
     m_inPlace = lookAtPlace();
-    // Unlike a file, a folder holds no data of ours that an interrupted flush could lose: it may be repeated.
-    // Some file systems have no flush for folders and say that the call is invalid.
+    // An interrupted flush of a folder may be repeated, because no written data can get lost. Some file
+    // systems cannot flush folders and report an invalid call.
     if (uninterrupted([&] { return m_files.fsync(m_folder.get()); }) < 0 && errno != EINVAL)
         return Failure{FileError::Unconfirmed,
                        Words::tr("The new file is in its place, but the disk did not confirm it. A power "
@@ -207,7 +207,7 @@ FileResult<> FileReplacement::checkOldFileUnchanged()
 {
     struct stat status;
     if (uninterrupted([&] { return m_files.fstatAt(m_folder.get(), m_name.constData(), &status); }) < 0) {
-        // A file that somebody removed is no reason to refuse: nothing is overwritten.
+        // If the old file was removed, nothing is overwritten.
         if (errno == ENOENT)
             return {};
         return folderFailure(systemFailure());
@@ -219,8 +219,9 @@ FileResult<> FileReplacement::checkOldFileUnchanged()
 
 FileIdentity FileReplacement::lookAtPlace()
 {
-    // Renaming moves the time of the last change of status. If another program was faster and its file has
-    // the name already, the earlier identity is the right one: it differs, and so the next save will notice.
+    // Renaming changes the time of the last status change, so the identity is read again. If another program
+    // has already replaced the file, the former identity is returned; it differs from the file, so the next
+    // save will notice.
     struct stat status;
     if (uninterrupted([&] { return m_files.fstatAt(m_folder.get(), m_name.constData(), &status); }) < 0)
         return m_newFile;

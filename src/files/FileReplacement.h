@@ -14,8 +14,8 @@
 namespace Foundation
 {
 
-// The steps of writeFileDurably, in the order in which they must be called. None may follow one that failed.
-// The temporary file, if there is one, goes with the object.
+// The steps of writeFileDurably(), in the order in which they must be called. After a failed step, no other
+// step may be called. The destructor removes the temporary file, if there is one.
 class FileReplacement
 {
 public:
@@ -29,18 +29,18 @@ public:
 
     // Follows links to the real file, which need not exist, and opens its folder.
     FileResult<> locate(const QByteArray &path);
-    // Removes what killed processes left in that folder; see TemporaryFile.
+    // Removes temporary files of killed processes in that folder; see TemporaryFile.
     void removeAbandonedFiles() { m_temporary.removeAbandoned(m_folder.get()); }
-    // Refuses what must not be replaced, or is not the expected file, and takes the rights of what may be.
+    // Fails if the old file must not be replaced or is not the expected one. Otherwise stores its rights.
     FileResult<> examineOldFile(const std::optional<FileIdentity> &expected);
-    // Returns with the bytes on the disk.
+    // Writes and flushes the temporary file.
     FileResult<> writeTemporaryFile(const QByteArray &bytes);
     FileResult<> putInPlace();
-    // Of the new file, from when it has its name, even if the last step failed after that.
+    // The identity of the new file as soon as it has its name, even if putInPlace() failed after that.
     const std::optional<FileIdentity> &identityInPlace() const { return m_inPlace; }
 
 private:
-    // The path without links.
+    // Returns the path without links.
     FileResult<QByteArray> followLinks(const QByteArray &path);
     SystemResult<> fillTemporaryFile(const QByteArray &bytes);
     SystemResult<> writeAll(int descriptor, const QByteArray &bytes);
@@ -48,7 +48,7 @@ private:
     FileIdentity lookAtPlace();
 
     FileSystem &m_files;
-    // Held open, so that all happens in one folder even if it is moved meanwhile.
+    // Stays open, so that all steps use the same folder even if it is moved meanwhile.
     FileDescriptor m_folder;
     QByteArray m_name;
     std::optional<FileIdentity> m_oldFile;

@@ -11,11 +11,12 @@ namespace Foundation
 namespace
 {
 
-// The largest list and the largest value that Linux knows (xattr(7)).
+// The maximum size of a list of attributes and of a value in Linux (xattr(7)).
 constexpr qsizetype MaximumAttributeSize = 65536;
 constexpr char AccessList[] = "system.posix_acl_access";
 
-// Not permitted here, unknown to this file system or beyond its limits: the save goes on without.
+// Whether the error means that the attribute is not permitted or not supported here, so that the save
+// continues without it.
 bool cannotBeKept(int number)
 {
     constexpr int Numbers[] = {EPERM, EACCES, ENOTSUP, ENOSYS, EINVAL, E2BIG, ERANGE};
@@ -32,8 +33,8 @@ bool isToBeKept(const QByteArray &name)
     return !name.isEmpty() && (!name.startsWith("security.") || name == "security.selinux");
 }
 
-// With the file in another group, the former group counts as others and the new one held others before: both
-// get only what both had.
+// In another group, the members of the former group become others, and the new group consists of users who
+// were others. So both get only the rights that both had.
 mode_t modeWithoutGroup(mode_t mode)
 {
     const mode_t common = (mode >> 3) & mode & 07;
@@ -86,7 +87,7 @@ SystemResult<> FileRights::takeAttributesFrom(int descriptor, FileSystem &files)
         if (size >= 0)
             m_attributes.append({name, QByteArray(buffer.constData(), size)});
         else if (errno == ENODATA)
-            continue; // Removed since the list was made.
+            continue; // It was removed after the list was read.
         else if (!cannotBeKept(errno))
             return systemFailure();
         else if (isAccessList(name))
@@ -112,11 +113,11 @@ SystemResult<> FileRights::giveMode(int descriptor, FileSystem &files, mode_t mo
     struct stat made;
     if (uninterrupted([&] { return files.fstat(descriptor, &made); }) < 0)
         return systemFailure();
-    // Some shared folders deny every change of a mode, even one that changes nothing.
+    // Some shared folders refuse every change of the mode, even to the same value.
     if ((made.st_mode & 07777) == mode || uninterrupted([&] { return files.fchmod(descriptor, mode); }) == 0)
         return {};
-    // File systems without modes of their own answer EPERM or one of the numbers after it. Any other answer,
-    // EACCES included, is a failure: the file would be saved, and other users silently lose it.
+    // A file system without modes reports EPERM or one of the following. Any other error, including EACCES,
+    // is a failure: otherwise other users would silently lose access to the file.
     constexpr int NoModes[] = {EPERM, ENOTSUP, ENOSYS, EINVAL};
     if (std::ranges::find(NoModes, errno) != std::end(NoModes))
         return {};
@@ -161,15 +162,15 @@ SystemResult<> FileRights::giveAttributes(int descriptor, FileSystem &files, mod
             return systemFailure();
         listsKept = listsKept && !isAccessList(name);
     }
-    // The folder may have given the new file a list of its own, which the old one does not have.
+    // The new file may have got a default list from the folder, which the old file does not have.
     if (!hasAccessList && uninterrupted([&] { return files.fremovexattr(descriptor, AccessList); }) < 0 &&
         errno != ENODATA && errno != ENOTSUP && errno != ENOSYS) {
         if (!cannotBeKept(errno))
             return systemFailure();
         listsKept = false;
     }
-    // The group bits of a file with a list are the upper bound of the list, not the rights of the group.
-    // Without the list they would give the group, and others, what the list denied them.
+    // For a file with a list, the group bits are the maximum rights of the list and not the rights of the
+    // group. Without the list, they would give the group and others rights that the list denied.
     if (!listsKept)
         mode = modeOfOwnerAlone(mode);
     return {};

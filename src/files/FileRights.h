@@ -10,23 +10,23 @@
 namespace Foundation
 {
 
-// Owner, group, mode and extended attributes of a file that is about to be replaced, so that the new file can
-// have them too. On Linux access control lists are attributes, and thus included.
+// Owner, group, mode and extended attributes of a file that is about to be replaced, for the new file. On
+// Linux, access control lists are extended attributes and so included.
 //
-// What the user may not give away (the ownership of somebody else) is left out, and then the mode is narrowed
-// so that nobody gains a right by it. Set-user and set-group bits are dropped: documents are not programs.
-// Attributes "security.*" other than the SELinux label are left out: they vouch for the old content.
+// If the user may not set the owner or group, they are not kept, and the mode is restricted so that no user
+// gets new rights. Set-user and set-group bits are dropped, because documents are not programs. Attributes
+// "security.*" except the SELinux label are dropped, because they apply to the old content.
 class FileRights
 {
 public:
-    // Those of a new file: mode 0600, everything else as the system made it.
+    // The rights of a new file: mode 0600, everything else as the system made it.
     FileRights() = default;
 
-    // Reads those of the regular file `name` in `folder`. A file that cannot be read keeps its owner
-    // and mode.
+    // Reads the rights of the regular file `name` in `folder`. If the file cannot be opened for reading, only
+    // owner and mode are kept.
     SystemResult<> takeFrom(int folder, const char *name, const struct stat &status, FileSystem &files);
 
-    // Gives them to the open file. What is merely not permitted is no failure.
+    // Applies the rights to an open file. A right that may not be set is no failure.
     SystemResult<> giveTo(int descriptor, FileSystem &files) const;
 
 private:
@@ -36,7 +36,7 @@ private:
     SystemResult<> giveAttributes(int descriptor, FileSystem &files, mode_t &mode) const;
 
     bool m_replacing = false;
-    // False if some access list may exist that is not known.
+    // False if the file may have an access list that could not be read.
     bool m_listsKnown = true;
     mode_t m_mode = 0600;
     uid_t m_owner = 0;

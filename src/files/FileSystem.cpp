@@ -113,13 +113,12 @@ int FileSystem::mkdirAt(int folder, const char *name, mode_t mode)
 
 int FileSystem::readNames(int folder, QList<QByteArray> *names)
 {
-    // The list closes its descriptor, and reading moves its place in the folder: it gets a descriptor of its
-    // own.
+    // Opens a second descriptor, because the list closes its descriptor and reading changes its position.
     const int reading = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     DIR *const list = reading < 0 ? nullptr : ::fdopendir(reading);
     int error = list ? 0 : errno;
     while (list) {
-        errno = 0; // The end of the list and a failure look the same otherwise.
+        errno = 0; // To distinguish the end of the list from a failure.
         const dirent *const entry = ::readdir(list);
         error = errno;
         if (!entry)

@@ -7,7 +7,7 @@
 namespace Foundation
 {
 
-// `length` bytes of the system's secure source; nothing if the source fails.
+// `length` bytes from the secure random source of the system. Nothing if it fails.
 [[nodiscard]] std::optional<QByteArray> secureRandomBytes(quint64 length);
 
 } // namespace Foundation

@@ -17,7 +17,7 @@ namespace
 
 constexpr int DigitCount = 16;
 
-// What all names of this user's files on this machine begin with.
+// The prefix of all names of this user on this machine.
 QByteArray ownPrefix(const QString &application)
 {
     const QByteArray owner = QSysInfo::machineUniqueId() + ' ' + QByteArray::number(::geteuid());
@@ -33,7 +33,8 @@ bool isOwnName(const QByteArray &name, const QByteArray &prefix)
            std::all_of(digits.begin(), digits.end(), isDigit);
 }
 
-// A file with a second hard link is kept: another program or the user may have linked it to save its content.
+// A file with a second hard link is kept, because a program or the user may have linked it to keep its
+// content.
 bool isLeftover(const struct stat &status)
 {
     return S_ISREG(status.st_mode) && status.st_uid == ::geteuid() && status.st_nlink == 1;
@@ -48,7 +49,7 @@ SystemResult<> TemporaryFile::create(int folder)
     SystemResult<> made;
     for (int attempt = 0; attempt < MaximumAttempts; ++attempt) {
         remove();
-        // Independent of the real name, which may be as long as names can be.
+        // The name does not contain the real name, which may already have the maximum length.
         const quint64 random = QRandomGenerator::system()->generate64();
         const QByteArray name =
             ownPrefix(m_application) + QByteArray::number(random, 16).rightJustified(DigitCount, '0');
@@ -72,8 +73,8 @@ SystemResult<> TemporaryFile::lock()
     m_lock.reset(uninterrupted([&] { return m_files.duplicate(m_content.get()); }));
     if (!m_lock.isOpen())
         return systemFailure();
-    // A file system without locks is no obstacle. A process that looks for abandoned files may have taken
-    // this one for such a file in the moment before it was locked: then it is lost.
+    // A file system without locks is accepted. Another process may have removed the file as a leftover in the
+    // moment before it was locked; then another name is tried.
     if (uninterrupted([&] { return m_files.lock(m_lock.get()); }) < 0 && errno == EWOULDBLOCK)
         return Failure{std::errc::file_exists};
     struct stat status;
@@ -104,7 +105,7 @@ void TemporaryFile::remove()
 {
     if (m_name.isEmpty())
         return;
-    // If this fails too there is nothing more to do; the error that led here is the one to tell.
+    // An error here is ignored; the error that led here is reported.
     (void)uninterrupted([&] { return m_files.unlinkAt(m_folder, m_name.constData()); });
     m_name.clear();
     m_content.close();
@@ -114,20 +115,20 @@ void TemporaryFile::remove()
 void TemporaryFile::removeAbandoned(int folder) const
 {
     QList<QByteArray> names;
-    (void)m_files.readNames(folder, &names); // What could not be read is for the next save.
+    (void)m_files.readNames(folder, &names); // The next save reads the names again.
     const QByteArray prefix = ownPrefix(m_application);
     for (const QByteArray &name : names) {
         struct stat named;
         if (!isOwnName(name, prefix) || m_files.fstatAt(folder, name.constData(), &named) < 0 ||
             !isLeftover(named))
             continue;
-        // Some network folders lock only what is open for writing.
+        // Some network folders lock only files that are open for writing.
         constexpr int Flags = O_WRONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC;
         const FileDescriptor file(m_files, m_files.openAt(folder, name.constData(), Flags, 0));
         struct stat opened;
         if (file.isOpen() && m_files.fstat(file.get(), &opened) == 0 && opened.st_dev == named.st_dev &&
             opened.st_ino == named.st_ino && m_files.lock(file.get()) == 0)
-            (void)m_files.unlinkAt(folder, name.constData()); // What stays is for the next save.
+            (void)m_files.unlinkAt(folder, name.constData()); // The next save tries again.
     }
 }
 

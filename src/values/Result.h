@@ -9,8 +9,8 @@
 namespace Foundation
 {
 
-// Why an operation failed: a code by which the program tells failures apart, and the words for the user,
-// whole sentences such as "The disk is full.". The words are null where no user reads them.
+// Why an operation failed: a code, by which the program distinguishes failures, and words for the user, which
+// are full sentences such as "The disk is full.". The words are null if no user reads them.
 template <class Code>
 struct Failure
 {
@@ -22,8 +22,8 @@ Failure(Code) -> Failure<Code>;
 template <class Code>
 Failure(Code, QString) -> Failure<Code>;
 
-// How an operation ended: with a value, or with a Failure. This is the one way in which our own classes
-// report a failure; nothing is thrown. A function returns either of the two as it is.
+// The result of an operation: a value or a Failure. All our own classes report failures in this way; nothing
+// throws. A function can return a value or a Failure directly.
 template <class Value, class Code>
 class [[nodiscard]] Result
 {
@@ -56,7 +56,7 @@ private:
     std::variant<Value, Failure<Code>> m_ending;
 };
 
-// The same for an operation that gives nothing but its success, which is `{}`.
+// The result of an operation without a value. `{}` means success.
 template <class Code>
 class [[nodiscard]] Result<void, Code>
 {
