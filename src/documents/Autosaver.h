@@ -8,9 +8,9 @@
 namespace Foundation
 {
 
-// Saves the documents of a controller without being asked: some seconds after the last change, at the latest
-// half a minute after the first, and at once when the application is left. What can go wrong is told once
-// until it goes right again.
+// Saves the documents of a controller automatically: some seconds after the last change, but at most half a
+// minute after the first, and when autosaveAll() is called. A failure is reported to the user once, and again
+// only after a success.
 class Autosaver : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     static constexpr int QuietSeconds = 5;
     static constexpr int LongestSeconds = 30;
 
-    // Not owned; outlives this.
+    // `documents` is not owned and must outlive this object.
     explicit Autosaver(DocumentController &documents, QObject *parent = nullptr);
 
     void autosaveAll();

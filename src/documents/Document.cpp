@@ -128,7 +128,7 @@ DocumentResult<> Document::autosave()
         if (written)
             return written;
         if (isFileOurs()) {
-            (void)writeRecoveryFile(); // The user is told of the file; the changes are safe if they can be.
+            (void)writeRecoveryFile(); // The failure of the file itself is reported.
             return written;
         }
     }
@@ -138,7 +138,7 @@ DocumentResult<> Document::autosave()
 DocumentResult<> Document::writeRecoveryFile()
 {
     const quint64 content = contentStamp();
-    // A program that cleans up may have removed it.
+    // Another program may have removed the lock file.
     if (m_recoveryFile && !m_recoveryFile->isHeld())
         m_recoveryFile = nullptr;
     if (m_recoveryFile && m_recoverableContent == content && m_recoveryFile->exists())
@@ -175,7 +175,7 @@ FileResult<> Document::writeRecoveryFile(const QByteArray &bytes)
 void Document::keepUnsavedContent()
 {
     if (hasUnsavedContent() && !autosavingFileType().isNull())
-        (void)writeRecoveryFile(); // What is not kept is marked as unsaved when it can be seen again.
+        (void)writeRecoveryFile(); // Without the file, the document is marked as edited after unlocking.
 }
 
 void Document::forgetSavedContent()
@@ -216,7 +216,7 @@ DocumentResult<> Document::writeToFile(const QString &path, const std::optional<
     if (!bytes)
         return bytes.failure();
     const FileWriteResult written = writeFileDurably(path, *bytes, documentType().application, expected);
-    // Also after a failure: the new content may be in place, though perhaps not for good.
+    // Also set after FileError::Unconfirmed, when the new content is in place.
     if (written.identity) {
         m_fileURL = QFileInfo(path).absoluteFilePath();
         m_fileIdentity = written.identity;
@@ -279,7 +279,7 @@ void Document::revert()
         updateChangeCount(ChangeCleared);
         return;
     }
-    // Nothing was taken from a file that cannot be read.
+    // The content did not change if the file could not be read.
     if (!read.failedWith(DocumentError::NewerFormat) && m_window)
         m_window->beginAlert(
             {tr("The document “%1” could not be reverted.").arg(displayName()), read.words(), {{tr("OK")}}},
@@ -318,7 +318,8 @@ void Document::saveWithCompletion(SaveCompletion completion)
             if (!confirmed)
                 completion(confirmed);
             else if (!present && identityOfFile(m_fileURL))
-                saveWithCompletion(completion); // Somebody made it meanwhile, which is another question.
+                saveWithCompletion(
+                    completion); // Another program created the file meanwhile, so the question differs.
             else
                 saveToPath(m_fileURL, completion, present);
         });
@@ -410,7 +411,7 @@ void Document::canCloseDocument(Completion shouldClose)
         {{tr("Save")}, {tr("Cancel"), AlertButton::Cancel}, {tr("Discard"), AlertButton::Discard}}};
     m_window->makeKeyAndOrderFront();
     if (m_isAsking) {
-        shouldClose(false); // The question that stands decides.
+        shouldClose(false); // The open question decides.
         return;
     }
     ask(alert, [this, shouldClose = std::move(shouldClose)](int returnCode) {

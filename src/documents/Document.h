@@ -17,11 +17,11 @@
 namespace Foundation
 {
 
-// A document of the user: its file, its changes, its undo stack, and the questions before work is lost.
-// Subclasses turn bytes into content and back.
+// A document: its file, its changes, its undo stack, and the questions before work is lost. Subclasses
+// convert between bytes and content.
 //
-// Saving is atomic and durable (see writeFileDurably): on any failure the old file is whole, the document
-// stays edited, and the user is told why in plain words. A file that another program replaced or changed
+// Saving is atomic and durable (see writeFileDurably()): after a failure the old file is complete, the
+// document is still edited, and the user gets the reason. A file that another program replaced or changed
 // since it was read is never overwritten without a question. Main thread only.
 class Document : public QObject
 {
@@ -31,135 +31,136 @@ class Document : public QObject
 
 public:
     enum ChangeType { ChangeDone = 0, ChangeUndone = 1, ChangeCleared = 2 };
-    // Answers a question with yes or no.
+    // Receives the answer to a question.
     using Completion = std::function<void(bool)>;
     using SaveCompletion = std::function<void(const DocumentResult<> &result)>;
 
-    // Beyond this a file cannot be opened.
+    // The maximum size in bytes of a file that can be opened.
     static constexpr qint64 LargestFile = qint64(2) << 30;
 
     explicit Document(QObject *parent = nullptr);
 
     // The path of the document's file; null for one that was never saved.
     QString fileURL() const { return m_fileURL; }
-    // The file's name, or "Untitled" with a number for one that was never saved.
+    // The name of the file, or "Untitled" with a number if the document was never saved.
     QString displayName() const;
     void setUntitledNumber(int number);
 
     bool isDocumentEdited() const { return m_changeCount != 0; }
-    // Whether the document's file lacks something of the content, told by the content itself: a document may
-    // be marked as edited without a change and unmarked with one. True without a file.
+    // Whether the file lacks some of the content, by the stamp of the content. This may differ from
+    // isDocumentEdited(), because a document can be marked as edited without a change, and unmarked with one.
+    // True without a file.
     bool hasUnsavedContent() const { return m_savedContent != contentStamp(); }
-    // One of ChangeType, as a number that stands in the calls of the whole system.
+    // `change` is one of ChangeType, as an int.
     void updateChangeCount(int change);
     UndoManager &undoManager() { return m_undoManager; }
 
-    // Null before the window is made and after it has gone. Not owned.
+    // Not owned. Null before the window is made and after it is closed.
     DocumentWindow *window() const { return m_window; }
     DocumentWindow *windowForSheet() const { return m_window; }
-    // Called once the window is made and knows the document.
+    // Called after the window was made and set.
     virtual void windowControllerDidLoadNib();
 
-    // The names of its files and of the folders that belong to it.
+    // The names for its files and folders.
     virtual DocumentType documentType() const = 0;
-    // The bytes of the document's file, or nothing if it cannot be saved now.
+    // Returns the bytes of the file, or nothing if the document cannot be saved now.
     [[nodiscard]] virtual std::optional<QByteArray> dataOfType(const QString &type) = 0;
-    // Takes the content of a file. False, with *error, if the document must not be opened.
+    // Takes the content of a file. Returns false and sets *error if the document must not be opened.
     [[nodiscard]] virtual bool readFromData(const QByteArray &bytes, const QString &type,
                                             Failure<DocumentError> *error) = 0;
     // Fails if nothing may be written now although dataOfType() would give bytes.
     virtual DocumentResult<> checkMayBeWritten() const { return {}; }
     // Called after dataOfType(): fails if its bytes could not be opened again.
     virtual DocumentResult<> checkCanBeRead() const { return {}; }
-    // Whether a large file of that size can hold a document, by its first and last bytes.
+    // Whether a large file of that size can be a document, judged by its first and last bytes.
     virtual bool canBeItsFile(QByteArrayView head, QByteArrayView tail, qint64 size) const;
-    // The type under which changes may be saved without being asked for; null: not now.
+    // The type for automatic saving. Null if the document must not be saved automatically now.
     virtual QString autosavingFileType() const;
     static bool autosavesInPlace() { return true; }
 
     DocumentResult<> readFromFile(const QString &path);
-    // Saves to `path`, which becomes the document's file. A file there that is not the expected one, if one
-    // is given, stays.
+    // Saves to `path`, which becomes the file of the document. If `expected` is given, another existing file
+    // is not replaced.
     DocumentResult<> writeToFile(const QString &path,
                                  const std::optional<FileIdentity> &expected = std::nullopt);
 
-    // Saves changes without being asked, where autosavingFileType() permits it: to the document's own file,
-    // which counts as saved; or, if it has none, or somebody else touched that, or it cannot be written, or
-    // the user is being asked about the changes, to a recovery file, which does not count. Succeeds if
-    // there is nothing to do: also for a document that is marked as edited while its file has all of it.
+    // Saves changes automatically if autosavingFileType() permits it. Normally writes the file of the
+    // document, which then counts as saved. Writes a recovery file instead, and the document stays edited, if
+    // it has no file, if another program touched the file, if the file cannot be written, or while the user
+    // is asked about the changes. Succeeds if there is nothing to do, also for a document that is marked as
+    // edited although its file has all of the content.
     DocumentResult<> autosave();
-    // Puts unsaved content into a recovery file, before it can no longer be written. Says nothing of a
-    // failure.
+    // Writes unsaved content into a recovery file, for use before a lock. Ignores failures.
     void keepUnsavedContent();
-    // Takes the content of a recovery file: a document without a name that keeps the file until it gets one
-    // or is closed.
+    // Takes the content of a recovery file. The document has no file of its own, and keeps the recovery file
+    // until it is saved or closed.
     DocumentResult<> recover(std::unique_ptr<RecoveryFile> file);
-    // Whether the recovery file outlives a close, to be offered again: nobody has decided about it.
+    // Whether closing keeps the recovery file, because the user has not decided about its content.
     virtual bool keepsRecoveryFile() const { return false; }
-    // There is something that only the recovery file has.
+    // True if there is a recovery file.
     bool isRecoverable() const { return m_recoveryFile != nullptr; }
 
-    // The objects that take part in the responder chain for this document, in order.
+    // The responders of this document, in order.
     virtual QList<QObject *> responders() { return {this}; }
-    // Whether a command is enabled.
+    // Whether a menu item is enabled. May also set its check mark.
     virtual bool validateMenuItem(MenuItem &item);
     virtual bool validateUserInterfaceItem(const QString &action) const;
 
     Q_INVOKABLE void saveDocument(const Foundation::ActionSender &sender);
     Q_INVOKABLE void saveDocumentAs(const Foundation::ActionSender &sender);
-    // Asks, and then takes the content of the file anew; what was done since is gone, and undo with it.
+    // Asks, and then reads the file again. All changes and the undo stack are lost.
     Q_INVOKABLE void revertDocumentToSaved(const Foundation::ActionSender &sender);
     Q_INVOKABLE void performClose(const Foundation::ActionSender &sender);
     Q_INVOKABLE void undo(const Foundation::ActionSender &sender);
     Q_INVOKABLE void redo(const Foundation::ActionSender &sender);
 
-    // Asks about unsaved changes and answers whether the document may be closed. Some documents close at once
-    // and never answer, so nobody may wait for it.
+    // Asks about unsaved changes and calls `shouldClose` with the answer. Some documents close immediately
+    // and never call it, so callers must not rely on the call.
     virtual void canCloseDocument(Completion shouldClose);
-    // Saves under the present name, or asks for one; answers once it is done, or given up, or the
-    // user has been told why it failed.
+    // Saves to the file of the document, or asks for one. Calls `completion` after the save, after the user
+    // cancelled, or after the user was told why it failed.
     void saveWithCompletion(SaveCompletion completion);
-    // Closes without a question. The document is deleted on a later turn of the event loop.
+    // Closes without asking. The document is deleted on a later turn of the event loop.
     void close();
     bool isClosed() const { return m_isClosed; }
 
 Q_SIGNALS:
     void fileURLChanged();
     void documentEditedChanged();
-    // At every change, also of an edited document.
+    // Sent at every change, also if the document is already edited.
     void changed();
-    // A command to save has written the file; what is saved without being asked does not count.
+    // The user's command to save has written the file. Not sent by automatic saving.
     void saved();
     void closed();
 
 protected:
     // A subclass takes only a window that can do what it asks of one.
     void setWindow(DocumentWindow *window) { m_window = window; }
-    // Differs from what it was if the content has changed. Here, every mark counts as a change.
+    // A number that changes when the content changes. This implementation changes with every mark.
     virtual quint64 contentStamp() const { return m_markCount; }
-    // The content is that of the document's file, or may differ from it in what a stamp does not tell.
+    // Must be called when the content equals that of the file.
     void noteSavedContent() { m_savedContent = contentStamp(); }
     void forgetSavedContent();
 
 private:
     void revert();
-    // Fails if it cannot be written now or never be opened again.
+    // The bytes to write. Fails if the document may not be written now or could not be opened again.
     DocumentResult<QByteArray> bytesToWrite();
-    // The file, which is read into the document.
+    // Reads the file into the document and returns its identity.
     DocumentResult<FileIdentity> takeContentOfFile(const QString &path);
-    // Whether it has the content that this document read or wrote last.
+    // Whether the file has the content that this document read or wrote last.
     bool isOurs(const std::optional<FileIdentity> &file) const;
     DocumentResult<> writeRecoveryFile();
-    // To the one that there is, or to a new one if that cannot be written.
+    // Writes the existing recovery file, or a new one if the existing one cannot be written.
     FileResult<> writeRecoveryFile(const QByteArray &bytes);
     void dropRecoveryFile();
-    // Shows a question about the document's changes, during which its file stays as it is.
+    // Shows a question about the changes. Meanwhile the file is not written.
     void ask(const Alert &alert, AlertAnswer answered);
     void saveAsWithCompletion(const SaveCompletion &completion);
     void saveToPath(const QString &path, const SaveCompletion &completion,
                     const std::optional<FileIdentity> &expected = std::nullopt);
     void sayNotSaved(const Failure<DocumentError> &failure, const SaveCompletion &completion);
-    // Asks if what is in the file's place now is no longer what was read.
+    // Asks the user if the file is no longer the one that was read.
     void confirmOverwriting(const std::optional<FileIdentity> &present, SaveCompletion answered);
 
     QString m_fileURL;
@@ -167,7 +168,7 @@ private:
     int m_untitledNumber = 1;
     int m_changeCount = 0;
     quint64 m_markCount = 0;
-    // Stamps of the content that the document's file and the recovery file have.
+    // The stamps of the content in the file and in the recovery file.
     std::optional<quint64> m_savedContent;
     std::optional<quint64> m_recoverableContent;
     UndoManager m_undoManager;

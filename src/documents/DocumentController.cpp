@@ -101,7 +101,7 @@ void DocumentController::closeAllDocuments(const Document::Completion &done)
         done(true);
         return;
     }
-    // A document may close at once and never answer, so what counts is whether it has gone.
+    // A document may close immediately without calling the completion, so the signal of closing is used.
     Document *last = m_documents.last();
     const auto goOn = connect(last, &Document::closed, this, [this, done] { closeAllDocuments(done); });
     last->canCloseDocument([last, done, goOn](bool shouldClose) {

@@ -11,7 +11,7 @@
 namespace Foundation
 {
 
-// The open documents of the application, and the ways to open another. Main thread only.
+// The open documents of the application. Creates, opens and closes documents. Main thread only.
 class DocumentController : public QObject
 {
     Q_OBJECT
@@ -27,20 +27,20 @@ public:
 
     // Makes a document that has no file.
     Document *newDocument();
-    // Opens a file, or raises its window if it is open already. Null if it cannot be opened: the user has
-    // then been told why.
+    // Opens a file, or raises its window if it is open already. Returns null if it cannot be opened; the user
+    // was told why.
     Document *openDocument(const QString &path);
 
-    // Opens what was never saved and outlived the process that had it, each as a document without a name.
-    // The user is told of one that cannot be read; it stays where it is. Returns the number of those opened.
+    // Opens the recovery files of dead processes, each as a document without a file, and returns the number
+    // of opened documents. If a file cannot be read, the user is told and the file is kept.
     [[nodiscard]] int recoverDocuments(const RecoveryFolder &folder);
 
-    // Asks about the changes of each document in turn and closes it, and calls `done` with true when all are
-    // closed. Nothing more is asked once the user has kept a document, and `done` is called with false.
+    // Asks about the changes of each document and closes it, one after the other. Calls `done` with true when
+    // all are closed, or with false as soon as the user keeps a document.
     void closeAllDocuments(const Document::Completion &done);
 
 Q_SIGNALS:
-    // The receiver makes the document's window and calls windowControllerDidLoadNib.
+    // The receiver must make the window of the document and call windowControllerDidLoadNib().
     void documentAdded(Foundation::Document *document);
     void documentClosed();
 

@@ -10,9 +10,10 @@ enum class DocumentError {
     File,        // The file cannot be read or written.
     Content,     // The bytes are no document, or what would be saved could not be opened again.
     NotNow,      // The document may not be written in its present state.
-    FileTouched, // Another program changed or removed the file, and there is no window to ask the user in.
-    NewerFormat, // The file is of a later release. The user has been told of it, and there are no words.
-    GivenUp,     // The user was asked, and decided against it. There are no words.
+    FileTouched, // Another program changed or removed the file, and without a window the user cannot be
+                 // asked.
+    NewerFormat, // A later release wrote the file. The user was told already, so there are no words.
+    GivenUp,     // The user cancelled. There are no words.
 };
 template <class Value = void>
 using DocumentResult = Result<Value, DocumentError>;

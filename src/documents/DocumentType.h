@@ -5,11 +5,11 @@
 namespace Foundation
 {
 
-// What the files of an application's documents are called.
+// Names for the files of the documents of an application.
 struct DocumentType
 {
-    QString application;       // "vexarel", say: names its folders, and the temporary files of a save.
-    QString fileNameExtension; // "vexcards", say: without the full stop.
+    QString application;       // For example "vexarel". Used in the names of folders and temporary files.
+    QString fileNameExtension; // For example "vexcards", without the dot.
 };
 
 } // namespace Foundation

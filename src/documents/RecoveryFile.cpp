@@ -28,7 +28,7 @@ SystemResult<std::unique_ptr<RecoveryFile>> RecoveryFile::hold(const QString &pa
         uninterrupted([&] { return files.openAt(AT_FDCWD, name->constData(), Flags, S_IRUSR | S_IWUSR); }));
     if (!file->m_lock.isOpen() || files.lock(file->m_lock.get()) < 0)
         return systemFailure();
-    // Its former holder may have removed it in the moment before it was locked.
+    // Its former owner may have removed it in the moment before it was locked.
     if (!file->isHeld())
         return Failure{std::errc::no_such_file_or_directory};
     return file;
@@ -54,7 +54,7 @@ void RecoveryFile::remove()
 {
     for (const QString &path : {m_path, m_path + LockSuffix}) {
         if (const auto name = encodedPath(path))
-            (void)FileSystem::system().unlinkAt(AT_FDCWD, name->constData()); // There may be no file yet.
+            (void)FileSystem::system().unlinkAt(AT_FDCWD, name->constData()); // The file may not exist.
     }
 }
 

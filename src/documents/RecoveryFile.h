@@ -11,29 +11,31 @@
 namespace Foundation
 {
 
-// The file in which a document that was never saved under a name outlives a crash; see RecoveryFolder. Holds
-// what a saved file would hold, enciphered.
+// A file with unsaved content of a document, which survives a crash; see RecoveryFolder. Documents without a
+// file use one, and also documents whose own file may not or cannot be written. It has the same enciphered
+// format as a saved file.
 //
-// Nobody else takes a file whose document is open, in whatever process; what a process that died has left is
-// free. The system's lock on a file beside it (flock) tells the two apart: it goes with the process, on every
-// machine to which the folder may move.
+// While a document is open, no other document of any process can take its recovery file. After the process
+// has died, the file can be taken. A lock (flock) of a second file distinguishes the two cases, because the
+// system releases it with the process.
 class RecoveryFile
 {
 public:
-    // The file of that path, which need not exist yet. Its lock is that path with this suffix. Fails if
-    // another document holds the file, or if it cannot be locked.
+    // Takes the file with that path, which need not exist yet. The lock file has the same path with the
+    // suffix LockSuffix. Fails if another document has the file or the lock file cannot be locked.
     static SystemResult<std::unique_ptr<RecoveryFile>> hold(const QString &path, const QString &application);
     static const QString LockSuffix;
 
-    // The file stays: the document may not be done with.
+    // Does not remove the file, because its content may still be needed.
     ~RecoveryFile() = default;
 
     const QString &path() const { return m_path; }
     bool exists() const { return identityOfFile(m_path).has_value(); }
-    // False once its lock file was removed: another process may then take the file, too.
+    // False if the lock file was removed, so that another process could take the file too.
     bool isHeld() const;
     FileResult<> write(const QByteArray &bytes);
-    // The document is saved or was given up. What cannot be removed is offered again at the next start.
+    // Removes the file after the document was saved or discarded. A file that cannot be removed is offered
+    // again at the next start.
     void remove();
 
 private:

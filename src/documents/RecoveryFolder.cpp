@@ -19,10 +19,10 @@ class Words
     Q_DECLARE_TR_FUNCTIONS(RecoveryFolder)
 };
 
-// With those above it that are missing.
+// Makes a folder and its missing parents.
 SystemResult<> makeFolder(const QByteArray &path)
 {
-    constexpr mode_t AsTheUserWishes = 0777; // Less what the user's mask takes away.
+    constexpr mode_t AsTheUserWishes = 0777; // The umask of the user is subtracted.
     const auto make = [&path] {
         return uninterrupted(
             [&] { return FileSystem::system().mkdirAt(AT_FDCWD, path.constData(), AsTheUserWishes); });
@@ -44,7 +44,7 @@ SystemResult<> makeFolder(const QByteArray &path)
 QString RecoveryFolder::path() const
 {
     const QString state = qEnvironmentVariable("XDG_STATE_HOME");
-    // Relative ones are to be ignored.
+    // The specification says that relative paths must be ignored.
     const QString base =
         QDir::isAbsolutePath(state) ? state : QDir::homePath() + QStringLiteral("/.local/state");
     return QStringLiteral("%1/%2/autosaved").arg(base, m_type.application);
@@ -58,7 +58,7 @@ FileResult<std::unique_ptr<RecoveryFile>> RecoveryFolder::newFile() const
     const auto folder = encodedPath(path());
     if (!folder || !makeFolder(*folder))
         return failure();
-    // A file system without modes refuses this. The files have rights of their own.
+    // A file system without modes refuses this. The files have their own rights.
     (void)FileSystem::system().chmodAt(AT_FDCWD, folder->constData(), S_IRWXU);
     const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces) + u'.' + m_type.fileNameExtension;
     auto file = RecoveryFile::hold(path() + u'/' + name, m_type.application);
@@ -99,11 +99,11 @@ std::vector<std::unique_ptr<RecoveryFile>> RecoveryFolder::takeAbandoned() const
     const QString suffix = u'.' + m_type.fileNameExtension;
     for (const QString &file : pathsEndingWith(suffix)) {
         auto held = RecoveryFile::hold(file, m_type.application);
-        if (held && (*held)->exists()) // Its holder may have removed it since it was listed.
+        if (held && (*held)->exists()) // Its owner may have removed it after the names were read.
             taken.push_back(std::move(*held));
     }
     removeAbandonedFiles(path() + u'/' + suffix, m_type.application);
-    // What is left of a process that was killed before it had written anything, or after it had removed it.
+    // Lock files of processes that were killed before they wrote the recovery file or after they removed it.
     for (const QString &lock : pathsEndingWith(suffix + RecoveryFile::LockSuffix)) {
         const QString file = lock.chopped(RecoveryFile::LockSuffix.size());
         if (identityOfFile(file))

@@ -11,8 +11,8 @@
 namespace Foundation
 {
 
-// The recovery files of an application: a folder of its state (XDG Base Directory Specification,
-// $XDG_STATE_HOME) that only the user can look into. Their names have the extension of its documents.
+// The folder of the recovery files of an application, in its state folder (XDG Base Directory Specification,
+// $XDG_STATE_HOME). Only the user can access it. The files have the extension of documents.
 class RecoveryFolder
 {
 public:
@@ -22,14 +22,13 @@ public:
     }
 
     QString path() const;
-    // A new name, and nothing behind it yet. Makes the folder.
+    // A recovery file with a new name; the file itself does not exist yet. Makes the folder.
     FileResult<std::unique_ptr<RecoveryFile>> newFile() const;
-    // The files that no living document holds, oldest first; each is held from here on. Removes what else is
-    // left of dead processes.
+    // Takes all files that no open document has, the oldest first. Removes other leftovers of dead processes.
     [[nodiscard]] std::vector<std::unique_ptr<RecoveryFile>> takeAbandoned() const;
 
 private:
-    // The regular files with such an end of their names, oldest first.
+    // The regular files whose names end with `suffix`, the oldest first.
     QStringList pathsEndingWith(const QString &suffix) const;
 
     DocumentType m_type;
