@@ -16,7 +16,7 @@ using Foundation::Value;
 namespace
 {
 
-// Null unless the value is an array of dictionaries.
+// The array, or null if the value is no array of dictionaries.
 Ref<Array> dictionariesIn(const Value &value)
 {
     const Ref<Array> array = value.array();
@@ -92,13 +92,13 @@ DecryptResult<> DecryptPipeline::readLabels(bool resetsFlags)
     const auto root = openBuffer(m_state.myEncriptedLabelDictionaryData);
     if (!root)
         return root.failure();
-    // Null stands for no captions at all, which has no flags to reset either.
+    // Null means that there are no captions, and then there are no flags to reset.
     const Ref<Dictionary> labels = root->isNull() ? Dictionary::create() : root->dictionary();
     if (!labels)
         return Failure{DecryptDamagedContent};
     if (resetsFlags && !root->isNull())
         resetOpenFlags(*labels);
-    m_state.myLabelDictionary = labels; // Its buffer stays, unlike the others.
+    m_state.myLabelDictionary = labels; // Unlike the others, its buffer is kept.
     m_hasReplacedLabels = true;
     return {};
 }
@@ -164,8 +164,7 @@ void DecryptPipeline::restoreFromSaveOperationContent(const Array &records, Arra
 {
     if (categoryArray.values.empty())
         categoryArray.values.emplace_back(m_makeDefaultCategory());
-    // One look-up a record instead of a walk: the same answers as catInArray, however many categories there
-    // are.
+    // A hash table instead of catInArray(), with the same results, so that many categories take no longer.
     std::unordered_map<qint64, Dictionary *> byID;
     std::unordered_map<Dictionary *, qint32> uses;
     for (const Value &entry : categoryArray.values) {

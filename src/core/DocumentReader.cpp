@@ -12,7 +12,7 @@ namespace
 
 void loadPerFieldLayout(const Dictionary &root, DocumentState &state)
 {
-    // Such a file need not have captions, and those of an open document that is reverted are not its own.
+    // Such a file may have no captions, and must not keep those of an open document that is reverted to it.
     state.myLabelDictionary = defaultLabelDictionary();
     state.myEncryptedArray = root.value(FileKey::dataArray).array();
     state.myEncryptedCategoryArray = root.value(FileKey::categoryArray).array();
@@ -54,7 +54,7 @@ void loadLayoutD(const Dictionary &root, DocumentState &state)
     if (!platform)
         return;
     state.useMyWinRect = true;
-    // Whole numbers: the fractions of a frame are dropped at each reading.
+    // Required: reading drops the fractions of the frame.
     state.myWinRectToUse = {double(platform->value(PlatformKey::windowRecX).intValue()),
                             double(platform->value(PlatformKey::windowRecY).intValue()),
                             double(platform->value(PlatformKey::windowRecWidth).intValue()),
@@ -72,9 +72,9 @@ Foundation::Result<void, ReadError> readDocument(const QByteArray &bytes, Docume
     if (!root)
         return Foundation::Failure{ReadError::NotADocument};
     state.YouCanSave = false;
-    state.requiresMandatoryPassword = false; // A file has its password already.
+    state.requiresMandatoryPassword = false; // The document has a password already.
     state.myOpeningDocumentVersion = root->value(FileKey::appversion).unsignedLongValue();
-    // Printed with a sign though compared without one.
+    // Required: printed as a signed number, although it is compared as an unsigned one.
     state.fileDocRelease = QString::number(qint64(state.myOpeningDocumentVersion));
     state.isEncrypted = true;
     state.makeToolbarVisibleAtDecrypt = true;

@@ -8,13 +8,14 @@
 namespace Foundation
 {
 
-// The encoding "macintosh" (IANA; Unicode's mapping table APPLE/ROMAN.TXT): one byte a character, ASCII below
-// 128. Passwords and texts of documents up to release 30000 stand in it.
+// The encoding "macintosh" (IANA; Unicode's mapping table APPLE/ROMAN.TXT): one byte for each character,
+// ASCII below 128. Passwords and texts of documents up to release 30000 use it.
 
-// Nothing if a character has no byte; an empty array for an empty or null text.
+// Encodes a text. Returns nothing if a character cannot be encoded, and an empty array for an empty or null
+// text.
 [[nodiscard]] std::optional<QByteArray> macRomanBytes(const QString &text);
 
-// Every byte is a character.
+// Decodes a text. Every byte is valid.
 QString textFromMacRoman(const QByteArray &bytes);
 
 } // namespace Foundation

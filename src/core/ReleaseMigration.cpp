@@ -20,7 +20,7 @@ namespace
 
 const Key cat_mark{u"cat_mark"};
 
-// What old releases drew before categories had colours.
+// The colours of releases whose categories had none.
 constexpr Color InventedBackColor{0.75, 0.75, 0.75, 1};
 constexpr Color InventedTextColor{1, 1, 1, 1};
 
@@ -46,7 +46,7 @@ bool isShared(const Value &value)
     return value.sharedObject() && value.sharedObject()->hasSeveralOwners();
 }
 
-// How many bytes there are in those fields of all entries that stand for one field only.
+// The number of bytes in the fields of all entries, where a shared buffer counts once.
 quint64 ownBytesOf(const Ref<Array> &entries)
 {
     quint64 bytes = 0;
@@ -124,7 +124,7 @@ DecryptResult<> ReleaseMigration::readLabels()
         }
         m_state.myLabelDictionary = labels;
     }
-    // These releases had no flags.
+    // These releases had no such flags.
     resetOpenFlags(*m_state.myLabelDictionary);
     m_hasReplacedLabels = true;
     return {};
@@ -139,7 +139,7 @@ DecryptResult<> ReleaseMigration::readRecords(DecryptPath path)
         if (!stored)
             return Failure{DecryptUnreadableField};
         const auto record = Dictionary::create();
-        record->reserve(recordFields().size() + 1); // and the category it will point at
+        record->reserve(recordFields().size() + 1); // and the reference to the category
         if (auto read = readRecord(*stored, path, *record); !read)
             return read;
         m_records->values.emplace_back(record);
@@ -192,7 +192,7 @@ DecryptResult<> ReleaseMigration::readCategory(const Dictionary &stored, Decrypt
         const auto content = isInFile ? readField(stored, key, ColorField) : Value();
         if (!content)
             return content.failure();
-        // A colour that cannot be read is no reason to withhold an address book.
+        // A colour that cannot be read is no reason to refuse an address book.
         category.setValue(key, content->isNull() ? colorValue(inventedColor(key)) : *content);
     }
     const auto id = isInFile ? readField(stored, CategoryKey::cat_uniqueID, NumberField) : Value(number);
@@ -205,7 +205,7 @@ DecryptResult<> ReleaseMigration::readCategory(const Dictionary &stored, Decrypt
 Ref<Dictionary> ReleaseMigration::takeEntry(const Value &entry)
 {
     using Foundation::ReadBudget;
-    // One without content costs some fifty times what it takes in a file.
+    // An empty entry takes about fifty times the memory that it takes in the file.
     static const quint64 cost = ReadBudget::Container + ReadBudget::DictionaryEntry * recordFields().size();
     if (!m_entryBudget.spend(cost))
         return nullptr;

@@ -16,7 +16,7 @@ using Foundation::Value;
 namespace
 {
 
-// A record without a category gets 0, which no category has.
+// The id for a record without a category is 0, which no category has.
 qint64 idOfCategory(const Dictionary &record)
 {
     const Value &category = record.value(RecordKey::categoryPtr);
@@ -74,7 +74,7 @@ void SavePipeline::ensureEngine()
     auto &engine = m_state.myCommonCrypto;
     if (engine && engine->password() == m_state.plainPassword)
         return;
-    // A new password: it takes effect here and needs no step of its own.
+    // The password is new, or there is no engine yet: this is where a new password takes effect.
     engine = std::make_unique<VLCommonCrypto>(m_state.plainPassword);
     m_state.mySalt = engine->salt();
     m_state.myIV = engine->IV();
@@ -93,8 +93,8 @@ void SavePipeline::makeCheckPair()
 
 QByteArray SavePipeline::enciphered(QByteArray archive)
 {
-    // A graph may have grown beyond what the reader takes, if the file that it came from was made by another
-    // hand. A reader must be found for what replaces a file.
+    // Content from another program may have grown beyond what the reader accepts. The file must not be
+    // replaced by one that cannot be opened.
     m_state.refusesOwnContent |= !Foundation::canBeUnarchived(archive);
     // An absent buffer tells of a failure, and canBeRead() looks for it.
     if (m_state.refusesOwnContent || !m_state.myCommonCrypto->encryptInPlace(archive))
@@ -106,7 +106,7 @@ void SavePipeline::encryptData()
 {
     ensureEngine();
     m_state.refusesOwnContent = false;
-    // The memory of the former cipher text, which is nearly as large, costs less than fresh memory.
+    // The memory of the former cipher text has nearly the same size and costs less than fresh memory.
     QByteArray former = std::exchange(m_state.myEncryptedArrayData, {});
     m_state.myEncryptedArrayData = enciphered(archivedRecords(std::move(former)));
     m_state.myEncryptedCategoryArrayData = enciphered(archivedCategories());
@@ -134,8 +134,8 @@ std::optional<QByteArray> SavePipeline::dataOfType(const WindowPlacement &window
         qWarning("returned nil from dataOfType");
         return std::nullopt;
     }
-    // After a change of password this makes an engine and a check pair that an open document renews at once.
-    // A locked one does not, and must be consistent after this step alone.
+    // After a change of the password, this makes an engine and a check pair. An open document renews both
+    // below; a locked document does not, and must be consistent after this call.
     ensureEngine();
     if (!m_state.isEncrypted) {
         m_state.myCommonCrypto->recalcIV_Salt_AESKey();

@@ -5,16 +5,16 @@
 
 #include <optional>
 
-// Turns the state of a document into the bytes of a file in the current layout. Decides whether saving is
-// allowed at all, when key material is renewed, and what is left out of the records.
+// Makes the bytes of a file in the current layout from the state of a document. Decides whether saving is
+// allowed, when key material is renewed, and what records lose in a file.
 //
-// A save of an open document renews salt, vector, key and check pair, so that two saves share nothing; within
-// one save all buffers share them. Main thread; blocks for six key derivations, or more after a change of
-// password. The live records are never touched.
+// A save of an open document renews salt, vector, key and check pair, so that two saves have nothing in
+// common; all buffers of one save share them. Main thread only. Blocks for six key derivations, or more after
+// a change of the password. Never changes the records.
 class SavePipeline
 {
 public:
-    // The frame of the document's window, zero if it has none, and whether its toolbar is shown.
+    // The frame of the window, or zero without a window, and whether the toolbar is shown.
     struct WindowPlacement
     {
         Foundation::Rect frame;
@@ -26,29 +26,30 @@ public:
     {
     }
 
-    // New arrays of new dictionaries that share their values with the live ones: records with the id of their
-    // category in place of the reference, categories without `records`.
+    // New arrays of copies that share their values with the originals: records have the id of their category
+    // in place of the reference, categories have no `records`. Prescribed; no caller yet, because the
+    // following two operations make the same archives without copies.
     Foundation::Ref<Foundation::Array> getCopyOfContentArrayForSaveOperation() const;
     Foundation::Ref<Foundation::Array> getCopyOfCategoryArrayForSaveOperation() const;
-    // The archives of those copies, byte for byte, without making them. `memory`: see archivedData.
+    // The same archives as those of the copies, made without copying. For `memory`, see archivedData().
     QByteArray archivedRecords(QByteArray memory = {}) const;
     QByteArray archivedCategories() const;
 
-    // Refreshes the four enciphered buffers from the plain content. A cipher step that fails leaves its
-    // buffer absent and is not reported.
+    // Makes the four enciphered buffers from the content. Required: if a cipher step fails, its buffer is
+    // empty, and no error is reported.
     void encryptData();
 
-    // The bytes of the file; nothing, and a line in the log, while the gate YouCanSave is shut. A locked
-    // document gives the buffers that it has. An absent buffer is left out, so the caller that writes the
-    // bytes asks canBeRead() first.
+    // The bytes of the file. Returns nothing, and logs a line, while YouCanSave is false. For a locked
+    // document, the existing buffers are used. An absent buffer is omitted, so the caller must check
+    // canBeRead() before it writes the bytes.
     [[nodiscard]] std::optional<QByteArray> dataOfType(const WindowPlacement &window);
 
     enum class UnreadableBecause {
         NotEnciphered,  // A buffer is absent, or salt, vector and check pair are not those of the buffers.
-        ContentRefused, // No reader would take the content, so that it was left out.
+        ContentRefused, // The reader would refuse the content, so it was left out.
     };
-    // Whether what dataOfType gave last can ever be opened again: every buffer is there, and a locked
-    // document has the salt, vector and check pair that belong to its buffers. A failure has no words.
+    // Whether the bytes from the last dataOfType() can be opened again: every buffer exists, and salt, vector
+    // and check pair belong to the buffers. A failure has no words.
     static Foundation::Result<void, UnreadableBecause> canBeRead(const DocumentState &state);
 
     static Foundation::Ref<Foundation::Dictionary> platformDictionary(const WindowPlacement &window);
@@ -56,7 +57,7 @@ public:
 private:
     void ensureEngine();
     void makeCheckPair();
-    // Empty where the cipher fails, or where no reader would take what is archived.
+    // The enciphered archive. Empty if the cipher fails, or if the reader would refuse the archive.
     QByteArray enciphered(QByteArray archive);
 
     DocumentState &m_state;

@@ -16,7 +16,7 @@ using Foundation::Failure;
 namespace
 {
 
-// The library counts in int, a document may be larger: it is fed in pieces of whole blocks.
+// The library uses int for sizes, and a document may be larger, so data is passed in pieces of whole blocks.
 constexpr qsizetype PieceSizeInBytes = 1 << 20;
 static_assert(PieceSizeInBytes % VLCommonCrypto::BlockSizeInBytes == 0);
 
@@ -53,20 +53,20 @@ CipherResult prepareContext(const CipherContext &context, const CipherRun &run)
     return {};
 }
 
-// Faults that are known before any work. Data and vector come from files and may be anything.
+// Checks the arguments. Data and vector come from files and may be hostile.
 CipherResult checkInput(const QByteArray &data, const CipherRun &run)
 {
     if (run.operation != CipherEncrypt && run.operation != CipherDecrypt)
         return Failure{CipherParameterError};
     if (run.chained() && run.vector.size() < VLCommonCrypto::VectorSizeInBytes)
-        return Failure{CipherParameterError}; // The library would read past its end.
+        return Failure{CipherParameterError}; // The library would read beyond the end of the vector.
     const bool wholeBlocksOnly = run.operation == CipherDecrypt || !run.padded();
     if (wholeBlocksOnly && data.size() % VLCommonCrypto::BlockSizeInBytes != 0)
         return Failure{CipherAlignmentError};
     return {};
 }
 
-// `result` may be `data` itself.
+// `result` may be the same object as `data`.
 CipherResult runCipher(const QByteArray &data, const CipherRun &run, QByteArray &result)
 {
     if (auto checked = checkInput(data, run); !checked)
@@ -76,7 +76,7 @@ CipherResult runCipher(const QByteArray &data, const CipherRun &run, QByteArray 
         return prepared;
 
     const qsizetype size = data.size();
-    // Allocated once and never filled beforehand: the buffers of a document can be the bulk of its cost.
+    // Allocated once and not initialised, because the buffers of a document may be large.
     if (&result == &data)
         result.resize(size + VLCommonCrypto::BlockSizeInBytes);
     else
@@ -92,8 +92,8 @@ CipherResult runCipher(const QByteArray &data, const CipherRun &run, QByteArray 
     }
     int written = 0;
     if (!EVP_CipherFinal_ex(context.get(), end, &written))
-        return Failure{
-            CipherDecodeError}; // A padding that damage or a wrong key broke, or no block to hold one.
+        return Failure{CipherDecodeError}; // The padding is wrong because of damage or a wrong key, or there
+                                           // is no block.
     result.truncate(end + written - begin);
     return {};
 }
@@ -126,10 +126,10 @@ void VLCommonCrypto::setRandomSource(RandomSource source)
 
 QByteArray VLCommonCrypto::AESKeyForPassword(const QString &password, const QByteArray &salt)
 {
-    // As many bytes of the UTF-8 text as the password has UTF-16 units, so that "Zürichsee" loses its last
-    // letter. Every file in use was written so: taking the whole text would shut out the owners of passwords
-    // with accents. There are always enough bytes, as no unit takes fewer than one: a pair takes four, and
-    // half a pair alone becomes a question mark.
+    // Required: takes as many bytes of the UTF-8 text as the password has UTF-16 units, so "Zürichsee" loses
+    // its last letter. Every existing file was written this way; taking all bytes would lock out users with
+    // accents. There are always enough bytes, since each unit takes at least one: a surrogate pair takes
+    // four, and a lone surrogate becomes a question mark.
     QByteArray text = password.toUtf8();
     QByteArray key =
         pbkdf2HmacSha1(QByteArrayView(text).first(password.size()), salt, RoundCount, KeySizeInBytes);
@@ -148,7 +148,7 @@ std::optional<QByteArray> VLCommonCrypto::dataSHA1(const QByteArray &data)
 
 void VLCommonCrypto::recalcIV_Salt_AESKey()
 {
-    // Required: a source that fails leaves null and is not reported here.
+    // Required: if the source fails, the value is null, and no error is reported here.
     m_IV = randomDataOfLength(VectorSizeInBytes).value_or(QByteArray());
     m_salt = randomDataOfLength(SaltSizeInBytes).value_or(QByteArray());
     m_AESKey = AESKeyForPassword(m_password, m_salt);
@@ -203,7 +203,7 @@ CipherResult VLCommonCrypto::encryptInPlace(QByteArray &data)
 std::optional<QByteArray> VLCommonCrypto::doCipher(const QByteArray &data, const QByteArray &key,
                                                    quint32 context, quint32 *padding, qint32 *error)
 {
-    Q_UNUSED(key) // Required: a caller can't bring a key of its own.
+    Q_UNUSED(key) // Required: the key of the caller is ignored.
     QByteArray result;
     const auto run = runWithNewKey(data, context, padding, result);
     *error = run ? CipherSuccess : run.failure().code;
@@ -218,7 +218,7 @@ CipherResult VLCommonCrypto::runWithNewKey(const QByteArray &data, quint32 conte
     m_AESKey = AESKeyForPassword(m_password, m_salt);
     if (context == CipherEncrypt && *padding != CipherECBMode)
         *padding = CipherPKCS7Padding;
-    // A failure left in the library's queue would be taken for one of the next encrypted connection.
+    // An error left in the queue of the library would be attributed to the next encrypted connection.
     ERR_set_mark();
     auto run = runCipher(data, {VLCipherOperation(context), *padding, m_AESKey, m_IV}, result);
     ERR_pop_to_mark();

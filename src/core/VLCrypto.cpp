@@ -20,8 +20,8 @@ namespace
 template <class Value>
 using LegacyResult = Foundation::Result<Value, VLLegacyCode>;
 
-// Blowfish has moved to a provider of its own. A library context apart keeps it, and everything else that is
-// outdated, from the rest of the program. Null where the provider is not installed.
+// Blowfish is in the legacy provider. A separate library context keeps it, and the other outdated ciphers,
+// away from the rest of the program. Null if the provider is not installed.
 EVP_CIPHER *blowfish()
 {
     static EVP_CIPHER *const cipher = [] {
@@ -42,7 +42,7 @@ const unsigned char *bytesOf(const QByteArray &data)
 
 } // namespace
 
-// The cipher in one direction, with its key prepared.
+// The cipher in one direction, with a prepared key.
 class LegacyBlowfish
 {
 public:
@@ -51,8 +51,8 @@ public:
     LegacyBlowfish(Direction direction, const unsigned char *key, qsizetype keyLength)
         : m_context(EVP_CIPHER_CTX_new(), &EVP_CIPHER_CTX_free)
     {
-        // The length of the key is never set: the cipher's own, 16 bytes, is the one of all files. Setting
-        // another makes another key before the key is known and forgets it afterwards.
+        // The length of the key is never set, because the default of 16 bytes is that of all files. Setting
+        // it would prepare a wrong key first and lose it afterwards.
         unsigned char fullKey[VLCrypto::KeySizeInBytes] = {};
         std::copy_n(key, std::clamp<qsizetype>(keyLength, 0, VLCrypto::KeySizeInBytes), fullKey);
         m_isReady = blowfish() && m_context &&
@@ -61,12 +61,12 @@ public:
         OPENSSL_cleanse(fullKey, sizeof fullKey);
     }
 
-    // The length of what was written to `result`, which has room for a block more than `data`.
+    // Returns the length of the output. `result` must have space for one block more than `data`.
     LegacyResult<int> run(const unsigned char *data, int length, const unsigned char *vector,
                           unsigned char *result)
     {
         static constexpr VLCrypto::Vector zeros = {};
-        // A failure left in the library's queue would be taken for one of the next encrypted connection.
+        // An error left in the queue of the library would be attributed to the next encrypted connection.
         ERR_set_mark();
         auto written = runFrom(vector ? vector : zeros.data(), data, length, result);
         ERR_pop_to_mark();
@@ -94,7 +94,7 @@ private:
 namespace
 {
 
-// Null if the password has no key.
+// Returns null if the password has no key.
 std::unique_ptr<LegacyBlowfish> cipherOfPassword(LegacyBlowfish::Direction direction, const QString &password)
 {
     auto bytes = Foundation::macRomanBytes(password);
@@ -171,7 +171,7 @@ unsigned char *legacyDecryptBytes(const unsigned char *data, qint32 length, cons
         return nullptr;
     }
     *outputLength = run->length;
-    // Of exactly the length of the plain text, which may be none.
+    // The memory has exactly the length of the plain text, which may be 0.
     auto *const plain = static_cast<unsigned char *>(std::malloc(std::size_t(std::max(*outputLength, 1))));
     if (plain)
         std::memcpy(plain, run->bytes, std::size_t(*outputLength));
