@@ -176,7 +176,7 @@ void MyDocument::controlTextDidChange(int tag)
 
 void MyDocument::windowControllerDidLoadNib()
 {
-    window()->orderOut(); // Nothing of the preparation is seen.
+    window()->orderOut(); // The window is hidden until it is complete.
     VLCryptoDoc::windowControllerDidLoadNib();
     setProperTextColor(myWindow()->controlTextColor());
     setUpSplitView();
@@ -190,10 +190,10 @@ void MyDocument::windowControllerDidLoadNib()
         setDocumentCreationDate(Value::date(Services::shared().clock().secondsSince2001()));
     if (isEncrypted())
         window()->setToolbarVisible(false);
-    updateChangeCount(ChangeCleared); // A document comes up clean, whatever was done so far.
+    updateChangeCount(ChangeCleared); // A new window always begins with an unedited document.
     if (!fileURL().isNull())
         noteSavedContent();
-    // The interface file has the room of the strip in its layout.
+    // The strip is visible in the interface file, so it must be hidden here.
     m_prevFilterInaction = true;
     showSearchInfoView(false);
     Services::shared().mainQueue().addOperation([document = QPointer(this)] {
@@ -207,7 +207,7 @@ void MyDocument::windowControllerDidLoadNib()
 void MyDocument::windowDidBecomeKey()
 {
     if (requiresMandatoryPassword() && plainPassword().isEmpty()) {
-        // The sheet comes after the window has finished becoming active.
+        // The sheet opens after the window has become active.
         Services::shared().mainQueue().addOperation([document = QPointer(this)] {
             if (document)
                 document->askMandatoryPasswordToProtectDocument();
@@ -238,9 +238,9 @@ void MyDocument::lockLater()
 {
     if (window())
         window()->endAllSheets();
-    // After the sheets have gone.
+    // After the sheets were closed.
     Services::shared().mainQueue().addOperation([document = QPointer(this)] {
-        // The hand and the clock may meet in one turn.
+        // A command and the timer may both lock on the same turn.
         if (!document || document->isClosed() || !document->isDecrypted())
             return;
         document->keepUnsavedContent();
@@ -264,12 +264,12 @@ SavePipeline::WindowPlacement MyDocument::windowPlacement() const
 void MyDocument::doLockDocument()
 {
     SavePipeline pipeline(mutableState());
-    // The frame before the window shrinks: a locked document keeps it for the file.
+    // The frame is stored before the window shrinks, because the next save of the locked document writes it.
     if (isDecrypted() && !plainPassword().isEmpty() && !fileURL().isNull())
         setOSXPlatformDictionary(SavePipeline::platformDictionary(windowPlacement()));
     pipeline.encryptData();
     if (const auto canBeRead = checkCanBeRead(); !canBeRead) {
-        // Behind the lock would be nothing that opens.
+        // The locked content could not be opened again, so the lock is cancelled.
         m_isLockedByHand = false;
         showAlert({tr("The document “%1” could not be locked.").arg(displayName()),
                    canBeRead.words(),
@@ -283,7 +283,7 @@ void MyDocument::doLockDocument()
         return;
     setMakeToolbarVisibleAtDecrypt(window()->isToolbarVisible());
     window()->setToolbarVisible(false);
-    // The upper edge stays where it is.
+    // The upper edge of the window does not move.
     Foundation::Rect frame = window()->frame();
     const Foundation::Size least = window()->minSize();
     frame.y += std::trunc(frame.height - least.height);
@@ -294,8 +294,8 @@ void MyDocument::doLockDocument()
 
 qint32 MyDocument::Decript()
 {
-    // Made while the controller still holds its former content: the name and id of a default category are
-    // those that are free there.
+    // A default category is made while the controller still has the former content. Required: its name and id
+    // must be unused there.
     const Ref<Array> formerRecords = state().myArray;
     DecryptPipeline pipeline(mutableState(), Services::shared().clock(),
                              [this] { return m_categories.newObject(); });
@@ -329,8 +329,7 @@ qint32 MyDocument::decryptDone()
             window()->setFrame(myWinRectToUse(), true);
     }
     setYouCanSave(true);
-    // The content is on the screen before this is done, and the first letter of a search need not wait for
-    // it.
+    // Later, when the content is on the screen, so that the first letter of a search need not wait.
     Services::shared().mainQueue().addOperation([document = QPointer(this)] {
         if (document)
             document->m_records.prepareSearch();
@@ -345,7 +344,7 @@ std::optional<QByteArray> MyDocument::dataOfType(const QString &)
 
 bool MyDocument::readFromData(const QByteArray &bytes, const QString &, Failure<DocumentError> *error)
 {
-    // An open document goes on with what it has where its file turns out to be none that it can go back to.
+    // Reverting an open document must not change it if its file cannot be read, so the file is tried first.
     DocumentState trial;
     const bool isReverting = window() != nullptr;
     const Foundation::Clock &clock = Services::shared().clock();
@@ -364,7 +363,7 @@ bool MyDocument::readFromData(const QByteArray &bytes, const QString &, Failure<
         return false;
     }
     *error = {DocumentError::NewerFormat};
-    // The alert opens the maker's site itself, so that it is asked for twice.
+    // Required: the alert opens the site of the maker too, so it is opened twice.
     if (VLAppSupportUtility::sayFilecreatedWithANewerVersion(this))
         VLAppSupportUtility::visitUs(this);
     return false;
@@ -377,7 +376,7 @@ quint64 MyDocument::contentStamp() const
 
 DocumentResult<> MyDocument::checkMayBeWritten() const
 {
-    // Bytes written now could never be opened again, so that this guards every way to the disk.
+    // Bytes that are written now could never be opened again. This check protects every path to the disk.
     if (isEncrypted())
         return Failure{DocumentError::NotNow, tr("It is locked. Enter the master password first.")};
     if (plainPassword().isEmpty())
@@ -405,8 +404,8 @@ bool MyDocument::canBeItsFile(QByteArrayView head, QByteArrayView tail, qint64 s
 
 bool MyDocument::keepsRecoveryFile() const
 {
-    // What somebody locks and closes is gone: the question before the lock says that it has to be saved
-    // first.
+    // Unsaved content is discarded when a document that was locked by hand is closed. The question before the
+    // lock says that it must be saved first.
     return isEncrypted() && !m_isLockedByHand;
 }
 

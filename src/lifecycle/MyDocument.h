@@ -10,9 +10,9 @@
 #include "lifecycle/VLCryptoDoc.h"
 #include "values/Predicate.h"
 
-// The address book of one file. Holds the state of DocumentState and hands the work on: saving and
-// deciphering to the pipelines of core/, records and categories to the controllers and commands of browse/.
-// What belongs to the document's window stands in MyDocumentWindow.
+// A document with an address book. It has the DocumentState and delegates the work: saving and deciphering to
+// the pipelines of core, records and categories to the controllers and commands of browse. See
+// MyDocumentWindow for what it needs from its window.
 class MyDocument : public VLCryptoDoc, public DocumentProperties, private BrowseHost
 {
     Q_OBJECT
@@ -39,7 +39,7 @@ class MyDocument : public VLCryptoDoc, public DocumentProperties, private Browse
     Q_PROPERTY(bool yesVal READ yesVal CONSTANT)
 
 public:
-    // The two faces of the detail side.
+    // The two modes of the detail: card and form.
     enum DetailView { ViewMode = 0, EditMode = 1 };
 
     explicit MyDocument(QObject *parent = nullptr);
@@ -52,16 +52,16 @@ public:
     FilteringArrayController *myArrayController() { return &m_records; }
     Foundation::ArrayController *myAllArrayController() { return &m_allRecords; }
     VLColoredCategoryArrayController *myCategoryArrayController() { return &m_categories; }
-    // The same categories in the order of the items in the record form's pop-up.
+    // The categories in the order of the pop-up in the record form.
     Foundation::ArrayController *categoryArrayControllerForMenu() { return &m_categoriesForMenu; }
     CategoryUses *categoryUses() { return &m_categoryUses; }
     RecordCommands &recordCommands() { return m_recordCommands; }
     CategoryCommands &categoryCommands() { return m_categoryCommands; }
     LabelCommands &labelCommands() { return m_labelCommands; }
-    // Of the name field in the sheet of categories.
+    // The delegate of the name field in the sheet of categories.
     VLCategoryEditFieldDelegate &categoryEditFieldDelegate() { return m_categoryEditFieldDelegate; }
 
-    // The content. A setter replaces the object, and the controllers show the new one.
+    // The content. A setter replaces the object and updates the controllers.
     const Ref<Array> &myArray() const { return state().myArray; }
     void setMyArray(const Ref<Array> &records);
     const Ref<Array> &myCategoryArray() const { return state().myCategoryArray; }
@@ -76,56 +76,57 @@ public:
     void switchToViewMode() { setSelectedView(ViewMode); }
     Q_INVOKABLE void switchViewEditMode(const Foundation::ActionSender &sender);
 
-    // What the category filter shows, for the menus' check marks; empty for all.
+    // The name of the shown category for the check marks of menus; empty for all. Does not filter.
     const QString &categoryString() const { return m_categoryString; }
     void setCategoryString(const QString &category) override;
 
-    // The search field's content; the list searches for it when it is told to.
+    // The text of the search field. The list uses it when search() is called.
     QString searchText() const override { return m_searchText; }
     void setSearchText(const QString &text) override;
-    // Kept for interfaces; the list filters by itself.
+    // Has no effect. Prescribed; no caller yet.
     const QString &searchCategory() const { return m_searchCategory; }
     void setSearchCategory(const QString &category);
-    // Nothing unless doSearch() found a text to search for.
+    // The condition that doSearch() made; nothing for an empty search text.
     const std::optional<Foundation::Predicate> &searchPredicate() const { return m_searchPredicate; }
     void setSearchPredicate(const std::optional<Foundation::Predicate> &predicate);
-    // A second form of the search, as a condition to bind to, which nothing here evaluates.
+    // Makes a condition from the search text. Nothing evaluates it. Prescribed; no caller yet.
     Q_INVOKABLE void doSearch(const Foundation::ActionSender &sender);
 
-    // Do nothing; targets for interface files. The order of the list is that of its sort descriptors.
+    // Do nothing. Prescribed; no caller yet. The order of the list is that of its sort descriptors.
     Q_INVOKABLE void makeNameFieldFirstResponder(const Foundation::ActionSender &) {}
     Q_INVOKABLE void debug1(const Foundation::ActionSender &) {}
     Q_INVOKABLE void sortByCategory(const Foundation::ActionSender &) {}
     Q_INVOKABLE void sortByName(const Foundation::ActionSender &) {}
     Q_INVOKABLE void scrollListViewToBottom(const Foundation::ActionSender &sender);
 
-    // Prints the page that shows the selected contact.
+    // Prints the selected contacts after a dialog.
     Q_INVOKABLE void printDocument(const Foundation::ActionSender &sender);
     // Asks for paper and margins.
     Q_INVOKABLE void runPageLayout(const Foundation::ActionSender &sender);
 
-    // The desktop's colour of text in controls, as it was when the window was made.
+    // The colour of text in controls of the desktop, from the time when the window was made.
     const Foundation::Color &properTextColor() const { return m_properTextColor; }
     void setProperTextColor(const Foundation::Color &color);
 
-    // Fresh constants for bindings.
+    // Constants for bindings.
     bool falseValue() const { return false; }
     bool yesVal() const { return true; }
 
-    // A field of the form, of the tag that the interface file gives it, was typed into.
+    // The user typed into a field of the form. `tag` is that of the field in the interface file.
     void controlTextDidChange(int tag);
 
-    // The window tells when it stands and when it becomes the active one for the first time or again.
+    // Called when the window was made, and each time it becomes active.
     void windowControllerDidLoadNib() override;
     void windowDidBecomeKey();
 
-    // Asks, and locks at once if the user agrees; nothing is saved first.
+    // Asks, and locks the document if the user agrees. Required: does not save first. Unsaved content is
+    // written into a recovery file.
     Q_INVOKABLE void lockDocument(const Foundation::ActionSender &sender);
-    // Puts the document back behind its password, with all changes, in a window of the least size. Tests
-    // nothing and touches no file.
+    // Locks the document: enciphers the content with all changes in memory and shrinks the window. Required:
+    // checks no condition and writes no file.
     void doLockDocument();
-    // The same after a time, unasked, and under whatever stands on the window. A document without a password
-    // or without a file is passed over.
+    // Locks without asking, also while a sheet is open. Does nothing for a document without a password or
+    // without a file, and for a locked document.
     void lockAutomatically();
 
     qint32 Decript() override;
@@ -190,6 +191,6 @@ private:
     QString m_searchCategory;
     std::optional<Foundation::Predicate> m_searchPredicate;
     Foundation::Color m_properTextColor;
-    // The room of the strip that tells of filters is taken.
+    // Whether the strip that describes the filters is shown.
     bool m_prevFilterInaction = false;
 };

@@ -72,7 +72,7 @@ void VLCryptoDoc::submitPasswordToDecrypt(const ActionSender &sender)
     setPlainPasswordInserted(sender.stringValue);
     if (sender.stringValue.isEmpty())
         return;
-    // The former content is still there, and the edits that were locked in with it.
+    // Asked before deciphering, while the former content and its stamp still exist.
     const bool hadUnsavedContent = hasUnsavedContent();
     setPlainPassword(sender.stringValue);
     if (myWindow())
@@ -94,7 +94,8 @@ void VLCryptoDoc::submitPasswordToDecrypt(const ActionSender &sender)
     updateChangeCount(ChangeCleared);
     if (!succeeded)
         return;
-    // An attempt leaves the document unedited. What no file of the user's has is marked anew.
+    // Required: an attempt leaves the document unedited. Content that is in no file of the user's is marked
+    // again.
     if (hadUnsavedContent)
         updateChangeCount(ChangeDone);
     else
@@ -172,7 +173,7 @@ void VLCryptoDoc::mandatoryPasswordMustBe6CharLong()
 
 void VLCryptoDoc::mandatoryPasswordRefused(const QString &message, const QString &informativeText)
 {
-    // The sheet comes back as the user left it, and only a good password or its cancel button ends the round.
+    // The sheet opens again with the typed text, until the password is accepted or the user cancels.
     showAlert({message, informativeText, {{tr("Retry")}}}, [this](int) {
         Services::shared().mainQueue().addOperation([document = QPointer(this)] {
             if (document)
@@ -195,7 +196,7 @@ void VLCryptoDoc::sayAccepted(const QString &maker)
 void VLCryptoDoc::acceptInsertedPassword()
 {
     setPlainPassword(m_plainPasswordInserted);
-    forgetSavedContent(); // The file opens with the former one.
+    forgetSavedContent(); // The file still has the former password.
     setPlainPasswordInserted(empty);
     setPlainPasswordInsertedRetype(empty);
 }
@@ -281,7 +282,7 @@ void VLCryptoDoc::cancelInsertPasswordSheet(const ActionSender &)
 void VLCryptoDoc::insertSheetDidEnd(void *contextInfo)
 {
     setShowClearPasswordInInsertPasswordSheet(true);
-    // A later sheet may be ended by a lock, and not by a button.
+    // Reset, because the next sheet may be ended by a lock and not by a button.
     if (!std::exchange(m_sheetWasConfirmed, false))
         return;
     if (m_plainPasswordInserted != m_plainPasswordInsertedRetype) {
@@ -330,7 +331,7 @@ void VLCryptoDoc::passwordRefused(DocumentWindow *window, const QString &message
                            if (returnCode != Alert::FirstButtonReturn)
                                return;
                            Services::shared().mainQueue().addOperation([document = QPointer(this), window] {
-                               // A window goes with its document.
+                               // The window exists only as long as its document.
                                if (document && document->window() == window)
                                    document->showChangePasswordSheet(window);
                            });
