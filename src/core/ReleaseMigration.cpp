@@ -34,7 +34,7 @@ const Color &inventedColor(const Key &key)
     return key == CategoryKey::cat_backColor ? InventedBackColor : InventedTextColor;
 }
 
-// The order decides whose failure comes first, and in which order a migrated record is saved.
+// The order determines which failure is returned, and the order of the keys in a migrated record.
 const std::vector<const ContactField *> &recordFields()
 {
     static const auto fields = contactFieldsBy(&ContactField::oldReleasePlace);

@@ -16,7 +16,8 @@
 class ReleaseMigration
 {
 public:
-    // Both outlive this. The clock dates documents of the oldest release, which have no creation date.
+    // Both arguments must outlive this object. `clock` gives the creation date of documents of the oldest
+    // release, which have none.
     ReleaseMigration(DocumentState &state, const Foundation::Clock &clock);
 
     // `path` must be one of the three paths of old releases. Fails with the VLLegacyCode of the first field

@@ -96,7 +96,7 @@ QByteArray SavePipeline::enciphered(QByteArray archive)
     // Content from another program may have grown beyond what the reader accepts. The file must not be
     // replaced by one that cannot be opened.
     m_state.refusesOwnContent |= !Foundation::canBeUnarchived(archive);
-    // An absent buffer tells of a failure, and canBeRead() looks for it.
+    // An empty buffer means failure, and canBeRead() checks that.
     if (m_state.refusesOwnContent || !m_state.myCommonCrypto->encryptInPlace(archive))
         wipe(archive);
     return archive;

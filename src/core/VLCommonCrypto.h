@@ -18,7 +18,7 @@ enum VLCipherStatus : qint32 {
     CipherDecodeError = -4304,
 };
 
-// The same between our own classes. A failure has no words.
+// The same for our own classes. A failure has no words.
 using CipherResult = Foundation::Result<void, VLCipherStatus>;
 
 enum VLCipherOperation : quint32 { CipherEncrypt = 0, CipherDecrypt = 1 };

@@ -104,7 +104,7 @@ std::unique_ptr<LegacyBlowfish> cipherOfPassword(LegacyBlowfish::Direction direc
     return std::make_unique<LegacyBlowfish>(direction, bytesOf(key.bytes()), key.bytes().size());
 }
 
-// Without a cipher it fails as a wrong password does.
+// Without a cipher it fails like a wrong password.
 LegacyResult<QByteArray> runOverData(LegacyBlowfish *cipher, const QByteArray &data,
                                      const std::optional<VLCrypto::Vector> &vector)
 {
@@ -121,7 +121,7 @@ LegacyResult<QByteArray> runOverData(LegacyBlowfish *cipher, const QByteArray &d
 
 struct Memory
 {
-    unsigned char *bytes; // To be freed with free().
+    unsigned char *bytes; // Must be released with free().
     qint32 length;
 };
 

@@ -134,7 +134,7 @@ Q_SIGNALS:
     void closed();
 
 protected:
-    // A subclass takes only a window that can do what it asks of one.
+    // Subclasses require a window of their own type.
     void setWindow(DocumentWindow *window) { m_window = window; }
     // A number that changes when the content changes. This implementation changes with every mark.
     virtual quint64 contentStamp() const { return m_markCount; }

@@ -101,7 +101,7 @@ public:
 
     // Prints the selected contacts after a dialog.
     Q_INVOKABLE void printDocument(const Foundation::ActionSender &sender);
-    // Asks for paper and margins.
+    // Opens the dialog for paper and margins.
     Q_INVOKABLE void runPageLayout(const Foundation::ActionSender &sender);
 
     // The colour of text in controls of the desktop, from the time when the window was made.
