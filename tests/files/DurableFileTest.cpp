@@ -236,11 +236,7 @@ TEST_F(DurableFile, TellsWhatStandsInTheWay)
     put(u"marked"_qs, Old, 0444);
     const QString folder = u"The name is that of a folder."_qs;
     const QString missing = u"The folder does not exist."_qs;
-    const struct
-    {
-        const char *rule;
-        QString name, error;
-    } cases[] = {
+    const std::tuple<const char *, QString, QString> cases[] = {
         {"a folder", u"folder"_qs, folder},
         {"a name that ends as a folder's", u"folder/"_qs, folder},
         {"a folder that is not there", u"none/document"_qs, missing},
@@ -253,10 +249,10 @@ TEST_F(DurableFile, TellsWhatStandsInTheWay)
          u"The name contains characters that a file name cannot have."_qs},
     };
     const QStringList before = QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System);
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        const FileWriteResult result = writeFileDurably(path(c.name), New, Application);
-        EXPECT_EQ(result.words(), c.error);
+    for (const auto &[rule, name, error] : cases) {
+        SCOPED_TRACE(rule);
+        const FileWriteResult result = writeFileDurably(path(name), New, Application);
+        EXPECT_EQ(result.words(), error);
         EXPECT_FALSE(result.identity);
     }
     EXPECT_EQ(QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System), before);
@@ -265,12 +261,7 @@ TEST_F(DurableFile, TellsWhatStandsInTheWay)
 
 TEST_F(DurableFile, TellsOfMissingPermissions)
 {
-    const struct
-    {
-        const char *rule;
-        mode_t folderMode, fileMode;
-        QString error;
-    } cases[] = {
+    const std::tuple<const char *, mode_t, mode_t, QString> cases[] = {
         {"a folder to look into only", 0555, 0600, u"The folder is not writable."_qs},
         {"a folder to write into only", 0333, 0600, u"You do not have permission to open the folder."_qs},
         {"a file that others alone may write", 0777, 0466, u"The file is read-only."_qs},
@@ -278,17 +269,17 @@ TEST_F(DurableFile, TellsOfMissingPermissions)
     };
     asOrdinaryUser([&] {
         QDir(path()).mkdir(u"shared"_qs);
-        for (const auto &c : cases) {
-            SCOPED_TRACE(c.rule);
+        for (const auto &[rule, folderMode, fileMode, error] : cases) {
+            SCOPED_TRACE(rule);
             const QString name = u"shared/document"_qs;
-            put(name, Old, c.fileMode);
-            chmod(encoded(u"shared"_qs).constData(), c.folderMode);
-            EXPECT_EQ(writeFileDurably(path(name), New, Application).words(), c.error);
+            put(name, Old, fileMode);
+            chmod(encoded(u"shared"_qs).constData(), folderMode);
+            EXPECT_EQ(writeFileDurably(path(name), New, Application).words(), error);
             chmod(encoded(u"shared"_qs).constData(), 0777);
             // What the list of rights says of others is unknown without reading it.
-            EXPECT_EQ(mode(name), c.error.isNull() ? c.fileMode & 0700 : c.fileMode);
+            EXPECT_EQ(mode(name), error.isNull() ? fileMode & 0700 : fileMode);
             chmod(encoded(name).constData(), 0600);
-            EXPECT_EQ(content(name), c.error.isNull() ? New : Old);
+            EXPECT_EQ(content(name), error.isNull() ? New : Old);
         }
     });
 }
@@ -305,25 +296,21 @@ TEST_F(DurableFile, FollowsLinksAndTakesAnyName)
     QFile::link(path(u"folder/third"_qs), path(u"folder/second"_qs));
     QFile::link(u"real"_qs, path(u"folder/third"_qs));
     QFile::link(u"folder/new"_qs, path(u"dangling"_qs));
-    const struct
-    {
-        const char *rule;
-        QString name, real;
-    } cases[] = {
+    const std::tuple<const char *, QString, QString> cases[] = {
         {"a new file", u"fresh"_qs, u"fresh"_qs},
         {"the longest name", longName, longName},
         {"a chain of links, each relative to its own folder", u"first"_qs, u"folder/real"_qs},
         {"a dangling link", u"dangling"_qs, u"folder/new"_qs},
         {"one of two hard links", u"twin"_qs, u"twin"_qs},
     };
-    for (const auto &c : cases) {
-        for (const QString &given : {c.name, path(c.name)}) {
-            SCOPED_TRACE(c.rule + std::string(" as ") + qPrintable(given));
+    for (const auto &[rule, name, real] : cases) {
+        for (const QString &given : {name, path(name)}) {
+            SCOPED_TRACE(rule + std::string(" as ") + qPrintable(given));
             const bool isLink = QFileInfo(given).isSymLink();
             const FileWriteResult result = writeFileDurably(given, given.toUtf8(), Application);
             EXPECT_EQ(result.words(), QString());
-            EXPECT_EQ(result.identity, identityOfFile(path(c.real)));
-            EXPECT_EQ(content(c.real), given.toUtf8());
+            EXPECT_EQ(result.identity, identityOfFile(path(real)));
+            EXPECT_EQ(content(real), given.toUtf8());
             EXPECT_EQ(QFileInfo(given).isSymLink(), isLink);
         }
     }
@@ -352,25 +339,22 @@ TEST_F(DurableFile, NobodyGainsRightsWhenTheGroupIsLost)
 {
     if (!isAdministrator())
         GTEST_SKIP() << "only the administrator can make a file of somebody else";
-    const struct
-    {
-        mode_t before, after;
-    } cases[] = {
+    const std::tuple<mode_t, mode_t> cases[] = {
         {0600, 0600}, {0640, 0600}, {0604, 0600}, {0664, 0644}, {0666, 0666}, {0627, 0622},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.before);
+    for (const auto &[before, after] : cases) {
+        SCOPED_TRACE(before);
         putOldFile();
-        chmod(encoded(Name).constData(), c.before);
+        chmod(encoded(Name).constData(), before);
         EXPECT_EQ(save().words(), QString());
-        EXPECT_EQ(mode(Name), c.before);
+        EXPECT_EQ(mode(Name), before);
         EXPECT_EQ(status(Name).st_uid, 1234U);
         EXPECT_EQ(status(Name).st_gid, 5678U);
 
         FaultyFileSystem files;
         files.before = [](const QByteArray &title, qsizetype) { return title == "fchown new" ? EPERM : 0; };
         EXPECT_EQ(save(files).words(), QString());
-        EXPECT_EQ(mode(Name), c.after);
+        EXPECT_EQ(mode(Name), after);
     }
 }
 
@@ -429,32 +413,24 @@ TEST_F(DurableFile, NoticesOtherPrograms)
         put(u"other"_qs, theirs);
         rename(encoded(u"other"_qs).constData(), encoded(Name).constData());
     };
-    const struct
-    {
-        const char *rule;
-        bool isNew;
-        const char *when;
-        std::function<void()> act;
-        QString error;
-        QByteArray content;
-    } cases[] = {
+    const std::tuple<const char *, bool, const char *, std::function<void()>, QString, QByteArray> cases[] = {
         {"changed in place", false, "fsync new", change, interference, theirs},
         {"replaced", false, "fsync new", replace, interference, theirs},
         {"created", true, "fsync new", change, interference, theirs},
         {"removed", false, "fsync new", remove, {}, New},
         {"replaced at once after the save", false, "renameAt new", replace, {}, theirs},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
+    for (const auto &[rule, isNew, when, act, error, left] : cases) {
+        SCOPED_TRACE(rule);
         putOldFile();
-        if (c.isNew)
+        if (isNew)
             remove();
         FaultyFileSystem files;
-        files.after = [&](const QByteArray &title, qsizetype) { title == c.when ? c.act() : void(); };
+        files.after = [&](const QByteArray &title, qsizetype) { title == when ? act() : void(); };
         const FileWriteResult result = save(files);
-        EXPECT_EQ(result.words(), c.error);
-        EXPECT_EQ(content(Name), c.content);
-        EXPECT_EQ(result.identity == identityOfFile(path(Name)), c.content == New);
+        EXPECT_EQ(result.words(), error);
+        EXPECT_EQ(content(Name), left);
+        EXPECT_EQ(result.identity == identityOfFile(path(Name)), left == New);
     }
 }
 

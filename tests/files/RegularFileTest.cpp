@@ -25,13 +25,7 @@ TEST_F(RegularFile, ReadsWholeFilesWithinTheLimitAndNothingElse)
     const QString special = u"It is a folder, a device or another special file."_qs;
     const QString missing = u"The file does not exist."_qs;
     const QString badName = u"The name contains characters that a file name cannot have."_qs;
-    const struct
-    {
-        const char *rule;
-        QString name;
-        QByteArray bytes;
-        QString error;
-    } cases[] = {
+    const std::tuple<const char *, QString, QByteArray, QString> cases[] = {
         {"an empty file has no bytes", u"empty"_qs, {}, {}},
         {"as long as the limit", u"ten"_qs, "0123456789", {}},
         {"one byte longer", u"eleven"_qs, {}, u"The file is larger than 10 bytes."_qs},
@@ -46,12 +40,12 @@ TEST_F(RegularFile, ReadsWholeFilesWithinTheLimitAndNothingElse)
         {"half a surrogate pair", u"ten"_qs + QChar(0xD83D), {}, badName},
         {"a null character", u"ten"_qs + QChar(0), {}, badName},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.rule);
-        const auto result = readRegularFile(path(c.name), 10);
-        EXPECT_EQ(result.words(), c.error);
-        EXPECT_EQ(result ? result->bytes : QByteArray(), c.bytes);
-        EXPECT_TRUE(!result || result->identity == identityOfFile(path(c.name)));
+    for (const auto &[rule, name, bytes, error] : cases) {
+        SCOPED_TRACE(rule);
+        const auto result = readRegularFile(path(name), 10);
+        EXPECT_EQ(result.words(), error);
+        EXPECT_EQ(result ? result->bytes : QByteArray(), bytes);
+        EXPECT_TRUE(!result || result->identity == identityOfFile(path(name)));
     }
     asOrdinaryUser([&] {
         put(u"locked"_qs, "x", 0);
@@ -63,13 +57,7 @@ TEST_F(RegularFile, ReadsWholeFilesWithinTheLimitAndNothingElse)
 TEST_F(RegularFile, NeverMixesTwoVersions)
 {
     const QByteArray former(5000, 'f');
-    const struct
-    {
-        const char *change;
-        QByteArray bytes;
-        int changes;
-        QString error;
-    } cases[] = {
+    const std::tuple<const char *, QByteArray, int, QString> cases[] = {
         {"grows once", QByteArray(9000, 'g'), 1, {}},
         {"shrinks once", QByteArray(20, 's'), 1, {}},
         {"keeps its length", QByteArray(5000, 'k'), 1, {}},
@@ -77,8 +65,8 @@ TEST_F(RegularFile, NeverMixesTwoVersions)
         {"beyond the limit", QByteArray(10241, 'g'), 1, u"The file is larger than 10 KiB."_qs},
         {"changes each time", QByteArray(9000, 'g'), 2, u"Another program keeps changing the file."_qs},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.change);
+    for (const auto &[change, bytes, changes, error] : cases) {
+        SCOPED_TRACE(change);
         put(u"file"_qs, former);
         const timespec longAgo[2] = {};
         ASSERT_EQ(utimensat(AT_FDCWD, encoded(u"file"_qs).constData(), longAgo, 0), 0);
@@ -86,12 +74,12 @@ TEST_F(RegularFile, NeverMixesTwoVersions)
         files.largestTransfer = 1000;
         files.after = [&](const QByteArray &title, qsizetype) {
             const qsizetype reads = files.calls.count(title);
-            if (title == "readAt old" && (reads == 2 || (reads == 8 && c.changes == 2)))
-                put(u"file"_qs, c.bytes + QByteArray(reads == 2 ? 0 : 1, 'x'));
+            if (title == "readAt old" && (reads == 2 || (reads == 8 && changes == 2)))
+                put(u"file"_qs, bytes + QByteArray(reads == 2 ? 0 : 1, 'x'));
         };
         const auto result = readRegularFile(path(u"file"_qs), 10240, files);
-        EXPECT_EQ(result.words(), c.error);
-        EXPECT_EQ(result ? result->bytes : QByteArray(), c.error.isNull() ? c.bytes : QByteArray());
+        EXPECT_EQ(result.words(), error);
+        EXPECT_EQ(result ? result->bytes : QByteArray(), error.isNull() ? bytes : QByteArray());
     }
 }
 

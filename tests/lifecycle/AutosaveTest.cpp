@@ -136,14 +136,11 @@ TEST_F(Autosaving, AMarkWithoutAChangeWritesAndAsksNothing)
     const QString path = pathOf("marked.vexcards");
     MyDocument *marked = newOne(path);
     putFile(folder.filePath(u"state"_qs), {}); // where the folder should be
-    const struct
-    {
-        const char *which;
-        bool isFileOurs, isEditedAfterwards;
-    } cases[] = {{"its file has it all", true, false}, {"its file was touched", false, true}};
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.which);
-        if (!c.isFileOurs)
+    const std::tuple<const char *, bool, bool> cases[] = {{"its file has it all", true, false},
+                                                          {"its file was touched", false, true}};
+    for (const auto &[which, isFileOurs, isEditedAfterwards] : cases) {
+        SCOPED_TRACE(which);
+        if (!isFileOurs)
             putFile(path, "theirs");
         const QByteArray before = contentOf(path);
         marked->categoryCommands().colorChanged({}); // Another document's.
@@ -151,7 +148,7 @@ TEST_F(Autosaving, AMarkWithoutAChangeWritesAndAsksNothing)
         timers.advance(Autosaver::QuietSeconds);
         EXPECT_FALSE(windows.back()->hasAlert());
         EXPECT_EQ(contentOf(path), before);
-        EXPECT_EQ(marked->isDocumentEdited(), c.isEditedAfterwards);
+        EXPECT_EQ(marked->isDocumentEdited(), isEditedAfterwards);
     }
 }
 
@@ -167,12 +164,7 @@ TEST_F(Autosaving, WhatALockTakesAlongIsSafeOrCountsAsEditedAfterwards)
         windows.back()->answer(1002);
         edited->lockAutomatically();
     };
-    const struct
-    {
-        const char *how;
-        std::function<void(MyDocument *)> lock;
-        bool isBlocked, isEdited, isKept;
-    } cases[] = {
+    const std::tuple<const char *, std::function<void(MyDocument *)>, bool, bool, bool> cases[] = {
         {"by hand", byHand, false, true, true},
         {"by the clock", byItself, false, true, true},
         {"with no place for them", byItself, true, true, false},
@@ -181,29 +173,29 @@ TEST_F(Autosaving, WhatALockTakesAlongIsSafeOrCountsAsEditedAfterwards)
         {"discarded before the lock comes", discarded, false, true, false},
     };
     const QString path = pathOf("kept.vexcards");
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.how);
+    for (const auto &[how, lock, isBlocked, isEdited, isKept] : cases) {
+        SCOPED_TRACE(how);
         MyDocument *edited = newOne(path);
         const QString obstacle = folder.filePath(u"state"_qs);
-        if (c.isBlocked) {
+        if (isBlocked) {
             QDir(obstacle).removeRecursively();
             putFile(obstacle, {});
         }
-        if (c.isEdited)
+        if (isEdited)
             type(edited, u"typed just now"_qs);
         const QByteArray before = contentOf(path);
-        c.lock(edited);
+        lock(edited);
         queue.drain();
         EXPECT_EQ(contentOf(path), before);
-        ASSERT_EQ(recoveryFiles().size(), c.isKept ? 1 : 0);
+        ASSERT_EQ(recoveryFiles().size(), isKept ? 1 : 0);
         for (const QString &name : recoveryFiles())
             EXPECT_EQ(noteIn(recoveryFolder.path() + u'/' + name), u"typed just now");
         if (controller.documents().contains(edited)) {
             autosaver.autosaveAll(); // as at the end of the session
             unlock(edited);
-            EXPECT_EQ(edited->isDocumentEdited(), c.isEdited);
+            EXPECT_EQ(edited->isDocumentEdited(), isEdited);
         }
-        if (c.isBlocked)
+        if (isBlocked)
             QFile::remove(obstacle);
         timers.advance(Autosaver::QuietSeconds);
         EXPECT_TRUE(recoveryFiles().isEmpty()) << "saved";
@@ -338,12 +330,7 @@ TEST_F(Autosaving, ADocumentWithoutANameOutlivesItsProcess)
 
 TEST_F(Autosaving, WhatSomebodyDecidedToLoseIsGoneAndNothingElse)
 {
-    const struct
-    {
-        const char *how;
-        std::function<void(MyDocument *)> end;
-        bool isKept;
-    } cases[] = {
+    const std::tuple<const char *, std::function<void(MyDocument *)>, bool> cases[] = {
         {"discarded",
          [this](MyDocument *unnamed) {
              unnamed->performClose({});
@@ -365,15 +352,15 @@ TEST_F(Autosaving, WhatSomebodyDecidedToLoseIsGoneAndNothingElse)
          },
          true},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.how);
+    for (const auto &[how, end, isKept] : cases) {
+        SCOPED_TRACE(how);
         MyDocument *unnamed = newOne();
         timers.advance(Autosaver::QuietSeconds);
         ASSERT_EQ(recoveryFiles().size(), 1);
-        c.end(unnamed);
+        end(unnamed);
         endEvent();
         EXPECT_TRUE(controller.documents().isEmpty());
-        EXPECT_EQ(numberOfFiles(recoveryFolder.path()), c.isKept ? 2 : 0) << "with its lock";
+        EXPECT_EQ(numberOfFiles(recoveryFolder.path()), isKept ? 2 : 0) << "with its lock";
     }
     putFile(recoveryFolder.path() + u"/damaged.vexcards"_qs, "damaged");
     modalAlerts.nextAnswers = {1000};
@@ -387,27 +374,23 @@ TEST_F(Autosaving, WhatSomebodyDecidedToLoseIsGoneAndNothingElse)
 
 TEST_F(Autosaving, ARecoveryFileThatSomebodyRemovedOrBlockedIsMadeAnew)
 {
-    const struct
-    {
-        const char *what;
-        std::function<void(const QString &)> spoil;
-    } cases[] = {
+    const std::tuple<const char *, std::function<void(const QString &)>> cases[] = {
         {"folder", [this](const QString &) { QDir(recoveryFolder.path()).removeRecursively(); }},
         {"file and lock",
          [](const QString &path) { QFile::remove(path), QFile::remove(path + u".lock"_qs); }},
         {"blocked", [](const QString &path) { QFile::setPermissions(path, QFile::ReadOwner); }},
     };
     MyDocument *edited = newOne();
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.what);
-        for (const QString &text : {u"before"_qs, QString::fromLatin1(c.what)}) {
+    for (const auto &[what, spoil] : cases) {
+        SCOPED_TRACE(what);
+        for (const QString &text : {u"before"_qs, QString::fromLatin1(what)}) {
             type(edited, text);
             autosaver.autosaveAll();
             ASSERT_EQ(recoveryFiles().size(), 1);
             const QString path = recoveryFolder.path() + u'/' + recoveryFiles().front();
             EXPECT_EQ(noteIn(path), text);
             if (text == u"before")
-                c.spoil(path);
+                spoil(path);
         }
         DocumentController another([] { return std::make_unique<MyDocument>(); });
         EXPECT_EQ(another.recoverDocuments(recoveryFolder), 0) << "it is held";

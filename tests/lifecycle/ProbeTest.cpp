@@ -31,10 +31,7 @@ protected:
 
 TEST_F(Probe, OpensInEachOutcome)
 {
-    const struct
-    {
-        const char *file, *password, *outcome;
-    } cases[] = {
+    const std::tuple<const char *, const char *, const char *> cases[] = {
         {"version-30600", "correct horse", R"({"outcome":"unlocked","records":6,"categories":3})"},
         {"version-30600", "wrong", R"({"outcome":"wrong-password"})"},
         {"version-30600", "", R"({"outcome":"locked"})"},
@@ -42,12 +39,12 @@ TEST_F(Probe, OpensInEachOutcome)
         {"hostile-text", "correct horse",
          R"({"outcome":"refused","message":"It is not a Vexarel document or is damaged."})"},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.file);
-        EXPECT_EQ(run({u"open"_qs, documents + QString::fromLatin1(c.file) + u".vexcards"_qs,
-                       QString::fromLatin1(c.password)}),
+    for (const auto &[file, password, outcome] : cases) {
+        SCOPED_TRACE(file);
+        EXPECT_EQ(run({u"open"_qs, documents + QString::fromLatin1(file) + u".vexcards"_qs,
+                       QString::fromLatin1(password)}),
                   0);
-        EXPECT_EQ(output, c.outcome);
+        EXPECT_EQ(output, outcome);
     }
 }
 
