@@ -80,14 +80,6 @@ TEST(Dictionary, FollowsDottedPaths)
         EXPECT_EQ(root->valueForKeyPath(path), value) << qPrintable(path);
 }
 
-TEST(Dictionary, TakesTheNullNameForTheEmptyOne)
-{
-    const auto dictionary = Dictionary::create();
-    dictionary->setValue(QString(), Value(1));
-    EXPECT_EQ(dictionary->value(u""), Value(1));
-    EXPECT_FALSE(dictionary->entries().front().key.name().isNull());
-}
-
 // What is removed or replaced may be the last owner of the dictionary itself.
 TEST(Dictionary, SurvivesLosingItsLastOwner)
 {

@@ -2,9 +2,6 @@
 #include "window/controls/InterfaceProperties.h"
 #include "window/controls/ProgressSpinner.h"
 #include "window/list/RecordTable.h"
-
-using Foundation::Rect;
-
 namespace
 {
 
@@ -97,21 +94,6 @@ TEST_F(DocumentWindowTest, TabGoesThroughTheFormInReadingOrder)
               "addressPersonal note"_qs);
 }
 
-TEST_F(DocumentWindowTest, UndoBelongsToTheFieldFirstAndThenToTheDocument)
-{
-    makeProtectedDocument();
-    addContact(u"Ada"_qs, u"Byron"_qs);
-    EXPECT_EQ(names().value(0), u"Ada Byron"_qs);
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(names().value(0), u"Ada Last Name"_qs) << "what was typed in the field";
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(names(), QStringList()) << "then the contact";
-    runEvents();
-    EXPECT_EQ(item("redoItem")->text(), u"&Redo Add Record"_qs);
-    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(names().value(0), u"Ada Last Name"_qs);
-}
-
 TEST_F(DocumentWindowTest, ClosingAnEditedDocumentAsks)
 {
     makeSavedDocument({u"A"_qs});
@@ -184,19 +166,6 @@ TEST_F(DocumentWindowTest, WindowOfAFileWithoutAFrameGrowsByItself)
     ASSERT_TRUE(document()->isDecrypted());
     EXPECT_GT(window()->width(), lockedWidth + 100);
     EXPECT_TRUE(window()->screen()->availableGeometry().contains(QRect(window()->pos(), window()->size())));
-}
-
-TEST_F(DocumentWindowTest, FrameOfNoSizeIsSurvived)
-{
-    makeProtectedDocument();
-    for (const Rect &frame : {Rect{0, 0, 0, 0}, Rect{-9000, 9000, 10, 10}, Rect{std::nan(""), 0, 1e300, -5},
-                              Rect{INFINITY, -INFINITY, 9e18, -9e18}}) {
-        controller()->setFrame(frame, true);
-        const QRect screen = window()->screen()->availableGeometry();
-        EXPECT_GE(window()->width(), int(controller()->minSize().width));
-        EXPECT_GE(window()->height(), int(controller()->minSize().height));
-        EXPECT_TRUE(screen.contains(window()->pos())) << window()->pos().x() << ' ' << window()->pos().y();
-    }
 }
 
 TEST_F(DocumentWindowTest, AWindowThatIsCalledUpUnderASheetCallsUpTheSheet)

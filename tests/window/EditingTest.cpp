@@ -3,8 +3,6 @@
 #include "window/list/RecordTable.h"
 
 #include <QKeyEvent>
-#include <QSpinBox>
-#include <QWheelEvent>
 
 namespace
 {
@@ -44,12 +42,6 @@ protected:
             QTest::simulateEvent(window()->windowHandle(), true, Qt::Key_Z, Qt::ControlModifier, QString(),
                                  true);
         runEvents();
-    }
-    static void turnWheel(QWidget *over)
-    {
-        const QPointF place = over->rect().center();
-        QWheelEvent turn(place, over->mapToGlobal(place), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(over, &turn);
     }
 };
 
@@ -144,24 +136,6 @@ TEST_F(EditingTest, EditingBeginsInTheFirstName)
         EXPECT_EQ(QApplication::focusWidget(), firstName());
         EXPECT_FALSE(firstName()->hasSelectedText()) << "what comes next must not replace it";
     }
-}
-
-TEST_F(EditingTest, TheWheelChangesNoValue)
-{
-    press(Qt::Key_K, Qt::ControlModifier);
-    ASSERT_TRUE(sheetComes(u"myCategorySheet"_qs));
-    QTest::mouseClick(control<QPushButton>("addCategory"), Qt::LeftButton);
-    dismiss(Qt::Key_Escape);
-    press(Qt::Key_F2);
-    auto *category = control<QComboBox>("category");
-    QSpinBox madeLater;
-    madeLater.setValue(50);
-    for (QWidget *control : {static_cast<QWidget *>(category), static_cast<QWidget *>(&madeLater)}) {
-        control->setFocus();
-        turnWheel(control);
-    }
-    EXPECT_EQ(category->currentIndex(), 0);
-    EXPECT_EQ(madeLater.value(), 50);
 }
 
 TEST_F(EditingTest, TheFilterFollowsTheNameOfItsCategory)

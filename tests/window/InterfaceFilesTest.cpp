@@ -285,22 +285,3 @@ TEST_F(InterfaceFilesTest, EveryTextOfAContactIsShownAndCanBeEdited)
         EXPECT_NE(read.contains(key.name()), isInHead);
     }
 }
-
-// What resolves is told by the files themselves.
-TEST(KeyPaths, LeadToNothingThatIsNotThere)
-{
-    const char *const cases[] = {
-        "isEncripted",
-        "myArrayController.selection.phoneHome",
-        "myArrayController.selection.cat_category",
-        "myCategoryArrayController.selection.phoneWork",
-        "myLabelDictionary.fax",
-        "isEncrypted.more",
-        "myArrayController", // an object is no value
-        "myArrayController.selection",
-        "",
-        "myArrayController.",
-    };
-    for (const char *path : cases)
-        EXPECT_FALSE(resolves(MyDocument::staticMetaObject, QString::fromLatin1(path))) << path;
-}

@@ -167,18 +167,6 @@ TEST_F(RecordTableTest, LettersGoToTheNextNameAndReturnEdits)
     EXPECT_EQ(edits.size(), 2) << "no contact there";
 }
 
-TEST_F(RecordTableTest, RowsThatAreNotThereAreIgnored)
-{
-    table.scrollRowToVisible(-1);
-    table.scrollRowToVisible(5);
-    records.setContent(Array::create());
-    table.redrawColumn(u"name"_qs);
-    table.redrawColumn(u"nothing"_qs);
-    table.scrollRowToVisible(0);
-    EXPECT_EQ(table.model()->rowCount(), 0);
-    EXPECT_TRUE(records.selectionIndexes().empty());
-}
-
 TEST_F(RecordTableTest, AccessibleCellsDieWithTheirTable)
 {
     installAccessibility();

@@ -176,21 +176,4 @@ TEST_F(SheetsTest, CaptionsReachTheFormAtEveryLetterAndFlagsShowTheirButton)
     EXPECT_TRUE(labels.value(u"open06").boolValue());
 }
 
-TEST_F(SheetsTest, AreReachedFilledAndLeftByKeys)
-{
-    openCategories();
-    press(Qt::Key_A, Qt::AltModifier);
-    EXPECT_TRUE(eventually([this] { return control<QLineEdit>("categoryName")->hasSelectedText(); }))
-        << "the new category waits for its name";
-    type(u"Family"_qs);
-    EXPECT_EQ(field("categoryName"), u"Family");
-    dismiss(Qt::Key_Return);
-    press(Qt::Key_F, Qt::AltModifier);
-    auto *menu = window()->findChild<QMenu *>(u"fileMenu"_qs);
-    ASSERT_TRUE(menu->isVisible());
-    QTest::keyClick(menu, Qt::Key_M);
-    EXPECT_TRUE(sheetComes(u"changePasswordSheet"_qs));
-    dismiss(Qt::Key_Escape);
-}
-
 } // namespace
