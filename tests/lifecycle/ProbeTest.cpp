@@ -39,9 +39,9 @@ TEST_F(Probe, OpensInEachOutcome)
         {"hostile-text", "correct horse",
          R"({"outcome":"refused","message":"It is not a Vexarel document or is damaged."})"},
     };
-    for (const auto &[file, password, outcome] : cases) {
-        SCOPED_TRACE(file);
-        EXPECT_EQ(run({u"open"_qs, documents + QString::fromLatin1(file) + u".vexcards"_qs,
+    for (const auto &[document, password, outcome] : cases) {
+        SCOPED_TRACE(document);
+        EXPECT_EQ(run({u"open"_qs, documents + QString::fromLatin1(document) + u".vexcards"_qs,
                        QString::fromLatin1(password)}),
                   0);
         EXPECT_EQ(output, outcome);
