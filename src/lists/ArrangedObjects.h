@@ -2,8 +2,7 @@
 
 #include "values/Dictionary.h"
 
-#include <algorithm>
-#include <ranges>
+#include <iterator>
 #include <vector>
 
 namespace Foundation
@@ -19,22 +18,69 @@ public:
     using Objects = std::vector<Object>;
     using Positions = std::vector<quint32>;
 
+    // Written out, because clang 14 cannot compile the views of the standard library of GCC 12.
+    class Iterator
+    {
+    public:
+        using iterator_category = std::random_access_iterator_tag;
+        using value_type = Object;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const Object *;
+        using reference = const Object &;
+
+        Iterator() = default;
+        Iterator(const Objects *objects, Positions::const_iterator position)
+            : m_objects(objects)
+            , m_position(position)
+        {
+        }
+        reference operator*() const { return (*m_objects)[*m_position]; }
+        pointer operator->() const { return &**this; }
+        reference operator[](difference_type offset) const { return *(*this + offset); }
+        Iterator &operator++() { return *this += 1; }
+        Iterator operator++(int) { return std::exchange(*this, *this + 1); }
+        Iterator &operator--() { return *this -= 1; }
+        Iterator operator--(int) { return std::exchange(*this, *this - 1); }
+        Iterator &operator+=(difference_type offset)
+        {
+            m_position += offset;
+            return *this;
+        }
+        Iterator &operator-=(difference_type offset) { return *this += -offset; }
+        friend Iterator operator+(Iterator it, difference_type offset) { return it += offset; }
+        friend Iterator operator+(difference_type offset, Iterator it) { return it += offset; }
+        friend Iterator operator-(Iterator it, difference_type offset) { return it -= offset; }
+        friend difference_type operator-(const Iterator &a, const Iterator &b)
+        {
+            return a.m_position - b.m_position;
+        }
+        friend bool operator==(const Iterator &a, const Iterator &b) { return a.m_position == b.m_position; }
+        friend auto operator<=>(const Iterator &a, const Iterator &b)
+        {
+            return a.m_position <=> b.m_position;
+        }
+
+    private:
+        const Objects *m_objects = nullptr;
+        Positions::const_iterator m_position;
+    };
     using value_type = Object;
+    using const_iterator = Iterator;
     using size_type = std::size_t;
 
     ArrangedObjects(const Objects &objects, const Positions &positions)
-        : m_objects(positions, ObjectAt{&objects})
+        : m_objects(objects)
+        , m_positions(positions)
     {
     }
 
-    std::size_t size() const { return m_objects.size(); }
-    bool empty() const { return m_objects.empty(); }
-    const Object &operator[](std::size_t index) const { return m_objects[index]; }
-    const Object &front() const { return m_objects.front(); }
-    const Object &back() const { return m_objects.back(); }
-    // Iterators are valid only as long as this view.
-    auto begin() const { return m_objects.begin(); }
-    auto end() const { return m_objects.end(); }
+    std::size_t size() const { return m_positions.size(); }
+    bool empty() const { return m_positions.empty(); }
+    const Object &operator[](std::size_t index) const { return m_objects[m_positions[index]]; }
+    const Object &front() const { return (*this)[0]; }
+    const Object &back() const { return (*this)[size() - 1]; }
+    Iterator begin() const { return {&m_objects, m_positions.begin()}; }
+    Iterator end() const { return {&m_objects, m_positions.end()}; }
 
     friend bool operator==(const ArrangedObjects &a, const Objects &b)
     {
@@ -42,13 +88,8 @@ public:
     }
 
 private:
-    struct ObjectAt
-    {
-        const Object &operator()(quint32 position) const { return (*objects)[position]; }
-        const Objects *objects;
-    };
-
-    std::ranges::transform_view<std::ranges::ref_view<const Positions>, ObjectAt> m_objects;
+    const Objects &m_objects;
+    const Positions &m_positions;
 };
 
 } // namespace Foundation
