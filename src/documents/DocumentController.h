@@ -32,7 +32,8 @@ public:
     Document *openDocument(const QString &path);
 
     // Opens the recovery files of dead processes, each as a document without a file, and returns the number
-    // of opened documents. If a file cannot be read, the user is told and the file is kept.
+    // of opened documents. If a file cannot be read, an alert
+    // says so, and the file is kept.
     [[nodiscard]] int recoverDocuments(const RecoveryFolder &folder);
 
     // Asks about the changes of each document and closes it, one after the other. Calls `done` with true when

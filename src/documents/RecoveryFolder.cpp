@@ -44,7 +44,7 @@ SystemResult<> makeFolder(const QByteArray &path)
 QString RecoveryFolder::path() const
 {
     const QString state = qEnvironmentVariable("XDG_STATE_HOME");
-    // The specification says that relative paths must be ignored.
+    // The XDG Base Directory Specification wants relative paths to be ignored.
     const QString base =
         QDir::isAbsolutePath(state) ? state : QDir::homePath() + QStringLiteral("/.local/state");
     return QStringLiteral("%1/%2/autosaved").arg(base, m_type.application);
